@@ -1,0 +1,141 @@
+// The protocol between a holder and the manager of the type that it holds, and the managers
+// themselves: one function per held type, made where the type is known.
+#pragma once
+
+#include <Pelmor/TypeInfo.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+namespace Pelmor {
+
+enum class AnyValueOp : std::uint32_t {
+    Destroy = 0,
+    Copy = 1,
+    Move = 2,
+    GetIfType = 3,
+    Get = 4,
+    QueryType = 5
+};
+
+// Operand 1 is the holder asked about: the source of Copy and Move. What the others are depends on
+// the operation:
+//
+//   Copy, Move   2: the destination, whose words are overwritten unseen
+//   GetIfType    2: the identity asked for; 3: result, the held value or null
+//   Get          2: result, the held value
+//   QueryType    2: result, the identity of the held type
+//
+// A result word is null when the request is made.
+struct AnyValueRequest {
+    AnyValueOp operation;
+    void* operand1;
+    void* operand2;
+    void* operand3;
+};
+
+static_assert(offsetof(AnyValueRequest, operation) == 0 &&
+              offsetof(AnyValueRequest, operand1) == 8);
+static_assert(offsetof(AnyValueRequest, operand2) == 16 &&
+              offsetof(AnyValueRequest, operand3) == 24);
+static_assert(sizeof(AnyValueRequest) == 32);
+
+using AnyValueManager = void (*)(AnyValueRequest* request);
+
+namespace Internal {
+
+struct HolderWords {
+    alignas(void*) std::byte storage[3 * sizeof(void*)] = {};
+    AnyValueManager manager = nullptr;
+};
+
+static_assert(sizeof(HolderWords) == 4 * sizeof(void*) && offsetof(HolderWords, manager) == 24);
+
+// A type that fits the storage words, and whose move cannot fail, lies in them.
+template <typename T>
+struct InPlaceStorage {
+    static T* held(HolderWords& holder) noexcept {
+        return std::launder(reinterpret_cast<T*>(holder.storage));
+    }
+    template <typename... Arguments>
+    static void construct(HolderWords& holder, Arguments&&... arguments) {
+        new (holder.storage) T(std::forward<Arguments>(arguments)...);
+    }
+    static void destroy(HolderWords& holder) noexcept { held(holder)->~T(); }
+    static void move(HolderWords& source, HolderWords& destination) noexcept {
+        construct(destination, std::move(*held(source)));
+        destroy(source);
+        // A compiler may drop what the move wrote into a value that is then destroyed, and the
+        // words of an emptied holder are null.
+        std::memset(source.storage, 0, sizeof source.storage);
+    }
+};
+
+// Any other lies on the heap; the first word points to it.
+template <typename T>
+struct HeapStorage {
+    static T*& held(HolderWords& holder) noexcept {
+        return *std::launder(reinterpret_cast<T**>(holder.storage));
+    }
+    template <typename... Arguments>
+    static void construct(HolderWords& holder, Arguments&&... arguments) {
+        new (holder.storage) T*(new T(std::forward<Arguments>(arguments)...));
+    }
+    static void destroy(HolderWords& holder) noexcept { delete held(holder); }
+    static void move(HolderWords& source, HolderWords& destination) noexcept {
+        new (destination.storage) T*(std::exchange(held(source), nullptr));
+    }
+};
+
+template <typename T>
+constexpr bool kHeldInPlace =
+    sizeof(T) <= sizeof(HolderWords::storage) && std::is_nothrow_move_constructible_v<T>;
+
+template <typename T>
+using HolderStorage = std::conditional_t<kHeldInPlace<T>, InPlaceStorage<T>, HeapStorage<T>>;
+
+// The manager of T.
+template <typename T>
+void manageHeld(AnyValueRequest* request) {
+    using Storage = HolderStorage<T>;
+    auto& holder = *static_cast<HolderWords*>(request->operand1);
+    switch (request->operation) {
+        case AnyValueOp::Destroy:
+            Storage::destroy(holder);
+            holder.manager = nullptr;
+            break;
+        case AnyValueOp::Copy: {
+            auto& destination = *static_cast<HolderWords*>(request->operand2);
+            destination = {};
+            Storage::construct(destination, std::as_const(*Storage::held(holder)));
+            destination.manager = holder.manager;
+            break;
+        }
+        case AnyValueOp::Move: {
+            auto& destination = *static_cast<HolderWords*>(request->operand2);
+            destination = {};
+            Storage::move(holder, destination);
+            destination.manager = std::exchange(holder.manager, nullptr);
+            break;
+        }
+        case AnyValueOp::GetIfType: {
+            const auto& wanted = *static_cast<const TypeInfo*>(request->operand2);
+            const bool matches = typeInfoEquals(wanted, HeldIdentity<T>::s_record);
+            request->operand3 = matches ? static_cast<T*>(Storage::held(holder)) : nullptr;
+            break;
+        }
+        case AnyValueOp::Get:
+            request->operand2 = static_cast<T*>(Storage::held(holder));
+            break;
+        case AnyValueOp::QueryType:
+            request->operand2 = const_cast<TypeInfo*>(&HeldIdentity<T>::s_record);
+            break;
+    }
+}
+
+}  // namespace Internal
+}  // namespace Pelmor

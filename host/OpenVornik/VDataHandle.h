@@ -1,0 +1,69 @@
+// A place in a node's data: a compound, a leaf, a whole array, or one element of an array. A handle
+// is a value that copies without allocating. It is good until the array that it stands in, if any,
+// is replaced or its node goes.
+//
+// The accessors hand out the stored value itself. On a null handle, or on data of another kind,
+// they hand out a spare value with the kind's default that belongs to the calling thread, so that
+// what is written there is lost and harms nothing. [evaluation thread]
+#pragma once
+
+#include <OpenVornik/Export.h>
+#include <OpenVornik/VMatrix.h>
+#include <OpenVornik/VPlug.h>
+#include <OpenVornik/VString.h>
+
+#include <cstddef>
+#include <string_view>
+
+class OPENVORNIK_API VDataHandle {
+public:
+    // A null handle.
+    VDataHandle() noexcept = default;
+
+    bool isNull() const noexcept { return m_storage == nullptr; }
+
+    // The data of a child of this compound, found by the plug's attribute, whatever element the
+    // plug stands in. A null handle where this compound has no such child.
+    VDataHandle child(const VPlug& plug) const;
+
+    VMatrix& asMatrix() const;
+    VString& asString() const;
+    double& asDouble() const;
+    bool& asBool() const;
+    int& asInt() const;
+    // Enum attributes.
+    short& asShort() const;
+
+    // Overwrite the stored value; they do nothing where the data is of another kind.
+    void setMatrix(const VMatrix& value);
+    void setString(const VString& value);
+    void setDouble(double value);
+    void setBool(bool value);
+    void setInt(int value);
+    void setShort(short value);
+
+private:
+    friend class VDataBlock;
+    friend class VArrayDataHandle;
+    friend class VArrayDataBuilder;
+
+    VDataHandle(OpenVornik::Internal::Node* node, const OpenVornik::Internal::Attribute* attribute,
+                std::byte* storage, bool isElement) noexcept
+        : m_node(node), m_attribute(attribute), m_storage(storage), m_isElement(isElement) {}
+
+    template <typename T>
+    T& as(std::string_view operation) const;
+    template <typename T>
+    void set(std::string_view operation, const T& value);
+    // Null where the data is no T.
+    template <typename T>
+    T* find() const noexcept;
+    // One value, rather than a whole array or nothing.
+    bool holdsValue() const noexcept;
+
+    OpenVornik::Internal::Node* m_node = nullptr;
+    const OpenVornik::Internal::Attribute* m_attribute = nullptr;
+    std::byte* m_storage = nullptr;
+    // One element of the array attribute, rather than the whole array.
+    bool m_isElement = false;
+};

@@ -1,0 +1,23 @@
+// Makes and reads attributes that have other attributes as children, in a fixed order.
+// [edit thread]
+#pragma once
+
+#include <OpenVornik/Export.h>
+#include <OpenVornik/VFnAttribute.h>
+
+class OPENVORNIK_API VFnCompoundAttribute : public VFnAttribute {
+public:
+    VFnCompoundAttribute() noexcept = default;
+    // Fails where `attribute` is of another kind.
+    explicit VFnCompoundAttribute(const VObject& attribute, VStatus* status = nullptr);
+
+    // The new attribute, which this function set then works on.
+    VObject create(const VString& longName, const VString& shortName, VStatus* status = nullptr);
+
+    // Appends `child`. Refused where it is no attribute, has a parent or a node, is this attribute
+    // or one above it, or where a child has its name.
+    VStatus addChild(const VObject& child);
+    unsigned numChildren(VStatus* status = nullptr) const;
+    // Fails with the null object past the last child.
+    VObject child(unsigned index, VStatus* status = nullptr) const;
+};

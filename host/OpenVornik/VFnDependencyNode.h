@@ -1,0 +1,46 @@
+// Makes nodes, and reads what a node has. A node lives while a handle names it.
+#pragma once
+
+#include <OpenVornik/Export.h>
+#include <OpenVornik/VDataBlock.h>
+#include <OpenVornik/VObject.h>
+#include <OpenVornik/VPlug.h>
+#include <OpenVornik/VStatus.h>
+#include <OpenVornik/VString.h>
+
+#include <functional>
+
+class OPENVORNIK_API VFnDependencyNode {
+public:
+    // Computes the attribute of `plug`, and any others that it likes, into the node's data.
+    // [evaluation thread]
+    using Compute = std::function<VStatus(const VPlug& plug, VDataBlock& dataBlock)>;
+
+    VFnDependencyNode() noexcept = default;
+    // Fails where `node` is no node; every operation then fails too.
+    explicit VFnDependencyNode(const VObject& node, VStatus* status = nullptr);
+
+    // A new node without attributes, which this function set then works on. [edit thread]
+    VObject create(const VString& name, VStatus* status = nullptr);
+
+    const VObject& object() const noexcept { return m_node; }
+    VString name(VStatus* status = nullptr) const;
+
+    // The attribute that the node knows by `name`, long or short: one at the top level, or a child
+    // that enforces a unique name. The null object, without a failure, where there is none.
+    VObject attribute(const VString& name, VStatus* status = nullptr) const;
+    // The attributes at the top level, in the order in which they were added.
+    unsigned attributeCount(VStatus* status = nullptr) const;
+    VObject attribute(unsigned index, VStatus* status = nullptr) const;
+    // The plug of the attribute that `attribute(name)` gives. Fails with a null plug.
+    VPlug findPlug(const VString& name, VStatus* status = nullptr) const;
+
+    // The node's data. [evaluation thread]
+    VDataBlock dataBlock(VStatus* status = nullptr) const;
+    // What computes the node's attributes that are not writable; an empty function for none.
+    // [edit thread]
+    VStatus setCompute(Compute compute);
+
+private:
+    VObject m_node;
+};

@@ -1,0 +1,196 @@
+// Types as they are read: kinds, views, members, enumerations.
+#include <Pelmor/Library.h>
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Pelmor::ArrayType;
+using Pelmor::EnumType;
+using Pelmor::Library;
+using Pelmor::StructType;
+using Pelmor::Type;
+using Pelmor::TypeKind;
+
+using Members = std::vector<std::pair<std::string, std::string>>;
+
+int kindOf(const Type& type) { return static_cast<int>(type.getTypeKind()); }
+
+std::string nameOf(const Type& type) { return type.getFullyQualifiedName().c_str(); }
+
+// Name and type, by the walk that every reader of a struct makes.
+Members membersOf(const StructType& type) {
+    Members members;
+    auto current = type.begin();
+    const auto end = type.end();
+    for (; current != end; ++current)
+        members.emplace_back((*current).getName().c_str(), nameOf((*current).getType()));
+    return members;
+}
+
+TEST(TypeKind, IsFourteenForArraysFifteenForStructsSixteenForEnums) {
+    Library library;
+    EXPECT_EQ(kindOf(library.getType("array<int>")), 14);
+    EXPECT_EQ(kindOf(library.getType("array<array<Rigging::Module::Pins>>")), 14);
+    EXPECT_EQ(kindOf(library.getType("Rigging::Module::Pins")), 15);
+    EXPECT_EQ(kindOf(library.defineEnum("Rigging::Side", {{"left", 0}})), 16);
+}
+
+TEST(TypeKind, OfBuiltInTypesIsNoneOfThese) {
+    const Library library;
+    for (const char* name : {"bool", "int", "double", "string", "Math::double4x4", "Object"}) {
+        const int kind = kindOf(library.getType(name));
+        EXPECT_TRUE(kind < 14 || kind > 16) << name;
+    }
+}
+
+TEST(Type, IsAHandleWhoseCopiesDescribeTheSameType) {
+    Library library;
+    const Type pins = library.getType("Rigging::Module::Pins");
+    Type copy(pins);
+    EXPECT_EQ(nameOf(copy), "Rigging::Module::Pins");
+    EXPECT_EQ(membersOf(StructType(copy)), membersOf(StructType(pins)));
+    copy = library.getType("double");
+    EXPECT_EQ(nameOf(copy), "double");
+    EXPECT_EQ(nameOf(pins), "Rigging::Module::Pins");
+    const Type& same = copy;
+    copy = same;
+    EXPECT_EQ(nameOf(copy), "double");
+}
+
+TEST(Type, GivesItsNameAsANewStringEachTime) {
+    const Library library;
+    static_assert(std::is_same_v<decltype(std::declval<const Type&>().getFullyQualifiedName()),
+                                 Pelmor::String>);
+    EXPECT_TRUE(library.getType("Core::Transform::Transform").getFullyQualifiedName() ==
+                "Core::Transform::Transform");
+}
+
+TEST(Type, OutlivesItsLibrary) {
+    std::optional<Library> library(std::in_place);
+    const StructType pins(library->getType("Rigging::Module::Pins"));
+    const ArrayType arrays(library->getType("array<array<Rigging::Module::Pins>>"));
+    const EnumType side = library->defineEnum("Side", {{"left", 0}, {"right", 1}});
+    library.reset();
+    EXPECT_EQ(membersOf(pins),
+              (Members{{"names", "array<string>"}, {"matrices", "array<Math::double4x4>"}}));
+    EXPECT_EQ(membersOf(StructType(ArrayType(arrays.getElementType()).getElementType())),
+              membersOf(pins));
+    EXPECT_TRUE((*side.begin()).getName() == "left");
+}
+
+TEST(ArrayType, GivesItsElementTypeLevelByLevel) {
+    const Library library;
+    const ArrayType outer(library.getType("array<array<Rigging::Module::Inputs>>"));
+    const Type inner = outer.getElementType();
+    EXPECT_EQ(nameOf(inner), "array<Rigging::Module::Inputs>");
+    ASSERT_EQ(kindOf(inner), 14);
+    const Type element = ArrayType(inner).getElementType();
+    EXPECT_EQ(nameOf(element), "Rigging::Module::Inputs");
+    EXPECT_EQ(kindOf(element), 15);
+}
+
+TEST(TypeViews, RefuseTypesOfOtherKinds) {
+    Library library;
+    const Type array = library.getType("array<double>");
+    const Type record = library.getType("Rigging::Module::Pins");
+    const Type side = library.defineEnum("Side", {});
+    const Type number = library.getType("double");
+    for (const Type& type : {record, side, number})
+        EXPECT_THROW(ArrayType{type}, std::invalid_argument) << nameOf(type);
+    for (const Type& type : {array, side, number})
+        EXPECT_THROW(StructType{type}, std::invalid_argument) << nameOf(type);
+    for (const Type& type : {array, record, number})
+        EXPECT_THROW(EnumType{type}, std::invalid_argument) << nameOf(type);
+}
+
+TEST(TypeViews, AreTypesThemselves) {
+    const Library library;
+    const Type pins = StructType(library.getType("Rigging::Module::Pins"));
+    EXPECT_EQ(nameOf(pins), "Rigging::Module::Pins");
+    EXPECT_EQ(kindOf(pins), 15);
+}
+
+TEST(StructType, WalksItsMembersInDeclarationOrder) {
+    Library library;
+    const StructType type =
+        library.defineStruct("Zoo", {{"zebra", library.getType("int")},
+                                     {"ape", library.getType("array<bool>")},
+                                     {"moose", library.getType("Core::Transform::Transform")}});
+    EXPECT_EQ(membersOf(type), (Members{{"zebra", "int"},
+                                        {"ape", "array<bool>"},
+                                        {"moose", "Core::Transform::Transform"}}));
+}
+
+TEST(StructType, WithoutMembersVisitsNothing) {
+    Library library;
+    const StructType type = library.defineStruct("Nothing", {});
+    EXPECT_FALSE(type.begin() != type.end());
+    EXPECT_TRUE(type.begin() == type.end());
+}
+
+TEST(StructType, HandsOutMembersThatAreNotConst) {
+    const Library library;
+    const StructType type(library.getType("Rigging::Module::Pins"));
+    auto member = type.begin();
+    static_assert(std::is_same_v<decltype(*member), StructType::Member&>);
+    static_assert(std::is_same_v<decltype((*member).getType()), const Type&>);
+    static_assert(std::is_same_v<decltype((*member).getName()), Pelmor::String>);
+    const Type& memberType = (*member).getType();
+    ++member;
+    EXPECT_EQ(nameOf(memberType), "array<string>") << "good as long as the struct type";
+}
+
+TEST(StructType, IteratesForwardAndBack) {
+    const Library library;
+    const StructType type(library.getType("Rigging::Module::Inputs"));
+    auto member = type.begin();
+    ++member;
+    EXPECT_TRUE(member->getName() == "joints");
+    EXPECT_TRUE((*++member).getName() == "controls0");
+    EXPECT_TRUE((*--member).getName() == "joints");
+    --member;
+    EXPECT_TRUE(member == type.begin());
+    auto last = type.end();
+    --last;
+    EXPECT_TRUE(last->getName() == "object1");
+}
+
+TEST(EnumType, WalksItsEnumerationsInDeclarationOrder) {
+    Library library;
+    const EnumType type =
+        library.defineEnum("Order", {{"zyx", 5}, {"xyz", -1}, {"none", 2147483647}});
+    std::vector<std::pair<std::string, std::int32_t>> seen;
+    const auto end = type.end();
+    for (auto current = type.begin(); current != end; ++current)
+        seen.emplace_back((*current).getName().c_str(), (*current).getValue());
+    EXPECT_EQ(seen, (std::vector<std::pair<std::string, std::int32_t>>{
+                        {"zyx", 5}, {"xyz", -1}, {"none", 2147483647}}));
+}
+
+TEST(EnumType, WithoutEnumerationsVisitsNothing) {
+    Library library;
+    const EnumType type = library.defineEnum("Nothing", {});
+    EXPECT_FALSE(type.begin() != type.end());
+}
+
+TEST(EnumType, HandsOutConstEnumerations) {
+    Library library;
+    const EnumType type = library.defineEnum("Side", {{"left", 0}, {"right", 1}});
+    auto enumeration = type.begin();
+    static_assert(std::is_same_v<decltype(*enumeration), const EnumType::Enumeration&>);
+    static_assert(std::is_same_v<decltype((*enumeration).getName()), const Pelmor::String&>);
+    ++enumeration;
+    EXPECT_TRUE(enumeration->getName() == "right");
+    --enumeration;
+    EXPECT_TRUE(enumeration->getName() == "left");
+}
+
+}  // namespace

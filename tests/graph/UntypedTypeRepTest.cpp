@@ -1,0 +1,84 @@
+#include "tests/graph/ElementEvents.h"
+#include "tests/support/AllocationCount.h"
+
+#include <Math/double4x4.h>
+#include <Pelmor/Array.h>
+#include <Pelmor/UntypedTypeRep.h>
+
+#include <cstdint>
+#include <cstring>
+#include <new>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Pelmor::Internal::elementRepOf;
+using Pelmor::Internal::UntypedTypeRep;
+using TestSupport::AllocationCount;
+
+TEST(UntypedTypeRep, DescribesDoubles) {
+    const UntypedTypeRep rep = elementRepOf<double>();
+    EXPECT_EQ(rep.elementSize, 8u);
+    EXPECT_EQ(rep.alignmentAndKind, 0x00000008u);
+    EXPECT_EQ(rep.operations, nullptr);
+}
+
+TEST(UntypedTypeRep, DescribesMatrices) {
+    const UntypedTypeRep rep = elementRepOf<Math::double4x4>();
+    EXPECT_EQ(rep.elementSize, 128u);
+    EXPECT_EQ(rep.alignmentAndKind, 0x00000008u);
+    EXPECT_EQ(rep.operations, nullptr);
+}
+
+TEST(UntypedTypeRep, DescribesStrings) {
+    const UntypedTypeRep rep = elementRepOf<Pelmor::String>();
+    EXPECT_EQ(rep.elementSize, 16u);
+    EXPECT_EQ(rep.alignmentAndKind, 0x00010008u);
+    EXPECT_EQ(rep.operations, nullptr);
+}
+
+TEST(UntypedTypeRep, DescribesElementsThatHaveAnEntry) {
+    const UntypedTypeRep rep = elementRepOf<GraphTests::EnteredElement>();
+    EXPECT_EQ(rep.elementSize, sizeof(GraphTests::EnteredElement));
+    EXPECT_EQ(rep.alignmentAndKind, 0x00080008u);
+    EXPECT_EQ(rep.operations, &GraphTests::EnteredElement::operations);
+}
+
+TEST(UntypedTypeRep, TellsAlignmentAndKindApart) {
+    const UntypedTypeRep rep{4, 0xabcd0010u, nullptr};
+    EXPECT_EQ(rep.alignment(), 0x10u);
+    EXPECT_EQ(rep.kindCode(), 0xabcdu);
+}
+
+TEST(UntypedTypeRep, AllocatesWritableStorageForAllElements) {
+    const AllocationCount count;
+    const UntypedTypeRep rep{24, 8, nullptr};
+    void* buffer = rep.allocate(100);
+    EXPECT_EQ(count.allocations(), 1u);
+    std::memset(buffer, 0xff, 2400);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(buffer) % 8, 0u);
+    rep.deallocate(buffer, 100);
+    EXPECT_EQ(count.outstanding(), 0);
+}
+
+TEST(UntypedTypeRep, AllocatesWithTheAlignmentThatItDescribes) {
+    for (const std::uint32_t alignment : {8u, 16u, 64u, 4096u}) {
+        const UntypedTypeRep rep{64, alignment, nullptr};
+        void* buffer = rep.allocate(3);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(buffer) % alignment, 0u);
+        rep.deallocate(buffer, 3);
+    }
+}
+
+TEST(UntypedTypeRep, RefusesACountWhoseBytesCannotBeCounted) {
+    const UntypedTypeRep rep = elementRepOf<Pelmor::String>();
+    const AllocationCount count;
+    // Sixteen times these is, in 64 bits, 0 and 16.
+    EXPECT_THROW(rep.allocate(std::uint64_t{1} << 60), std::bad_alloc);
+    EXPECT_THROW(rep.allocate((std::uint64_t{1} << 60) + 1), std::bad_alloc);
+    EXPECT_THROW(rep.allocate(UINT64_MAX), std::bad_alloc);
+    EXPECT_EQ(count.allocations(), 0u);
+}
+
+}  // namespace

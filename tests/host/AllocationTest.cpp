@@ -1,0 +1,81 @@
+#include "tests/host/Arrays.h"
+#include "tests/host/Attributes.h"
+
+#include <cstdlib>
+#include <new>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+thread_local int allocations = 0;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(size)) return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+// How often `work` asks for memory.
+template <typename Work>
+int allocationsOf(Work work) {
+    const int before = allocations;
+    work();
+    return allocations - before;
+}
+
+}  // namespace
+
+TEST(Allocation, WalkingDataTakesNone) {
+    const VObject node = makeNode("walk", {asArray(makeCompound("limbs", {makeMatrix("frame")}))});
+    const VPlug limbs = plugOf(node, "limbs");
+    VArrayDataHandle handle(dataOf(node, "limbs"));
+    VArrayDataBuilder builder = handle.builder();
+    for (unsigned i = 0; i < 8; ++i) builder.addElement(i);
+    handle.set(builder);
+    VDataBlock block = blockOf(node);
+    block.inputValue(limbs);
+
+    EXPECT_EQ(allocationsOf([&] {
+                  VArrayDataHandle walk(block.inputValue(limbs));
+                  for (unsigned i = 0; i < walk.elementCount(); ++i) {
+                      const VPlug frame = limbs.elementByLogicalIndex(i).child(0);
+                      walk.inputValue().child(frame).asMatrix()[0][3] = 1.0;
+                      walk.outputValue().child(frame).setMatrix(VMatrix());
+                      walk.next();
+                  }
+                  walk.jumpToElement(3);
+              }),
+              0);
+}
+
+TEST(Allocation, NewElementTakesItsBlockAndAnOwnOneNothing) {
+    const VObject node = makeNode("walk", {asArray(makeDouble("weights"))});
+    VArrayDataBuilder builder = VArrayDataHandle(dataOf(node, "weights")).builder();
+    for (unsigned i = 0; i < 5; ++i) builder.addElement(i);
+    builder.removeElement(4);
+    EXPECT_EQ(allocationsOf([&] { builder.addElement(4); }), 1);
+    EXPECT_EQ(allocationsOf([&] { builder.addElement(2).setDouble(3.0); }), 0);
+}
+
+TEST(Allocation, UntouchedElementsAreNotCopied) {
+    const VObject node = makeNode("walk", {asArray(makeDouble("weights"))});
+    const VDataHandle data = dataOf(node, "weights");
+    VArrayDataHandle handle(data);
+    VArrayDataBuilder first = handle.builder();
+    for (unsigned i = 0; i < 100; ++i) first.addElement(i);
+    handle.set(first);
+    EXPECT_LT(allocationsOf([&] {
+                  VArrayDataBuilder builder = handle.builder();
+                  builder.addElement(7);
+                  handle.set(builder);
+              }),
+              10);
+}

@@ -1,0 +1,237 @@
+#include "tests/host/Attributes.h"
+
+#include <OpenVornik/VFnEnumAttribute.h>
+#include <OpenVornik/VFnGenericAttribute.h>
+
+#include <gtest/gtest.h>
+
+TEST(Attribute, NewOneIsReadableWritableAndEnforcesItsName) {
+    const VFnAttribute attribute(makeDouble("weight"));
+    EXPECT_TRUE(attribute.isReadable());
+    EXPECT_TRUE(attribute.isWritable());
+    EXPECT_TRUE(attribute.isEnforcingUniqueName());
+    EXPECT_FALSE(attribute.isKeyable());
+    EXPECT_FALSE(attribute.isArray());
+    EXPECT_TRUE(attribute.parent().isNull());
+}
+
+TEST(Attribute, KeepsTheFlagsItIsGiven) {
+    VFnAttribute attribute(makeDouble("weight"));
+    EXPECT_EQ(attribute.setReadable(false), VStatus::kSuccess);
+    EXPECT_EQ(attribute.setWritable(false), VStatus::kSuccess);
+    EXPECT_EQ(attribute.setKeyable(true), VStatus::kSuccess);
+    EXPECT_EQ(attribute.setArray(true), VStatus::kSuccess);
+    EXPECT_EQ(attribute.setEnforcingUniqueName(false), VStatus::kSuccess);
+
+    const VFnAttribute same(attribute.object());
+    EXPECT_FALSE(same.isReadable());
+    EXPECT_FALSE(same.isWritable());
+    EXPECT_TRUE(same.isKeyable());
+    EXPECT_TRUE(same.isArray());
+    EXPECT_FALSE(same.isEnforcingUniqueName());
+}
+
+TEST(Attribute, HasALongAndAShortName) {
+    VFnNumericAttribute attribute;
+    attribute.create("weight", "w", VFnNumericData::kDouble);
+    EXPECT_EQ(attribute.name(), "weight");
+    EXPECT_EQ(attribute.shortName(), "w");
+}
+
+TEST(Attribute, IsRefusedAnEmptyName) {
+    VStatus status;
+    EXPECT_TRUE(VFnCompoundAttribute().create("", "c", &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VFnCompoundAttribute().create("compound", nullptr, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST(Attribute, TellsItsKind) {
+    EXPECT_EQ(VFnAttribute(makeDouble("a")).kind(), VFnAttribute::kNumeric);
+    EXPECT_EQ(VFnAttribute(makeText("a")).kind(), VFnAttribute::kTyped);
+    EXPECT_EQ(VFnAttribute(makeMatrix("a")).kind(), VFnAttribute::kMatrix);
+    EXPECT_EQ(VFnAttribute(makeCompound("a", {})).kind(), VFnAttribute::kCompound);
+    EXPECT_EQ(VFnAttribute(VFnEnumAttribute().create("a", "a")).kind(), VFnAttribute::kEnum);
+    EXPECT_EQ(VFnAttribute(VFnGenericAttribute().create("a", "a")).kind(), VFnAttribute::kGeneric);
+}
+
+TEST(Attribute, FunctionSetFailsOnWhatIsNoAttribute) {
+    VStatus status;
+    VFnAttribute none(VObject::kNullObj, &status);
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_EQ(none.name(&status), "");
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_EQ(none.setWritable(true), VStatus::kInvalidParameter);
+    EXPECT_EQ(none.setArray(true), VStatus::kInvalidParameter);
+
+    VFnAttribute node(makeNode("walk"), &status);
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(node.object().isNull());
+}
+
+TEST(Attribute, FunctionSetFailsOnAnAttributeOfAnotherKind) {
+    const VObject number = makeDouble("weight");
+    VStatus status;
+    EXPECT_TRUE(VFnTypedAttribute(number, &status).object().isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VFnMatrixAttribute(number, &status).object().isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VFnEnumAttribute(number, &status).object().isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VFnGenericAttribute(number, &status).object().isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VFnCompoundAttribute(number, &status).object().isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VFnNumericAttribute(makeText("name"), &status).object().isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_EQ(VFnNumericAttribute(number, &status).object(), number);
+    EXPECT_EQ(status, VStatus::kSuccess);
+}
+
+TEST(NumericAttribute, TellsTypeAndDefault) {
+    VFnNumericAttribute attribute;
+    attribute.create("count", "count", VFnNumericData::kInt, 7.0);
+    EXPECT_EQ(attribute.unitType(), VFnNumericData::kInt);
+    EXPECT_EQ(attribute.defaultValue(), 7.0);
+    attribute.create("on", "on", VFnNumericData::kBoolean);
+    EXPECT_EQ(attribute.unitType(), VFnNumericData::kBoolean);
+    attribute.create("weight", "weight", VFnNumericData::kDouble);
+    EXPECT_EQ(attribute.unitType(), VFnNumericData::kDouble);
+}
+
+TEST(NumericAttribute, IsRefusedATypeOrDefaultThatItCannotStore) {
+    VStatus status;
+    VFnNumericAttribute attribute;
+    EXPECT_TRUE(attribute.create("a", "a", VFnNumericData::kInvalid, 0.0, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(attribute.create("a", "a", VFnNumericData::kInt, 1e10, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST(TypedAttribute, TakesTextWithTheDefaultOfItsType) {
+    VStatus status;
+    VFnTypedAttribute attribute;
+    attribute.create("name", "name", VFnData::kString, VObject::kNullObj, &status);
+    EXPECT_EQ(status, VStatus::kSuccess);
+    EXPECT_EQ(attribute.attrType(), VFnData::kString);
+    EXPECT_TRUE(attribute.create("name", "name", VFnData::kInvalid).isNull());
+    EXPECT_TRUE(attribute.create("name", "name", VFnData::kString, makeNode("walk")).isNull());
+}
+
+TEST(MatrixAttribute, StoresDoublesOnly) {
+    VStatus status;
+    VFnMatrixAttribute attribute;
+    attribute.create("m", "m", VFnMatrixAttribute::kDouble, &status);
+    EXPECT_EQ(status, VStatus::kSuccess);
+    EXPECT_EQ(attribute.matrixType(), VFnMatrixAttribute::kDouble);
+    EXPECT_TRUE(attribute.create("m", "m", VFnMatrixAttribute::kFloat, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST(EnumAttribute, KeepsItsFieldsInOrder) {
+    VFnEnumAttribute attribute;
+    attribute.create("mode", "mode", 3);
+    EXPECT_EQ(attribute.addField("slow", 9), VStatus::kSuccess);
+    EXPECT_EQ(attribute.addField("fast", -2), VStatus::kSuccess);
+    EXPECT_EQ(attribute.addField("also slow", 9), VStatus::kSuccess);
+    EXPECT_EQ(attribute.defaultValue(), 3);
+    ASSERT_EQ(attribute.numFields(), 3U);
+    EXPECT_EQ(attribute.fieldName(0), "slow");
+    EXPECT_EQ(attribute.fieldValue(0), 9);
+    EXPECT_EQ(attribute.fieldName(1), "fast");
+    EXPECT_EQ(attribute.fieldValue(1), -2);
+    EXPECT_EQ(attribute.fieldName(2), "also slow");
+}
+
+TEST(EnumAttribute, RefusesAFieldNameThatItHasAndAnIndexPastTheLast) {
+    VFnEnumAttribute attribute;
+    attribute.create("mode", "mode");
+    attribute.addField("slow", 1);
+    EXPECT_EQ(attribute.addField("slow", 2), VStatus::kFailure);
+    EXPECT_EQ(attribute.numFields(), 1U);
+    VStatus status;
+    EXPECT_EQ(attribute.fieldName(1, &status), "");
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_EQ(attribute.fieldValue(1, &status), 0);
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST(GenericAttribute, AcceptsTheTypesThatItIsTold) {
+    VFnGenericAttribute attribute;
+    attribute.create("object", "object");
+    EXPECT_EQ(attribute.numAcceptedTypes(), 0U);
+    EXPECT_EQ(attribute.addDataAccept(VFnData::kString), VStatus::kSuccess);
+    EXPECT_EQ(attribute.addDataAccept(VFnData::kString), VStatus::kSuccess);
+    EXPECT_EQ(attribute.numAcceptedTypes(), 1U);
+    EXPECT_EQ(attribute.addDataAccept(VFnData::kInvalid), VStatus::kInvalidParameter);
+}
+
+TEST(CompoundAttribute, KeepsItsChildrenInOrder) {
+    const VObject first = makeDouble("z");
+    const VObject second = makeText("a");
+    const VFnCompoundAttribute compound(makeCompound("limb", {first, second}));
+    ASSERT_EQ(compound.numChildren(), 2U);
+    EXPECT_EQ(compound.child(0), first);
+    EXPECT_EQ(compound.child(1), second);
+    EXPECT_EQ(VFnAttribute(first).parent(), compound.object());
+    VStatus status;
+    EXPECT_TRUE(compound.child(2, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST(CompoundAttribute, RefusesAChildThatIsNoAttribute) {
+    VFnCompoundAttribute compound(makeCompound("limb", {}));
+    EXPECT_EQ(compound.addChild(VObject::kNullObj), VStatus::kInvalidParameter);
+    EXPECT_EQ(compound.addChild(makeNode("walk")), VStatus::kInvalidParameter);
+    EXPECT_EQ(VFnCompoundAttribute().addChild(makeDouble("a")), VStatus::kInvalidParameter);
+    EXPECT_EQ(compound.numChildren(), 0U);
+}
+
+TEST(CompoundAttribute, RefusesAChildThatHasAParentOrANode) {
+    const VObject taken = makeDouble("a");
+    const VObject first = makeCompound("first", {taken});
+    const VObject owned = makeDouble("b");
+    const VObject node = makeNode("walk", {owned});
+    VFnCompoundAttribute second(makeCompound("second", {}));
+    EXPECT_TRUE(second.addChild(taken).error());
+    EXPECT_TRUE(second.addChild(owned).error());
+    EXPECT_EQ(second.numChildren(), 0U);
+    EXPECT_EQ(VFnAttribute(taken).parent(), first);
+}
+
+TEST(CompoundAttribute, RefusesItselfAndWhatIsAboveIt) {
+    const VObject inner = makeCompound("inner", {});
+    const VObject outer = makeCompound("outer", {inner});
+    EXPECT_TRUE(VFnCompoundAttribute(inner).addChild(inner).error());
+    EXPECT_TRUE(VFnCompoundAttribute(inner).addChild(outer).error());
+    EXPECT_EQ(VFnCompoundAttribute(inner).numChildren(), 0U);
+}
+
+TEST(CompoundAttribute, RefusesAChildNameThatItHasLongOrShort) {
+    VFnCompoundAttribute compound(makeCompound("limb", {}));
+    VFnNumericAttribute numeric;
+    compound.addChild(numeric.create("weight", "w", VFnNumericData::kDouble));
+    EXPECT_TRUE(compound.addChild(makeDouble("weight")).error());
+    EXPECT_TRUE(compound.addChild(makeDouble("w")).error());
+    EXPECT_EQ(compound.addChild(makeDouble("limb")), VStatus::kSuccess);
+    EXPECT_EQ(compound.numChildren(), 2U);
+}
+
+TEST(CompoundAttribute, ItsShapeIsFixedOnceANodeHasIt) {
+    const VObject child = makeDouble("a");
+    const VObject generic = VFnGenericAttribute().create("g", "g");
+    const VObject compound = makeCompound("limb", {child, generic});
+    const VObject node = makeNode("walk", {compound});
+    EXPECT_TRUE(VFnCompoundAttribute(compound).addChild(makeDouble("b")).error());
+    EXPECT_TRUE(VFnAttribute(child).setArray(true).error());
+    EXPECT_TRUE(VFnGenericAttribute(generic).addDataAccept(VFnData::kString).error());
+    EXPECT_FALSE(VFnAttribute(child).isArray());
+    EXPECT_EQ(VFnAttribute(child).setKeyable(true), VStatus::kSuccess);
+}
+
+TEST(CompoundAttribute, ChildOutlivesItsParentWithoutOne) {
+    const VObject child = makeDouble("a");
+    { const VObject compound = makeCompound("limb", {child}); }
+    EXPECT_TRUE(VFnAttribute(child).parent().isNull());
+    EXPECT_EQ(VFnCompoundAttribute(makeCompound("other", {})).addChild(child), VStatus::kSuccess);
+}

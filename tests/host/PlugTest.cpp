@@ -1,0 +1,137 @@
+#include "tests/host/Attributes.h"
+
+#include <type_traits>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// walk.limbs[].names[], walk.limbs[].weight, walk.root
+class Plug : public testing::Test {
+protected:
+    const VObject names = asArray(makeText("names"));
+    const VObject weight = makeDouble("weight");
+    const VObject limbs = asArray(makeCompound("limbs", {names, weight}));
+    const VObject root = makeCompound("root", {makeMatrix("frame")});
+    const VObject node = makeNode("walk", {limbs, root});
+    VStatus status;
+};
+
+}  // namespace
+
+static_assert(std::is_trivially_copyable_v<VPlug>);
+
+TEST_F(Plug, GoesDownByChildAndLogicalIndex) {
+    const VPlug plug =
+        VPlug(node, limbs).elementByLogicalIndex(3).child(0).elementByLogicalIndex(7);
+    EXPECT_EQ(plug.name(), "walk.limbs[3].names[7]");
+    EXPECT_EQ(plug.attribute(), names);
+    EXPECT_EQ(plug.node(), node);
+    EXPECT_EQ(plug.logicalIndex(), 7U);
+}
+
+TEST_F(Plug, AbsentElementIsStillAPlug) {
+    const VPlug plug = VPlug(node, limbs).elementByLogicalIndex(4000000000U, &status);
+    EXPECT_EQ(status, VStatus::kSuccess);
+    EXPECT_EQ(plug.logicalIndex(), 4000000000U);
+    EXPECT_TRUE(blockOf(node).outputValue(plug).isNull());
+}
+
+TEST_F(Plug, TellsWholeArraysElementsAndCompounds) {
+    const VPlug array(node, limbs);
+    EXPECT_TRUE(array.isArray());
+    EXPECT_FALSE(array.isElement());
+    EXPECT_TRUE(array.isCompound());
+    const VPlug element = array.elementByLogicalIndex(0);
+    EXPECT_FALSE(element.isArray());
+    EXPECT_TRUE(element.isElement());
+    EXPECT_TRUE(element.isCompound());
+    const VPlug leaf = element.child(1);
+    EXPECT_FALSE(leaf.isArray());
+    EXPECT_FALSE(leaf.isElement());
+    EXPECT_FALSE(leaf.isCompound());
+    EXPECT_TRUE(element.child(0).isArray());
+}
+
+TEST_F(Plug, MadeFromAnAttributeStandsInTheElementsAtZero) {
+    EXPECT_EQ(VPlug(node, weight).name(), "walk.limbs[0].weight");
+    EXPECT_EQ(VPlug(node, weight), VPlug(node, limbs).elementByLogicalIndex(0).child(1));
+    EXPECT_EQ(VPlug(node, limbs).name(), "walk.limbs");
+}
+
+TEST_F(Plug, EqualityComparesTheWholePath) {
+    const VPlug array(node, limbs);
+    EXPECT_EQ(array.elementByLogicalIndex(2).child(1), array.elementByLogicalIndex(2).child(1));
+    EXPECT_NE(array.elementByLogicalIndex(2).child(1), array.elementByLogicalIndex(3).child(1));
+    EXPECT_NE(array, array.elementByLogicalIndex(0));
+    EXPECT_EQ(VPlug(), VPlug());
+}
+
+TEST_F(Plug, WholeArrayHasNoChildPlugs) {
+    EXPECT_TRUE(VPlug(node, limbs).child(0, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST_F(Plug, ChildPastTheLastFails) {
+    EXPECT_EQ(VPlug(node, root).numChildren(), 1U);
+    EXPECT_FALSE(VPlug(node, root).child(0, &status).isNull());
+    EXPECT_EQ(status, VStatus::kSuccess);
+    EXPECT_TRUE(VPlug(node, root).child(1, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_EQ(VPlug(node, weight).numChildren(&status), 0U);
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST_F(Plug, OnlyAWholeArrayHasElements) {
+    EXPECT_TRUE(VPlug(node, root).elementByLogicalIndex(0, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    const VPlug element = VPlug(node, limbs).elementByLogicalIndex(1);
+    EXPECT_TRUE(element.elementByLogicalIndex(0, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_EQ(element.child(1).logicalIndex(&status), 0U);
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST_F(Plug, IsRefusedAnAttributeThatIsNotTheNodes) {
+    EXPECT_TRUE(VPlug(node, makeDouble("weight"), &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VPlug(makeNode("run"), weight, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(VPlug(weight, node, &status).isNull());
+    EXPECT_EQ(status, VStatus::kInvalidParameter);
+}
+
+TEST_F(Plug, EveryOperationOnANullPlugFails) {
+    const VPlug none;
+    EXPECT_TRUE(none.isNull());
+    const auto fails = [&](auto operation) {
+        status = VStatus::kSuccess;
+        operation();
+        return status == VStatus::kInvalidParameter;
+    };
+    EXPECT_TRUE(fails([&] { none.child(0, &status); }));
+    EXPECT_TRUE(fails([&] { none.numChildren(&status); }));
+    EXPECT_TRUE(fails([&] { none.elementByLogicalIndex(0, &status); }));
+    EXPECT_TRUE(fails([&] { none.logicalIndex(&status); }));
+    EXPECT_TRUE(fails([&] { none.isArray(&status); }));
+    EXPECT_TRUE(fails([&] { none.isElement(&status); }));
+    EXPECT_TRUE(fails([&] { none.isCompound(&status); }));
+    EXPECT_TRUE(fails([&] { none.attribute(&status); }));
+    EXPECT_TRUE(fails([&] { none.node(&status); }));
+    EXPECT_TRUE(fails([&] { none.name(&status); }));
+}
+
+TEST_F(Plug, ReachesTheDeepestArrayThatANodeTakes) {
+    VObject attribute = asArray(makeDouble("value"));
+    for (unsigned i = 1; i < VPlug::kMaxArrayDepth; ++i) {
+        attribute = asArray(makeCompound("level", {attribute}));
+    }
+    const VObject deep = makeNode("deep", {attribute});
+    VPlug plug = plugOf(deep, "level");
+    for (unsigned i = 0; i + 1 < VPlug::kMaxArrayDepth; ++i) {
+        plug = plug.elementByLogicalIndex(i).child(0);
+    }
+    plug = plug.elementByLogicalIndex(9);
+    EXPECT_EQ(plug.name(),
+              "deep.level[0].level[1].level[2].level[3].level[4].level[5].level[6].value[9]");
+}

@@ -1,0 +1,158 @@
+"""scripts/check_includes, on small trees that include this and that."""
+
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+CHECK = Path(__file__).parents[2] / "scripts/check_includes"
+
+# The headers that the trees have, for quoted includes to name.
+HEADERS = [
+    "plugin/Registry.h", "attributes/Mapping.h", "types/Pins.h", "convert/ReadRecords.h",
+    "version/BuildRecord.h", "graph/Pelmor/Type.h", "graph/src/Types.h", "host/src/Node.h",
+    "executor/src/Loader.h", "tools/Rig.h", "tests/Rigs.h",
+]  # fmt: skip
+
+
+def findings(**sources):
+    """What the check prints for a tree with these lines in the files <folder>/Subject.cpp."""
+    with tempfile.TemporaryDirectory() as tree:
+        for header in HEADERS:
+            write(tree, header, "")
+        write(tree, "version/Commit.h.in", "")
+        for folder, text in sources.items():
+            write(tree, f"{folder}/Subject.cpp", text)
+        subprocess.run(["git", "init", "--quiet", tree], check=True)
+        run = subprocess.run([CHECK, tree], capture_output=True, text=True)
+    assert run.returncode == (1 if run.stdout else 0) and not run.stderr, run
+    return run.stdout.splitlines()
+
+
+def includes(headers):
+    return "".join(f"#include {header}\n" for header in headers)
+
+
+def write(tree, name, text):
+    path = Path(tree, name)
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text(text)
+
+
+class CheckIncludes(unittest.TestCase):
+    def assert_allowed(self, folder, *headers):
+        self.assertEqual(findings(**{folder: includes(headers)}), [])
+
+    def assert_refused(self, folder, *headers, why=""):
+        found = findings(**{folder: includes(headers)})
+        self.assertEqual(len(found), len(headers), found)
+        for number, finding in enumerate(found, start=1):
+            self.assertRegex(finding, rf"^{folder}/Subject\.cpp:{number}: .*{why}")
+
+    def test_plugin_may_include_the_product_and_the_two_interfaces(self):
+        self.assert_allowed(
+            "plugin", '"plugin/Registry.h"', '"attributes/Mapping.h"', '"types/Pins.h"',
+            '"convert/ReadRecords.h"', '"version/BuildRecord.h"', "<Pelmor/Type.h>",
+            "<OpenVornik/VPlug.h>", "<memory>",
+        )  # fmt: skip
+        self.assert_refused("plugin", '"tools/Rig.h"', '"tests/Rigs.h"')
+
+    def test_plugin_knows_the_executor_by_one_header(self):
+        self.assert_allowed("plugin", "<TavrikGraph/Executor/TypeTranslation.h>")
+        self.assert_refused("plugin", "<TavrikGraph/Executor/Library.h>", why="is of executor/")
+
+    def test_attributes_may_include_graph_and_host_alone(self):
+        self.assert_allowed("attributes", "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>")
+        self.assert_refused(
+            "attributes", '"types/Pins.h"', '"convert/ReadRecords.h"', '"plugin/Registry.h"',
+            "<TavrikGraph/Executor/TypeTranslation.h>",
+        )  # fmt: skip
+
+    def test_types_may_include_graph_alone(self):
+        self.assert_allowed("types", "<Pelmor/Array.h>", "<Math/double4x4.h>", "<Tavrik/Object.h>")
+        self.assert_refused("types", "<OpenVornik/VPlug.h>", '"convert/ReadRecords.h"')
+
+    def test_convert_may_include_types_graph_and_host(self):
+        self.assert_allowed("convert", '"types/Pins.h"', "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>")
+        self.assert_refused("convert", '"attributes/Mapping.h"', '"version/BuildRecord.h"')
+
+    def test_version_may_include_standard_and_posix_headers_alone(self):
+        self.assert_allowed("version", "<cstdlib>", "<stdio.h>", "<unistd.h>")
+        self.assert_refused("version", "<Pelmor/String.h>", "<OpenVornik/VGlobal.h>")
+
+    def test_graph_and_host_know_nothing_but_themselves(self):
+        self.assert_allowed("graph", "<Pelmor/Type.h>", '"graph/src/Types.h"', "<stdlib.h>")
+        self.assert_allowed("host", "<OpenVornik/VPlug.h>", '"host/src/Node.h"', "<map>")
+        self.assert_refused("graph", "<OpenVornik/VPlug.h>", '"types/Pins.h"')
+        self.assert_refused("host", "<Pelmor/Type.h>", '"types/Pins.h"')
+
+    def test_executor_may_include_graph_host_and_posix(self):
+        self.assert_allowed("executor", "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>", "<dlfcn.h>")
+        self.assert_refused("executor", '"plugin/Registry.h"', '"types/Pins.h"')
+
+    def test_tools_never_see_the_inside_of_the_plugin(self):
+        self.assert_allowed(
+            "tools", "<TavrikGraph/Executor/Library.h>", "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>",
+            '"types/Pins.h"', '"tools/Rig.h"', "<assimp/scene.h>",
+        )  # fmt: skip
+        self.assert_refused(
+            "tools", '"plugin/Registry.h"', '"attributes/Mapping.h"', '"convert/ReadRecords.h"'
+        )
+
+    def test_tests_may_include_everything(self):
+        self.assert_allowed(
+            "tests", *(f'"{header}"' for header in HEADERS if header != "graph/Pelmor/Type.h"),
+            "<OpenVornik/Testing/CallObserver.h>", "<gtest/gtest.h>",
+        )  # fmt: skip
+
+    def test_observation_of_host_calls_stays_out_of_the_product(self):
+        self.assert_allowed("host", "<OpenVornik/Testing/CallObserver.h>")
+        self.assert_allowed("benchmarks", "<OpenVornik/Testing/CallObserver.h>")
+        for folder in ("plugin", "attributes", "convert", "executor", "tools"):
+            self.assert_refused(folder, "<OpenVornik/Testing/CallObserver.h>", why="alone$")
+
+    def test_private_headers_of_a_platform_stay_inside_it(self):
+        self.assert_refused("convert", '"host/src/Node.h"', why="is private to host/")
+        self.assert_refused("executor", '"graph/src/Types.h"', why="is private to graph/")
+        self.assert_refused("tools", '"executor/src/Loader.h"', why="is private to executor/")
+
+    def test_interface_headers_of_a_platform_are_in_angle_brackets(self):
+        for folder in ("graph", "types", "tests"):
+            self.assert_refused(folder, '"graph/Pelmor/Type.h"', why="write <Pelmor/Type.h>")
+
+    def test_product_headers_are_in_quotes(self):
+        self.assert_refused("tests", "<convert/ReadRecords.h>", why="in quotes")
+
+    def test_quoted_headers_are_named_from_the_root(self):
+        self.assert_refused("convert", '"ReadRecords.h"', '"convert/Absent.h"', why="root$")
+        self.assert_refused("tests", '"Rigs.h"', why="root$")
+
+    def test_nothing_climbs(self):
+        self.assert_refused("convert", '"../types/Pins.h"', "<../types/Pins.h>", why="climbs")
+        self.assert_refused("tests", '"tests/../types/Pins.h"', why="climbs")
+
+    def test_libraries_stay_out_of_the_product_and_the_platforms(self):
+        for folder in ("plugin", "attributes", "types", "convert", "version",
+                       "graph", "host", "executor"):  # fmt: skip
+            self.assert_refused(folder, "<nlohmann/json.hpp>", "<CLI/CLI.hpp>", "<zlib.h>")
+        self.assert_refused("convert", "<unistd.h>")
+
+    def test_generated_headers_count_by_their_template(self):
+        self.assert_allowed("version", '"version/Commit.h"')
+
+    def test_every_folder_needs_a_row(self):
+        self.assert_refused("misc", "<vector>", why="no row")
+
+    def test_every_finding_names_its_file_and_line(self):
+        found = findings(types='#include <map>\n\n  #  include "x.h"\n', host="\n#include HEADER\n")
+        self.assertEqual(
+            found,
+            [
+                "host/Subject.cpp:2: HEADER is no plain header name",
+                'types/Subject.cpp:3: "x.h" is no file, seen from the project\'s root',
+            ],
+        )
+
+
+if __name__ == "__main__":
+    unittest.main()
