@@ -1,0 +1,46 @@
+#include "attributes/LeafAttributes.h"
+
+#include <OpenVornik/VFnGenericAttribute.h>
+#include <OpenVornik/VFnMatrixAttribute.h>
+#include <OpenVornik/VFnNumericAttribute.h>
+#include <OpenVornik/VFnTypedAttribute.h>
+
+namespace Rigging::Module {
+
+VObject createStringAttribute(const VString& name, bool isArray) {
+    VFnTypedAttribute attribute;
+    const VObject object = attribute.create(name, name, VFnData::kString, VObject::kNullObj);
+    attribute.setArray(isArray);
+    return object;
+}
+
+VObject createMatrixAttribute(const VString& name, bool isArray) {
+    VFnMatrixAttribute attribute;
+    const VObject object = attribute.create(name, name, VFnMatrixAttribute::kDouble);
+    attribute.setArray(isArray);
+    return object;
+}
+
+VObject createDoubleAttribute(const VString& name, bool isArray) {
+    VFnNumericAttribute attribute;
+    const VObject object = attribute.create(name, name, VFnNumericData::kDouble, 0.0);
+    attribute.setArray(isArray);
+    return object;
+}
+
+VObject createObjectAttribute(const VString& name, bool isArray) {
+    VFnGenericAttribute attribute;
+    const VObject object = attribute.create(name, name);
+    attribute.setArray(isArray);
+    return object;
+}
+
+VObject createBoolAttribute(const VString& name) {
+    return VFnNumericAttribute().create(name, name, VFnNumericData::kBoolean, 0.0);
+}
+
+VObject createIntAttribute(const VString& name) {
+    return VFnNumericAttribute().create(name, name, VFnNumericData::kInt, 0.0);
+}
+
+}  // namespace Rigging::Module

@@ -1,0 +1,19 @@
+// Makes the attributes that stand at the leaves of a record's tree. They keep the host's default
+// flags; those that can be arrays are told whether to be. A single flag or number never becomes an
+// array. No status of the host is looked at. [edit thread]
+#pragma once
+
+#include <OpenVornik/VObject.h>
+#include <OpenVornik/VString.h>
+
+namespace Rigging::Module {
+
+VObject createStringAttribute(const VString& name, bool isArray);
+VObject createMatrixAttribute(const VString& name, bool isArray);
+VObject createDoubleAttribute(const VString& name, bool isArray);
+// For the graph's generic objects: accepts no data of the host.
+VObject createObjectAttribute(const VString& name, bool isArray);
+VObject createBoolAttribute(const VString& name);
+VObject createIntAttribute(const VString& name);
+
+}  // namespace Rigging::Module

@@ -1,0 +1,97 @@
+#include "attributes/PortAttribute.h"
+
+#include "attributes/LeafAttributes.h"
+#include "attributes/UnwrapArrayType.h"
+
+#include <OpenVornik/VFnCompoundAttribute.h>
+#include <OpenVornik/VFnEnumAttribute.h>
+#include <Pelmor/ArrayType.h>
+
+#include <cstdint>
+#include <optional>
+
+namespace Rigging::Module {
+namespace {
+
+void setPortFlags(VFnAttribute& attribute, bool isInput, bool isArray) {
+    attribute.setReadable(!isInput);
+    attribute.setWritable(isInput);
+    attribute.setKeyable(isInput);
+    attribute.setArray(isArray);
+}
+
+VString childName(const Pelmor::StructType::Member& member) {
+    VString name(member.getName().asChar());
+    if (name == "weights") name = "weights_A";
+    return name;
+}
+
+// Nothing for a type that has no attribute. What the host failed to create is a null object and is
+// left to the host to refuse.
+std::optional<VObject> createMemberAttribute(const Pelmor::Type& memberType, const VString& name,
+                                             bool isInput) {
+    using Pelmor::TypeKind;
+    const bool isArray = memberType.getTypeKind() == TypeKind::Array;
+    const Pelmor::Type type = isArray ? Pelmor::ArrayType(memberType).getElementType() : memberType;
+    const Pelmor::String typeName = type.getFullyQualifiedName();
+    const TypeKind kind = type.getTypeKind();
+
+    if (typeName == "string") return createStringAttribute(name, isArray);
+    if (typeName == "Math::double4x4") return createMatrixAttribute(name, isArray);
+    if (typeName == "Core::Transform::Transform")
+        return createCompoundAttribute(Pelmor::StructType(type), name, isInput, isArray);
+    if (typeName == "double") return createDoubleAttribute(name, isArray);
+    if (typeName == "Object") return createObjectAttribute(name, isArray);
+    // Transforms are the only structs that a record holds in arrays; an array of any other struct
+    // is carried as a single one.
+    if (kind == TypeKind::Struct)
+        return createCompoundAttribute(Pelmor::StructType(type), name, isInput, false);
+    if (kind == TypeKind::Enum)
+        return createEnumAttribute(Pelmor::EnumType(type), name, isInput, isArray);
+    if (typeName == "bool") return createBoolAttribute(name);
+    if (typeName == "int") return createIntAttribute(name);
+    return std::nullopt;
+}
+
+}  // namespace
+
+VObject createPortAttribute(const Pelmor::Type& type, const VString& name, bool isInput) {
+    const auto [innermost, arrayLevels] = unwrapArrayType(type);
+    const bool isArray = arrayLevels == 1;
+    switch (innermost.getTypeKind()) {
+        case Pelmor::TypeKind::Enum:
+            return createEnumAttribute(Pelmor::EnumType(innermost), name, isInput, isArray);
+        case Pelmor::TypeKind::Struct:
+            return createCompoundAttribute(Pelmor::StructType(innermost), name, isInput, isArray);
+        default:
+            return VObject::kNullObj;
+    }
+}
+
+VObject createCompoundAttribute(const Pelmor::StructType& type, const VString& name, bool isInput,
+                                bool isArray) {
+    VFnCompoundAttribute compound;
+    const VObject object = compound.create(name, name);
+    setPortFlags(compound, isInput, isArray);
+    for (auto member = type.begin(), end = type.end(); member != end; ++member) {
+        const auto child = createMemberAttribute((*member).getType(), childName(*member), isInput);
+        if (child) compound.addChild(*child);
+    }
+    for (unsigned i = 0; i < compound.numChildren(); ++i)
+        VFnAttribute(compound.child(i)).setEnforcingUniqueName(false);
+    return object;
+}
+
+VObject createEnumAttribute(const Pelmor::EnumType& type, const VString& name, bool isInput,
+                            bool isArray) {
+    VFnEnumAttribute attribute;
+    const VObject object = attribute.create(name, name, 0);
+    setPortFlags(attribute, isInput, isArray);
+    for (auto enumeration = type.begin(), end = type.end(); enumeration != end; ++enumeration) {
+        const auto lowBits = static_cast<std::uint16_t>((*enumeration).getValue());
+        attribute.addField((*enumeration).getName().asChar(), static_cast<short>(lowBits));
+    }
+    return object;
+}
+
+}  // namespace Rigging::Module

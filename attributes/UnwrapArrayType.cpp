@@ -1,0 +1,16 @@
+#include "attributes/UnwrapArrayType.h"
+
+#include <Pelmor/ArrayType.h>
+
+namespace Rigging::Module {
+
+UnwrappedType unwrapArrayType(const Pelmor::Type& type) {
+    UnwrappedType unwrapped{type, 0};
+    while (unwrapped.innermost.getTypeKind() == Pelmor::TypeKind::Array) {
+        unwrapped.innermost = Pelmor::ArrayType(unwrapped.innermost).getElementType();
+        ++unwrapped.arrayLevels;
+    }
+    return unwrapped;
+}
+
+}  // namespace Rigging::Module

@@ -1,0 +1,176 @@
+// The readers that the registry files: what the graph's holder holds when they return.
+#include "tests/convert/HostPort.h"
+#include "tests/convert/SharedArrays.h"
+#include "tests/convert/ThrowOnCall.h"
+#include "tests/convert/Translators.h"
+#include "tests/support/AllocationCount.h"
+#include "tests/support/RecordLeaves.h"
+
+#include <OpenVornik/Testing/CallObserver.h>
+#include <Pelmor/AnyValue.h>
+#include <Pelmor/DefaultClass.h>
+
+#include <type_traits>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace TestSupport;
+using Pelmor::AnyValue;
+using Pelmor::Internal::HeldIdentity;
+
+template <typename Held>
+class ReadValue : public testing::Test {
+protected:
+    HostPort port = HostPort::ofHeld<Held>();
+    AnyValue value;
+
+    void numberHost(unsigned first = 1) {
+        Numbers numbers(first);
+        number(numbers, port.handle, port.plug);
+    }
+    void read() { HeldTranslators<Held>::read(value, port.handle, port.plug); }
+};
+TYPED_TEST_SUITE(ReadValue, HeldTypes, NameOfHeldType);
+
+TYPED_TEST(ReadValue, StoresWhatTheHostHolds) {
+    this->numberHost();
+    this->read();
+    const auto* held = this->value.template getIf<TypeParam>();
+    ASSERT_NE(held, nullptr);
+    EXPECT_EQ(leavesOf(*held), leavesOf(numbered<TypeParam>()));
+}
+
+TYPED_TEST(ReadValue, StoresAValueOfItsTypeEvenWhereTheHostHoldsNothing) {
+    this->read();
+    ASSERT_TRUE(this->value.hasValue());
+    EXPECT_TRUE(typeInfoEquals(this->value.type(), HeldIdentity<TypeParam>::s_record));
+    auto* held = this->value.template getIf<TypeParam>();
+    ASSERT_NE(held, nullptr);
+    for (const SharedArrayState& array : sharedArraysOf(*held)) {
+        EXPECT_NE(array.address, nullptr);
+        EXPECT_EQ(array.size, 0u);
+    }
+    EXPECT_EQ(this->value.template getIf<typename HeldTranslators<TypeParam>::Other>(), nullptr);
+}
+
+TYPED_TEST(ReadValue, LeavesTheHolderTheOnlyReferenceToEveryArray) {
+    this->numberHost();
+    this->read();
+    const auto arrays = sharedArraysOf(*this->value.template getIf<TypeParam>());
+    EXPECT_EQ(arrays.empty(), (std::is_same_v<TypeParam, Transform>));
+    for (const SharedArrayState& array : arrays) EXPECT_EQ(array.useCount, 1u);
+}
+
+TYPED_TEST(ReadValue, DestroysWhatTheHolderHeldBefore) {
+    const auto before = numberedElements<double>(3);
+    InputsControls record;
+    record.weights = before;
+    this->value = AnyValue::holding(std::move(record));
+    ASSERT_EQ(before.useCount(), 2u);
+    this->read();
+    EXPECT_EQ(before.useCount(), 1u);
+    EXPECT_NE(this->value.template getIf<TypeParam>(), nullptr);
+}
+
+// Sees at every call of the host whether an array is still in use twice.
+class WatchUse : public OpenVornik::Testing::CallObserver {
+public:
+    explicit WatchUse(const Pelmor::SharedArray<double>& array) : m_array(array) {}
+
+    bool wasAlwaysUsedTwice = true;
+    unsigned calls = 0;
+
+private:
+    VStatus::Code called(const OpenVornik::Testing::Call&) override {
+        ++calls;
+        wasAlwaysUsedTwice = wasAlwaysUsedTwice && m_array.useCount() == 2;
+        return VStatus::kSuccess;
+    }
+
+    const Pelmor::SharedArray<double>& m_array;
+};
+
+TYPED_TEST(ReadValue, KeepsWhatTheHolderHeldUntilAllIsRead) {
+    this->numberHost();
+    const auto before = numberedElements<double>(3);
+    InputsControls record;
+    record.weights = before;
+    this->value = AnyValue::holding(std::move(record));
+    WatchUse watch(before);
+    this->read();
+    EXPECT_GT(watch.calls, 0u);
+    EXPECT_TRUE(watch.wasAlwaysUsedTwice);
+}
+
+TYPED_TEST(ReadValue, TwiceGivesValuesThatShareNothing) {
+    this->numberHost();
+    this->read();
+    AnyValue first = std::move(this->value);
+    this->numberHost(500);
+    this->read();
+    auto& firstHeld = *first.template getIf<TypeParam>();
+    auto& secondHeld = *this->value.template getIf<TypeParam>();
+    for (const SharedArrayState& a : sharedArraysOf(firstHeld))
+        for (const SharedArrayState& b : sharedArraysOf(secondHeld))
+            EXPECT_NE(a.address, b.address);
+    EXPECT_EQ(leavesOf(firstHeld), leavesOf(numbered<TypeParam>()));
+    EXPECT_EQ(leavesOf(secondHeld), leavesOf(numbered<TypeParam>(Numbers(500))));
+}
+
+TYPED_TEST(ReadValue, LeavesTheHolderAsItWasWhenAnExceptionPasses) {
+    this->numberHost();
+    this->read();
+    this->value = AnyValue::holding(numbered<Pins>());
+    const AllocationCount count;
+    {
+        ThrowOnCall thrower("VDataHandle::asMatrix", 2);
+        EXPECT_THROW(this->read(), Thrown);
+    }
+    EXPECT_EQ(count.outstanding(), 0);
+    ASSERT_NE(this->value.template getIf<Pins>(), nullptr);
+    EXPECT_EQ(leavesOf(*this->value.template getIf<Pins>()), leavesOf(numbered<Pins>()));
+}
+
+TYPED_TEST(ReadValue, GivesBackAllMemoryWithTheHolder) {
+    this->numberHost();
+    this->read();
+    this->value.reset();
+    const AllocationCount count;
+    this->read();
+    EXPECT_GT(count.outstanding(), 0);
+    this->value.reset();
+    EXPECT_EQ(count.outstanding(), 0);
+}
+
+template <typename Record>
+class ReadValueWithObjects : public testing::Test {};
+TYPED_TEST_SUITE(ReadValueWithObjects, TypesWithObjects, NameOfType);
+
+TYPED_TEST(ReadValueWithObjects, HoldsTheDefaultObject) {
+    const auto& defaultObject = Pelmor::Internal::getDefaultClass<Tavrik::Object>();
+    const std::uint64_t usesBefore = defaultObject.useCount();
+    auto port = HostPort::ofRecord<TypeParam>();
+    AnyValue value;
+    Translators<TypeParam>::readValue(value, port.handle, port.plug);
+    EXPECT_EQ(value.template getIf<TypeParam>()->object0, defaultObject);
+    EXPECT_EQ(value.template getIf<TypeParam>()->object1, defaultObject);
+    EXPECT_EQ(defaultObject.useCount(), usesBefore + 2);
+}
+
+TYPED_TEST(ReadValueWithObjects, HoldsTheDefaultObjectInEachElementOfAnArray) {
+    const auto& defaultObject = Pelmor::Internal::getDefaultClass<Tavrik::Object>();
+    const std::uint64_t usesBefore = defaultObject.useCount();
+    auto port = HostPort::ofArray<TypeParam>({0, 1});
+    AnyValue value;
+    Translators<TypeParam>::readArrayValue(value, port.handle, port.plug);
+    for (const TypeParam& record : **value.template getIf<Pelmor::SharedArray<TypeParam>>()) {
+        EXPECT_EQ(record.object0, defaultObject);
+        EXPECT_EQ(record.object1, defaultObject);
+    }
+    EXPECT_EQ(defaultObject.useCount(), usesBefore + 4);
+}
+
+}  // namespace

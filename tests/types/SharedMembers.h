@@ -1,0 +1,169 @@
+// The shared members of the records, nested records included, in member order; and watched pointees
+// for them, which write down when they are released.
+#pragma once
+
+#include "types/Records.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace TypesTests {
+
+// Calls `visit` with each shared member of `record`.
+template <typename Record, typename Visit>
+void forEachShared(Record& record, const Visit& visit);
+
+// As many as there are shared members, in their order.
+using UseCounts = std::vector<std::uint64_t>;
+using Pointees = std::vector<const void*>;
+
+template <typename Record>
+UseCounts useCounts(const Record& record) {
+    UseCounts counts;
+    forEachShared(record, [&](const auto& member) { counts.push_back(member.useCount()); });
+    return counts;
+}
+
+template <typename Record>
+Pointees pointees(const Record& record) {
+    Pointees found;
+    forEachShared(record, [&](const auto& member) { found.push_back(member.get()); });
+    return found;
+}
+
+template <typename Record>
+constexpr std::size_t kSharedMembers = 0;
+template <>
+inline constexpr std::size_t kSharedMembers<Rigging::Module::NamedTransforms> = 2;
+template <>
+inline constexpr std::size_t kSharedMembers<Rigging::Module::Pins> = 2;
+template <>
+inline constexpr std::size_t kSharedMembers<Rigging::Module::InputsJoints> = 4;
+template <>
+inline constexpr std::size_t kSharedMembers<Rigging::Module::InputsControls> = 5;
+template <>
+inline constexpr std::size_t kSharedMembers<Rigging::Module::Inputs> = 18;
+template <>
+inline constexpr std::size_t kSharedMembers<Rigging::Module::Outputs> = 10;
+
+// `count` for every shared member.
+template <typename Record>
+UseCounts everyCount(std::uint64_t count) {
+    return UseCounts(kSharedMembers<Record>, count);
+}
+
+template <typename Record>
+Pointees allNull() {
+    return Pointees(kSharedMembers<Record>, nullptr);
+}
+
+// How many of the shared members are arrays; the others are objects.
+template <typename Record>
+constexpr std::size_t kArrays = kSharedMembers<Record>;
+template <>
+inline constexpr std::size_t kArrays<Rigging::Module::Inputs> = 16;
+template <>
+inline constexpr std::size_t kArrays<Rigging::Module::Outputs> = 8;
+
+// Expects of every array of `record` what a new record has, an empty array that nothing shares, and
+// adds it to `arrays`.
+template <typename Record>
+void expectNewArrays(const Record& record, std::set<const void*>& arrays) {
+    forEachShared(record, [&](const auto& member) {
+        if constexpr (!std::is_same_v<decltype(member), const Pelmor::Ptr<Tavrik::Object>&>) {
+            ASSERT_TRUE(member);
+            EXPECT_EQ(member->size(), 0u);
+            EXPECT_EQ(member->data(), nullptr);
+            EXPECT_EQ(member.useCount(), 1u);
+            arrays.insert(member.get());
+        }
+    });
+}
+
+// Pointees that were released, by their place among the shared members.
+using Releases = std::vector<std::size_t>;
+
+// One pointee for each shared member of one record. It outlives every pointer to them.
+class WatchedPointees {
+public:
+    // Lets every shared member of `record` point to a pointee of its own, with a use count of 1.
+    template <typename Record>
+    void putInto(Record& record);
+
+    const Releases& releases() const noexcept { return m_releases; }
+    UseCounts counts() const;
+    // Called after each release, with the place of what was released.
+    void onRelease(std::function<void(std::size_t)> call) { m_onRelease = std::move(call); }
+
+private:
+    struct Block;
+
+    template <typename T>
+    void put(Pelmor::Ptr<T>& member) {
+        auto pointee = std::make_shared<T>();
+        member = Pelmor::Ptr<T>(pointee.get(), addBlock(pointee));
+    }
+
+    Pelmor::ControlBlock* addBlock(std::shared_ptr<void> pointee);
+
+    std::vector<std::shared_ptr<Block>> m_blocks;
+    Releases m_releases;
+    std::function<void(std::size_t)> m_onRelease;
+};
+
+template <typename Record>
+void WatchedPointees::putInto(Record& record) {
+    forEachShared(record, [&](auto& member) { put(member); });
+}
+
+template <typename Record, typename Visit>
+void forEachShared(Record& record, const Visit& visit) {
+    using namespace Rigging::Module;
+    using Plain = std::remove_const_t<Record>;
+    if constexpr (std::is_same_v<Plain, NamedTransforms>) {
+        visit(record.names);
+        visit(record.transforms);
+    } else if constexpr (std::is_same_v<Plain, Pins>) {
+        visit(record.names);
+        visit(record.matrices);
+    } else if constexpr (std::is_same_v<Plain, InputsJoints>) {
+        visit(record.names);
+        visit(record.matrices);
+        forEachShared(record.namedTransforms, visit);
+    } else if constexpr (std::is_same_v<Plain, InputsControls>) {
+        visit(record.names);
+        visit(record.matrices);
+        visit(record.weights);
+        forEachShared(record.namedTransforms, visit);
+    } else if constexpr (std::is_same_v<Plain, Inputs>) {
+        forEachShared(record.pins, visit);
+        forEachShared(record.joints, visit);
+        forEachShared(record.controls0, visit);
+        forEachShared(record.controls1, visit);
+        visit(record.object0);
+        visit(record.object1);
+    } else if constexpr (std::is_same_v<Plain, Outputs>) {
+        forEachShared(record.pins, visit);
+        forEachShared(record.namedTransforms0, visit);
+        forEachShared(record.namedTransforms1, visit);
+        forEachShared(record.namedTransforms2, visit);
+        visit(record.object0);
+        visit(record.object1);
+    } else {
+        static_assert(std::is_same_v<Plain, Transform>, "a transform shares nothing");
+    }
+}
+
+using SharingRecords =
+    testing::Types<Rigging::Module::NamedTransforms, Rigging::Module::Pins,
+                   Rigging::Module::InputsJoints, Rigging::Module::InputsControls,
+                   Rigging::Module::Inputs, Rigging::Module::Outputs>;
+
+}  // namespace TypesTests

@@ -1,0 +1,26 @@
+// The controls that a rig module takes in, each with a weight. The arrays are shared by copies,
+// never null in a new record, and never changed in place.
+#pragma once
+
+#include "types/NamedTransforms.h"
+#include "types/RecordElements.h"
+
+#include <Math/double4x4.h>
+#include <Pelmor/Array.h>
+#include <Pelmor/String.h>
+
+namespace Rigging::Module {
+
+struct InputsControls {
+    Pelmor::SharedArray<Pelmor::String> names = Pelmor::makePtr<Pelmor::Array<Pelmor::String>>();
+    Pelmor::SharedArray<Math::double4x4> matrices =
+        Pelmor::makePtr<Pelmor::Array<Math::double4x4>>();
+    Pelmor::SharedArray<double> weights = Pelmor::makePtr<Pelmor::Array<double>>();
+    NamedTransforms namedTransforms;
+};
+
+}  // namespace Rigging::Module
+
+template <>
+struct Pelmor::Internal::ElementTraits<Rigging::Module::InputsControls>
+    : Rigging::Module::RecordElementTraits<Rigging::Module::InputsControls> {};

@@ -1,0 +1,31 @@
+// One joint's or control's transformation as the rigging nodes exchange it: eight matrices, all
+// zeros by default.
+#pragma once
+
+#include "types/RecordElements.h"
+
+#include <Math/double4x4.h>
+
+#include <type_traits>
+
+namespace Core::Transform {
+
+struct Transform {
+    Math::double4x4 matrix0 = {};
+    Math::double4x4 matrix1 = {};
+    Math::double4x4 matrix2 = {};
+    Math::double4x4 matrix3 = {};
+    Math::double4x4 matrix4 = {};
+    Math::double4x4 matrix5 = {};
+    Math::double4x4 matrix6 = {};
+    Math::double4x4 matrix7 = {};
+};
+
+static_assert(sizeof(Transform) == 8 * sizeof(Math::double4x4));
+static_assert(std::is_trivially_copyable_v<Transform>);
+
+}  // namespace Core::Transform
+
+template <>
+struct Pelmor::Internal::ElementTraits<Core::Transform::Transform>
+    : Rigging::Module::RecordElementTraits<Core::Transform::Transform> {};
