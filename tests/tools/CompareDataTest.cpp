@@ -1,0 +1,195 @@
+#include "tests/tools/PluginNode.h"
+#include "tools/CompareData.h"
+#include "tools/SpoilData.h"
+
+#include <OpenVornik/VArrayDataHandle.h>
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Tolvane;
+
+enum Member : std::size_t {
+    kMatrixMember,
+    kText,
+    kNumber,
+    kFlag,
+    kCount,
+    kChoice,
+    kObject,
+    kNames,
+    kNested
+};
+
+// Two attributes of a struct with every kind of member, equal at first.
+class CompareData : public testing::Test {
+protected:
+    CompareData() {
+        const auto type = [&](const char* name) { return node.types.getType(name); };
+        const auto choice = node.types.defineEnum("Choice", {{"first", 0}, {"second", 1}});
+        const auto inner = node.types.defineStruct("Inner", {{"value", type("double")}});
+        const auto all = node.types.defineStruct("All", {{"matrix", type("Math::double4x4")},
+                                                         {"text", type("string")},
+                                                         {"number", type("double")},
+                                                         {"flag", type("bool")},
+                                                         {"count", type("int")},
+                                                         {"choice", choice},
+                                                         {"object", type("Object")},
+                                                         {"names", type("array<string>")},
+                                                         {"nested", inner}});
+        expectedShape = node.addInput("expected", all);
+        actualShape = node.addInput("actual", all);
+        for (const DataPlace& place : {expected(), actual()})
+            setIndices(place.child(kNames), {0, 1});
+    }
+
+    static void setIndices(const DataPlace& place, const std::vector<unsigned>& indices) {
+        VArrayDataHandle array(place.handle);
+        VArrayDataBuilder builder = array.builder();
+        for (unsigned i = 0; i < 10; ++i) builder.removeElement(i);
+        for (const unsigned index : indices) builder.addElement(index);
+        array.set(builder);
+    }
+
+    DataPlace expected() { return node.place(expectedShape); }
+    DataPlace actual() { return node.place(actualShape); }
+    VDataHandle actual(Member member) { return actual().child(member).handle; }
+
+    Comparison compare() {
+        Comparison comparison;
+        compareData(expected(), actual(), comparison);
+        return comparison;
+    }
+
+    void expectOneMismatch(const std::string& what) {
+        const Comparison comparison = compare();
+        EXPECT_EQ(comparison.mismatches, 1U);
+        EXPECT_EQ(comparison.firstMismatch, what);
+    }
+
+    PluginNode node;
+    DataShape expectedShape;
+    DataShape actualShape;
+};
+
+TEST_F(CompareData, EqualDataHasNoMismatchAndEveryLeafIsCounted) {
+    const Comparison comparison = compare();
+    EXPECT_EQ(comparison.mismatches, 0U);
+    EXPECT_EQ(comparison.firstMismatch, "");
+    EXPECT_EQ(comparison.leavesCompared, 9U);
+}
+
+TEST_F(CompareData, FindsADifferenceInAnyPlaceOfAMatrix) {
+    actual(kMatrixMember).asMatrix()[3][2] = 1e-300;
+    expectOneMismatch("actual.matrix: differs");
+}
+
+TEST_F(CompareData, FindsADifferentText) {
+    actual(kText).setString("a");
+    expectOneMismatch("actual.text: differs");
+}
+
+TEST_F(CompareData, FindsADifferentNumber) {
+    actual(kNumber).setDouble(std::numeric_limits<double>::denorm_min());
+    expectOneMismatch("actual.number: differs");
+}
+
+TEST_F(CompareData, TellsNegativeZeroFromZero) {
+    actual(kNumber).setDouble(-0.0);
+    expectOneMismatch("actual.number: differs");
+}
+
+TEST_F(CompareData, ANanEqualsItselfAlone) {
+    expected().child(kNumber).handle.asDouble() = std::numeric_limits<double>::quiet_NaN();
+    actual(kNumber).setDouble(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(compare().mismatches, 0U);
+    actual(kNumber).setDouble(-std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(compare().mismatches, 1U);
+}
+
+TEST_F(CompareData, FindsADifferentBool) {
+    actual(kFlag).setBool(true);
+    expectOneMismatch("actual.flag: differs");
+}
+
+TEST_F(CompareData, FindsADifferentInteger) {
+    actual(kCount).setInt(-1);
+    expectOneMismatch("actual.count: differs");
+}
+
+TEST_F(CompareData, FindsADifferentChoice) {
+    actual(kChoice).setShort(1);
+    expectOneMismatch("actual.choice: differs");
+}
+
+TEST_F(CompareData, FindsADifferenceInANestedCompound) {
+    actual().child(kNested).child(0).handle.asDouble() = 1;
+    expectOneMismatch("actual.nested.value: differs");
+}
+
+TEST_F(CompareData, FindsADifferenceInAnElement) {
+    VArrayDataHandle array(actual(kNames));
+    array.next();
+    array.outputValue().setString("a");
+    expectOneMismatch("actual.names[1]: differs");
+}
+
+TEST_F(CompareData, FindsAnElementTooFew) {
+    setIndices(actual().child(kNames), {0});
+    expectOneMismatch("actual.names: has 1 elements, not 2");
+}
+
+TEST_F(CompareData, FindsAnElementTooMany) {
+    setIndices(actual().child(kNames), {0, 1, 2});
+    expectOneMismatch("actual.names: has 3 elements, not 2");
+}
+
+TEST_F(CompareData, FindsAnotherLogicalIndex) {
+    setIndices(actual().child(kNames), {0, 4});
+    expectOneMismatch("actual.names[1]: is at index 4 instead");
+}
+
+TEST_F(CompareData, FindsAttributesOfAnotherShape) {
+    const DataShape other = node.addInput("other", node.types.getType("Inner"));
+    Comparison comparison;
+    compareData(expected(), node.place(other), comparison);
+    EXPECT_EQ(comparison.firstMismatch, "other: is another kind of attribute");
+}
+
+TEST_F(CompareData, MismatchesAddUpAndTheFirstIsKept) {
+    actual(kText).setString("a");
+    actual(kNumber).setDouble(1);
+    Comparison comparison;
+    compareData(expected(), actual(), comparison);
+    compareData(expected(), actual(), comparison);
+    EXPECT_EQ(comparison.mismatches, 4U);
+    EXPECT_EQ(comparison.leavesCompared, 18U);
+    EXPECT_EQ(comparison.firstMismatch, "actual.text: differs");
+}
+
+TEST_F(CompareData, SpoiltDataDiffersInEveryMatrixTextAndNumberAndKeepsItsElements) {
+    spoilData(actual());
+    // The matrix, the text, the number, two names and the nested number.
+    EXPECT_EQ(compare().mismatches, 6U);
+    EXPECT_EQ(VArrayDataHandle(actual(kNames)).elementCount(), 2U);
+}
+
+TEST_F(CompareData, AttributesAreCountedWithAllBelowThem) {
+    EXPECT_EQ(attributeCount(expectedShape), 11U);
+}
+
+TEST_F(CompareData, AShapeFitsItsOwnTypeAlone) {
+    EXPECT_TRUE(fits(expectedShape, node.types.getType("All")));
+    EXPECT_FALSE(fits(expectedShape, node.types.getType("array<All>")));
+    EXPECT_FALSE(fits(expectedShape, node.types.getType("Inner")));
+    DataShape incomplete = expectedShape;
+    incomplete.children.pop_back();
+    EXPECT_FALSE(fits(incomplete, node.types.getType("All")));
+    std::swap(incomplete.children[kText], incomplete.children[kNumber]);
+    EXPECT_FALSE(fits(incomplete, node.types.getType("All")));
+}
+
+}  // namespace

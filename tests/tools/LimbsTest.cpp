@@ -1,0 +1,45 @@
+#include "tools/Limbs.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Tolvane::Limb;
+using Tolvane::Rig;
+using Tolvane::splitIntoLimbs;
+
+constexpr int kRoot = -1;
+
+Rig rigOf(const std::vector<int>& parents) {
+    Rig rig;
+    for (const int parent : parents) {
+        rig.joints.emplace_back();
+        if (parent != kRoot) rig.joints.back().parent = static_cast<std::size_t>(parent);
+    }
+    return rig;
+}
+
+TEST(Limbs, AChainIsOneLimb) {
+    EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, 1, 2})), (std::vector<Limb>{{0, 1, 2, 3}}));
+}
+
+TEST(Limbs, ASingleJointIsALimb) {
+    EXPECT_EQ(splitIntoLimbs(rigOf({kRoot})), (std::vector<Limb>{{0}}));
+}
+
+TEST(Limbs, ABranchingEndsItsLimbAndBeginsOneForEachChild) {
+    // 0 - 1 - 2 - 3
+    //      \- 4 - 5
+    EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, 1, 2, 1, 4})),
+              (std::vector<Limb>{{0, 1}, {2, 3}, {4, 5}}));
+}
+
+TEST(Limbs, EachRootBeginsALimb) {
+    EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, kRoot, 2})), (std::vector<Limb>{{0, 1}, {2, 3}}));
+}
+
+TEST(Limbs, AChainMayBeInterruptedByOthersInTheOrderOfJoints) {
+    EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, 0, 1, 2})), (std::vector<Limb>{{0}, {1, 3}, {2, 4}}));
+}
+
+}  // namespace

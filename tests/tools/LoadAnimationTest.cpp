@@ -1,0 +1,136 @@
+#include "tests/tools/SampleRigs.h"
+#include "tests/tools/TemporaryFolder.h"
+#include "tools/Error.h"
+#include "tools/LoadAnimation.h"
+#include "tools/RigFrame.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Tolvane;
+using testing::HasSubstr;
+
+class LoadAnimation : public testing::Test {
+protected:
+    std::string bvh() { return folder.write("rig.bvh", sampleBvh()); }
+    std::string gltf() { return folder.write("rig.gltf", sampleGltf()); }
+
+    TemporaryFolder folder;
+};
+
+double tipsX(const Rig& rig, std::size_t frame) {
+    RigFrame pose(rig);
+    pose.pose(frame);
+    return pose.joints()[1].matrices[kLocal][3][0];
+}
+
+TEST_F(LoadAnimation, ABvhIsSampledAtItsOwnRate) {
+    const Rig rig = loadRig(bvh());
+    EXPECT_EQ(rig.framesPerSecond, 10);
+    EXPECT_EQ(rig.frameCount, 4U);
+    EXPECT_EQ(rig.ticksPerFrame, 1);
+}
+
+TEST_F(LoadAnimation, AFrameLengthOfFewDigitsMeansTheWholeRate) {
+    std::string text = sampleBvh();
+    text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: 0.0083333");
+    EXPECT_EQ(loadRig(folder.write("rig.bvh", text)).framesPerSecond, 120);
+}
+
+TEST_F(LoadAnimation, ARateThatIsNoWholeNumberStays) {
+    std::string text = sampleBvh();
+    text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: 0.0333667");
+    EXPECT_NEAR(loadRig(folder.write("rig.bvh", text)).framesPerSecond, 29.97, 0.001);
+}
+
+TEST_F(LoadAnimation, AFileWithoutARateIsSampledAtThirtyFramesPerSecond) {
+    const Rig rig = loadRig(gltf());
+    EXPECT_EQ(rig.framesPerSecond, 30);
+    EXPECT_EQ(rig.frameCount, 31U);
+    EXPECT_NEAR(tipsX(rig, 15), 0, 1e-4);
+    EXPECT_NEAR(tipsX(rig, 30), 4, 1e-4);
+}
+
+TEST_F(LoadAnimation, AnotherRateSamplesTheSameMovement) {
+    LoadOptions options;
+    options.framesPerSecond = 8;
+    const Rig rig = loadRig(gltf(), options);
+    EXPECT_EQ(rig.framesPerSecond, 8);
+    EXPECT_EQ(rig.frameCount, 9U);
+    EXPECT_NEAR(tipsX(rig, 6), 2, 1e-4);
+    EXPECT_NEAR(tipsX(rig, 8), 4, 1e-4);
+}
+
+TEST_F(LoadAnimation, HalfTheRateOfABvhSkipsEveryOtherFrame) {
+    LoadOptions options;
+    options.framesPerSecond = 5;
+    const Rig rig = loadRig(bvh(), options);
+    EXPECT_EQ(rig.frameCount, 2U);
+    RigFrame pose(rig);
+    pose.pose(1);
+    EXPECT_EQ(pose.joints()[0].matrices[kLocal][3][0], 2);
+}
+
+TEST_F(LoadAnimation, AnAnimationIsFoundByItsName) {
+    LoadOptions options;
+    options.animation = "still";
+    EXPECT_EQ(loadRig(gltf(), options).frameCount, 1U);
+    options.animation = "move";
+    EXPECT_EQ(loadRig(gltf(), options).frameCount, 31U);
+}
+
+TEST_F(LoadAnimation, AnUnknownNameIsRefusedWithThoseThatThereAre) {
+    LoadOptions options;
+    options.animation = "run";
+    try {
+        loadRig(gltf(), options);
+        FAIL() << "it was taken";
+    } catch (const Error& error) {
+        EXPECT_THAT(error.what(), HasSubstr("\"run\""));
+        EXPECT_THAT(error.what(), HasSubstr("\"move\", \"still\""));
+    }
+}
+
+TEST_F(LoadAnimation, AnAbsurdNumberOfFramesIsRefused) {
+    LoadOptions options;
+    options.framesPerSecond = 1e12;
+    EXPECT_THROW(loadRig(gltf(), options), Error);
+}
+
+TEST_F(LoadAnimation, FramesOfNoLengthAreRefused) {
+    std::string text = sampleBvh();
+    text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: 0.0");
+    EXPECT_THROW(loadRig(folder.write("rig.bvh", text)), Error);
+}
+
+// An animation of one channel, whose two keys are `apart` ticks apart.
+std::optional<double> rateOf(double ticksPerSecond, double apart) {
+    aiAnimation animation;
+    animation.mTicksPerSecond = ticksPerSecond;
+    animation.mNumChannels = 1;
+    animation.mChannels = new aiNodeAnim* [1] { new aiNodeAnim };
+    animation.mChannels[0]->mNumPositionKeys = 2;
+    animation.mChannels[0]->mPositionKeys = new aiVectorKey[2]{{0, {}}, {apart, {}}};
+    return ownRate(animation);
+}
+
+TEST(OwnRate, TicksAreFramesAtARateThatFramesHave) {
+    EXPECT_EQ(rateOf(24, 20), 24);
+    EXPECT_EQ(rateOf(240, 20), 240);
+}
+
+TEST(OwnRate, TicksThatAreAUnitOfTimeTellNoRate) {
+    EXPECT_EQ(rateOf(0, 20), std::nullopt);
+    EXPECT_EQ(rateOf(1, 0.04), std::nullopt);
+    EXPECT_EQ(rateOf(1000, 41.7), std::nullopt);
+    EXPECT_EQ(rateOf(4800, 160), std::nullopt);
+}
+
+TEST(OwnRate, KeysOneTickApartMakeAnyTickAFrame) {
+    EXPECT_EQ(rateOf(1000, 1), 1000);
+    EXPECT_EQ(rateOf(1, 1), 1);
+}
+
+}  // namespace

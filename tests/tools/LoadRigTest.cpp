@@ -1,0 +1,114 @@
+#include "tests/tools/SampleRigs.h"
+#include "tests/tools/TemporaryFolder.h"
+#include "tools/LoadRig.h"
+#include "tools/RigFrame.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Tolvane;
+
+class LoadRig : public testing::Test {
+protected:
+    Rig load(const std::string& name, const std::string& content, const LoadOptions& options = {}) {
+        return loadRig(folder.write(name, content), options);
+    }
+
+    static std::vector<std::string> names(const Rig& rig) {
+        std::vector<std::string> result;
+        for (const Joint& joint : rig.joints) result.push_back(joint.name);
+        return result;
+    }
+
+    TemporaryFolder folder;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(LoadRig, JointsOfABvhAreThoseWithChannelsAndNotItsEndSites) {
+    const Rig rig = load("rig.bvh", sampleBvh());
+    EXPECT_EQ(names(rig), (Names{"Hips", "Spine", "Chest", "LeftLeg", "RightLeg"}));
+    EXPECT_EQ(rig.joints[0].parent, std::nullopt);
+    EXPECT_EQ(rig.joints[2].parent, 1U);
+    EXPECT_EQ(rig.joints[4].parent, 0U);
+}
+
+TEST_F(LoadRig, JointsOfAGltfAreThoseThatSkinOrMove) {
+    const Rig rig = load("rig.gltf", sampleGltf());
+    EXPECT_EQ(names(rig), (Names{"Base", "Tip"}));
+    EXPECT_EQ(rig.joints[0].aboveRoot[3][1], 5);
+    EXPECT_EQ(rig.joints[1].parent, 0U);
+}
+
+TEST_F(LoadRig, WhatLiesBetweenTwoJointsIsAJoint) {
+    const Rig rig = load("rig.gltf", R"({"asset": {"version": "2.0"}, "scene": 0,
+        "scenes": [{"nodes": [0]}],
+        "nodes": [{"name": "world", "children": [1]}, {"name": "top", "children": [2, 4]},
+                  {"name": "between", "children": [3]}, {"name": "bottom"}, {"name": "beside"}],
+        "animations": [{"channels": [{"sampler": 0, "target": {"node": 1, "path": "translation"}},
+                                     {"sampler": 0, "target": {"node": 3, "path": "translation"}}],
+                        "samplers": [{"input": 0, "output": 1}]}],
+        "accessors": [{"bufferView": 0, "componentType": 5126, "count": 1, "type": "SCALAR"},
+                      {"bufferView": 1, "componentType": 5126, "count": 1, "type": "VEC3"}],
+        "bufferViews": [{"buffer": 0, "byteOffset": 0, "byteLength": 4},
+                        {"buffer": 0, "byteOffset": 4, "byteLength": 12}],
+        "buffers": [{"byteLength": 16,
+                     "uri": "data:application/octet-stream;base64,AAAAAAAAAAAAAAAAAAAAAA=="}]})");
+    EXPECT_EQ(names(rig), (Names{"top", "between", "bottom"}));
+}
+
+TEST_F(LoadRig, AllNodesAreJointsWhereNoneSkinsOrMoves) {
+    const Rig rig = load("rig.gltf", R"({"asset": {"version": "2.0"}, "scene": 0,
+        "scenes": [{"nodes": [0]}],
+        "nodes": [{"name": "a", "children": [1]}, {"name": "b", "translation": [1, 2, 3]}]})");
+    EXPECT_EQ(names(rig), (Names{"a", "b"}));
+    EXPECT_EQ(rig.frameCount, 1U);
+    EXPECT_EQ(rig.joints[1].restWorld[3][2], 3);
+}
+
+TEST_F(LoadRig, TranslationsStandInTheLastRow) {
+    const Rig rig = load("rig.bvh", sampleBvh());
+    const VMatrix& chest = rig.joints[2].restWorld;
+    EXPECT_EQ(chest[3][0], 0);
+    EXPECT_EQ(chest[3][1], 5);
+    EXPECT_EQ(chest[3][3], 1);
+    EXPECT_EQ(chest[1][3], 0);
+}
+
+TEST_F(LoadRig, PoseOfAFrameIsThatOfTheFile) {
+    const Rig rig = load("rig.bvh", sampleBvh());
+    RigFrame frame(rig);
+    frame.pose(3);
+    const VMatrix& chest = frame.joints()[2].matrices[kWorld];
+    // The hips are at (3, 10, 0); the chest is five above them, and turned from x to y.
+    EXPECT_NEAR(chest[3][0], 3, 1e-5);
+    EXPECT_NEAR(chest[3][1], 15, 1e-5);
+    EXPECT_NEAR(chest[0][0], 0, 1e-6);
+    EXPECT_NEAR(chest[0][1], 1, 1e-6);
+    EXPECT_NEAR(chest[1][0], -1, 1e-6);
+}
+
+TEST_F(LoadRig, WeightsAreSharesOfTheSkinsWhereThereAreSkins) {
+    const Rig rig = load("rig.gltf", sampleGltf());
+    EXPECT_DOUBLE_EQ(rig.joints[0].weight, 0.75);
+    EXPECT_DOUBLE_EQ(rig.joints[1].weight, 0.25);
+}
+
+TEST_F(LoadRig, WeightsAreSharesOfTheBonesLengthWhereThereAreNoSkins) {
+    const Rig rig = load("rig.bvh", sampleBvh());
+    const double total = 2 + 3 + 2 * std::sqrt(2.0);
+    EXPECT_DOUBLE_EQ(rig.joints[0].weight, 0);
+    EXPECT_NEAR(rig.joints[1].weight, 2 / total, 1e-6);
+    EXPECT_NEAR(rig.joints[2].weight, 3 / total, 1e-6);
+    EXPECT_NEAR(rig.joints[3].weight, std::sqrt(2.0) / total, 1e-6);
+}
+
+TEST_F(LoadRig, ALoneJointHasTheWholeWeight) {
+    const Rig rig = load("rig.gltf", R"({"asset": {"version": "2.0"}, "scene": 0,
+        "scenes": [{"nodes": [0]}], "nodes": [{"name": "a"}]})");
+    ASSERT_EQ(rig.joints.size(), 1U);
+    EXPECT_EQ(rig.joints[0].weight, 1);
+}
+
+}  // namespace

@@ -1,0 +1,33 @@
+// A node whose ports the built plugin makes: attributes of any shape that a graph type has, to fill
+// and to compare.
+#pragma once
+
+#include "tools/DataShape.h"
+
+#include <OpenVornik/VDataBlock.h>
+#include <OpenVornik/VFnDependencyNode.h>
+#include <Pelmor/Library.h>
+#include <TavrikGraph/Executor/GraphNode.h>
+#include <TavrikGraph/Executor/TranslationLibrary.h>
+
+#include <stdexcept>
+
+class PluginNode {
+public:
+    Tolvane::DataShape addInput(const char* name, const Pelmor::Type& type) {
+        if (!m_node.addPort(name, TavrikGraph::Executor::PortDirection::Input, type))
+            throw std::runtime_error("the plugin made no attribute");
+        return Tolvane::shapeOf(m_node.ports().back().plug);
+    }
+
+    Tolvane::DataPlace place(const Tolvane::DataShape& shape) {
+        return {shape, VFnDependencyNode(m_node.hostNode()).dataBlock().outputValue(shape.plug)};
+    }
+
+    Pelmor::Library types;
+
+private:
+    TavrikGraph::Executor::TranslationLibrary m_library{PLUGIN};
+    TavrikGraph::Executor::GraphNode m_node{m_library.translation(), "node",
+                                            [](const auto&, const auto&) {}};
+};

@@ -1,0 +1,104 @@
+#include "tests/tools/SampleRigs.h"
+#include "tests/tools/TemporaryFolder.h"
+#include "tools/Error.h"
+#include "tools/LoadRig.h"
+#include "tools/Run.h"
+
+#include <TavrikGraph/Executor/TranslationLibrary.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Tolvane;
+
+class Run : public testing::Test {
+protected:
+    RunResult runWith(const RunOptions& options, const RunListener& listener = {}) {
+        return run(rig, library.translation(), options, listener);
+    }
+
+    static std::vector<std::size_t> framesDrawn(const RunResult& result) {
+        std::vector<std::size_t> frames;
+        for (const Snapshot& snapshot : result.snapshots) frames.push_back(snapshot.frame);
+        return frames;
+    }
+
+    TemporaryFolder folder;
+    Rig rig = loadRig(folder.write("rig.bvh", sampleBvh()));
+    TavrikGraph::Executor::TranslationLibrary library{PLUGIN};
+};
+
+TEST_F(Run, EvaluatesEachFrameAndFindsAllEqual) {
+    const RunResult result = runWith({});
+    EXPECT_EQ(result.evaluated, 4U);
+    EXPECT_EQ(result.types.size(), 14U);
+    EXPECT_GT(result.leavesCompared(), 0U);
+    EXPECT_EQ(result.mismatches(), 0U);
+    EXPECT_TRUE(result.ok());
+}
+
+TEST_F(Run, TellsOfItsPortsAndOfEachEvaluation) {
+    std::vector<std::string> ports;
+    std::vector<std::size_t> progress;
+    runWith({}, {[&](const RoundTrip& roundTrip) { ports = roundTrip.portNames(); },
+                 [&](std::size_t done, std::size_t total) {
+                     progress.push_back(done);
+                     EXPECT_EQ(total, 4U);
+                 }});
+    EXPECT_EQ(ports.size(), 28U);
+    EXPECT_THAT(ports, testing::Contains("inNamedTransforms"));
+    EXPECT_THAT(ports, testing::Contains("outPinsArray"));
+    EXPECT_EQ(progress, (std::vector<std::size_t>{1, 2, 3, 4}));
+}
+
+TEST_F(Run, SnapshotsHoldWhatCameOutInTheirFrame) {
+    RunOptions options;
+    options.draw = true;
+    options.frames = FrameRange{1, 3};
+    const RunResult result = runWith(options);
+    EXPECT_EQ(framesDrawn(result), (std::vector<std::size_t>{1, 2, 3}));
+    for (const Snapshot& snapshot : result.snapshots) {
+        ASSERT_EQ(snapshot.worlds.size(), 5U);
+        EXPECT_EQ(snapshot.worlds[0][3][0], static_cast<double>(snapshot.frame));
+        EXPECT_EQ(snapshot.worlds[3][3][1], 9);
+    }
+}
+
+TEST_F(Run, SnapshotsAreSpreadOverManyFrames) {
+    LoadOptions load;
+    load.framesPerSecond = 1000;
+    rig = loadRig(folder.path("rig.bvh"), load);
+    RunOptions options;
+    options.draw = true;
+    EXPECT_EQ(framesDrawn(runWith(options)),
+              (std::vector<std::size_t>{0, 42, 85, 128, 171, 214, 257, 300}));
+}
+
+TEST_F(Run, UnderChurnSnapshotsHaveAllJoints) {
+    RunOptions options;
+    options.draw = true;
+    options.churn = true;
+    const RunResult result = runWith(options);
+    ASSERT_EQ(result.snapshots.size(), 1U);
+    EXPECT_EQ(result.snapshots[0].worlds.size(), 5U);
+}
+
+TEST_F(Run, UnderChurnFewFramesAreGoneThroughAgain) {
+    RunOptions options;
+    options.churn = true;
+    options.frames = FrameRange{2, 2};
+    EXPECT_EQ(runWith(options).evaluated, 4U);
+    options.frames = FrameRange{0, 2};
+    EXPECT_EQ(runWith(options).evaluated, 4U);
+    EXPECT_TRUE(runWith(options).ok());
+}
+
+TEST_F(Run, FramesThatTheRigLacksAreRefused) {
+    EXPECT_EQ(framesOf(rig, std::nullopt).size(), 4U);
+    EXPECT_EQ(framesOf(rig, FrameRange{3, 3}).first, 3U);
+    EXPECT_THROW(framesOf(rig, FrameRange{3, 4}), Error);
+}
+
+}  // namespace

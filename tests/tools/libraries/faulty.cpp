@@ -1,0 +1,79 @@
+// A translation library that passes everything on to the plugin, except where TOLVANE_TEST_FAULT
+// says what it gets wrong.
+#include <OpenVornik/VArrayDataHandle.h>
+#include <OpenVornik/VGlobal.h>
+#include <TavrikGraph/Executor/TranslationLibrary.h>
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace TavrikGraph::Executor;
+
+constexpr std::string_view kFaultyOutput = "outPins";
+
+class FaultyTranslation : public TypeTranslation {
+public:
+    FaultyTranslation() : TypeTranslation("Faulty") {}
+
+    void release() noexcept override { delete this; }
+
+    void getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept override {
+        plugin().getSupportedTypeNames(names);
+    }
+
+    bool translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
+                           const HostContext& context) const noexcept override {
+        if (hasFault("reads nothing") && isPort(context, "inPins")) return false;
+        return plugin().translateFromHost(type, value, context);
+    }
+
+    bool translateToHost(const Pelmor::AnyValue& value,
+                         const HostContext& context) const noexcept override {
+        if (!isPort(context, kFaultyOutput)) return plugin().translateToHost(value, context);
+        if (hasFault("writes nothing")) return true;
+        if (hasFault("refuses to write")) return false;
+        if (hasFault("writes only once") && m_hasWritten) return true;
+        m_hasWritten = true;
+        const bool translated = plugin().translateToHost(value, context);
+        if (hasFault("writes a wrong name")) firstName(context).setString("wrong");
+        if (hasFault("shows a message")) VGlobal::displayError("Something is\nwrong");
+        return translated;
+    }
+
+    bool portAdded(const Pelmor::String& name, PortDirection direction, const Pelmor::Type& type,
+                   std::uint32_t index, std::uint32_t flags,
+                   NodeEditContext* context) const noexcept override {
+        if (hasFault("adds no port") && name == kFaultyOutput.data()) return false;
+        return plugin().portAdded(name, direction, type, index, flags, context);
+    }
+
+private:
+    static bool hasFault(std::string_view fault) {
+        const char* asked = std::getenv("TOLVANE_TEST_FAULT");
+        return asked && asked == fault;
+    }
+
+    static bool isPort(const HostContext& context, std::string_view port) {
+        const std::string name = context.plug->name().asChar();
+        return name.substr(name.rfind('.') + 1) == port;
+    }
+
+    static VDataHandle firstName(const HostContext& context) {
+        const VDataHandle pins = context.dataBlock->outputValue(*context.plug);
+        return VArrayDataHandle(pins.child(context.plug->child(0))).outputValue();
+    }
+
+    TypeTranslation& plugin() const { return m_library.translation(); }
+
+    TranslationLibrary m_library{PLUGIN};
+    mutable bool m_hasWritten = false;
+};
+
+}  // namespace
+
+extern "C" __attribute__((visibility("default"))) TypeTranslation* createTavrikTypeTranslation() {
+    return new FaultyTranslation;
+}

@@ -1,0 +1,60 @@
+#include "tools/ImportScene.h"
+
+#include "tools/CrashGuard.h"
+#include "tools/Error.h"
+
+#include <filesystem>
+#include <fstream>
+#include <new>
+#include <string_view>
+
+#include <assimp/config.h>
+
+namespace Tolvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+void refuseUnreadable(const std::string& path) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    if (!fs::exists(status)) throw Error(path + ": there is no such file");
+    if (fs::is_directory(status)) throw Error(path + ": is a folder, not a file");
+    if (!fs::is_regular_file(status)) throw Error(path + ": is no ordinary file");
+    if (!std::ifstream(path)) throw Error(path + ": cannot be opened for reading");
+    if (fs::file_size(path, ignored) == 0) throw Error(path + ": is empty");
+}
+
+// Assimp's own words, less the path that they may begin with.
+std::string causeOf(std::string_view message, std::string_view path) {
+    if (message.substr(0, 18) == "No suitable reader")
+        return "is no rig, or so damaged that its format cannot be told";
+    if (message.substr(0, path.size()) == path && message.size() > path.size() + 1) {
+        message.remove_prefix(path.size() + 1);
+        return "cannot be read: line " + std::string(message);
+    }
+    return "cannot be read: " +
+           std::string(message.empty() ? "the reader gives no cause" : message);
+}
+
+}  // namespace
+
+const aiScene& importScene(Assimp::Importer& importer, const std::string& path) {
+    refuseUnreadable(path);
+    // Otherwise a file of joints alone is given a mesh that it does not have, and the joints of
+    // some formats are split into several nodes each.
+    importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
+    importer.SetPropertyBool(AI_CONFIG_IMPORT_FBX_PRESERVE_PIVOTS, false);
+
+    const CrashGuard guard(
+        path + ": crashes its reader; it is damaged, or holds what the reader cannot take");
+    try {
+        const aiScene* scene = importer.ReadFile(path, 0);
+        if (scene && scene->mRootNode) return *scene;
+    } catch (const std::exception& exception) {
+        throw Error(path + ": cannot be read: " + exception.what());
+    }
+    throw Error(path + ": " + causeOf(importer.GetErrorString(), path));
+}
+
+}  // namespace Tolvane

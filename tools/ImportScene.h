@@ -1,0 +1,14 @@
+// Reads a rig file with Assimp, and turns whatever can be wrong with the file into one line.
+#pragma once
+
+#include <string>
+
+#include <assimp/Importer.hpp>
+#include <assimp/scene.h>
+
+namespace Tolvane {
+
+// The scene belongs to `importer`. Throws Error, with a line that names the file and the cause.
+const aiScene& importScene(Assimp::Importer& importer, const std::string& path);
+
+}  // namespace Tolvane

@@ -1,0 +1,14 @@
+#include "tools/Rig.h"
+
+#include "tools/MatrixMath.h"
+
+namespace Tolvane {
+
+void poseAtRest(Rig& rig) {
+    for (Joint& joint : rig.joints) {
+        const VMatrix& above = joint.parent ? rig.joints[*joint.parent].restWorld : joint.aboveRoot;
+        joint.restWorld = multiply(joint.restLocal, above);
+    }
+}
+
+}  // namespace Tolvane
