@@ -14,7 +14,6 @@ namespace {
 
 constexpr const char* kPluginName = "TolvanePlugin";
 constexpr const char* kProductName = "Tavrik Plugin";
-constexpr const char* kVersionParts[] = {"2", "11", "0", "0"};
 constexpr const char* kBuildNumber = "86";
 constexpr const char* kBranch = "release";
 constexpr int kPluginNameWidth = 16;
@@ -50,7 +49,7 @@ std::string buildVersionString() {
 std::string versionNumberString() {
     std::ostringstream text;
     const char* separator = "";
-    for (const char* part : kVersionParts) {
+    for (const char* part : BuildRecord::kVersionParts) {
         text << separator << std::atoi(part);
         separator = ".";
     }

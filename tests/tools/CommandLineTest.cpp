@@ -53,6 +53,7 @@ TEST_F(CommandLine, HelpAndVersionSucceed) {
         EXPECT_EQ(process.errors, "");
         EXPECT_THAT(process.output, HasSubstr("tolvane"));
     }
+    EXPECT_EQ(runTolvane({"--version"}).output, "tolvane 2.11.0.0\n");
     EXPECT_THAT(runTolvane({"run", "--help"}).output,
                 AllOf(HasSubstr("--frames"), HasSubstr("--fps"), HasSubstr("--animation"),
                       HasSubstr("--churn"), HasSubstr("--svg"), HasSubstr("--json"),
