@@ -4,6 +4,7 @@
 #include "tests/plugin/Translation.h"
 #include "tests/support/AllocationCount.h"
 #include "tests/support/AllocationFailure.h"
+#include "tests/support/AllocationYield.h"
 
 #include <Pelmor/Library.h>
 
@@ -43,6 +44,7 @@ int threadsThatBuild(const std::function<void()>& operation) {
         threads.emplace_back([&] {
             --waiting;
             while (waiting > 0) std::this_thread::yield();
+            const TestSupport::AllocationYield yield;
             if (builds(operation)) ++building;
         });
     for (std::thread& thread : threads) thread.join();

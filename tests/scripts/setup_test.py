@@ -8,8 +8,8 @@ from pathlib import Path
 
 SETUP = Path(__file__).parents[2] / "scripts/setup"
 
-PACKAGES = """g++ clang binutils cmake ninja-build git clang-format python3 libassimp-dev
-    libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev""".split()
+PACKAGES = """g++ clang libclang-rt-dev binutils cmake ninja-build git clang-format clang-tidy gcovr python3
+    libassimp-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev""".split()
 
 
 class Setup(unittest.TestCase):

@@ -1,11 +1,13 @@
 #include "tests/support/AllocationCount.h"
 
 #include "tests/support/AllocationFailure.h"
+#include "tests/support/AllocationYield.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
+#include <thread>
 
 namespace {
 
@@ -13,6 +15,7 @@ thread_local std::uint64_t t_allocations = 0;
 thread_local std::uint64_t t_deallocations = 0;
 // 0 where none is to fail.
 thread_local std::uint64_t t_allocationsUntilFailure = 0;
+thread_local bool t_yields = false;
 
 }  // namespace
 
@@ -35,9 +38,16 @@ AllocationFailure::AllocationFailure(std::uint64_t nth) noexcept {
 
 AllocationFailure::~AllocationFailure() { t_allocationsUntilFailure = 0; }
 
+bool AllocationFailure::isPending() const noexcept { return t_allocationsUntilFailure > 0; }
+
+AllocationYield::AllocationYield() noexcept { t_yields = true; }
+
+AllocationYield::~AllocationYield() { t_yields = false; }
+
 }  // namespace TestSupport
 
 void* operator new(std::size_t size) {
+    if (t_yields) std::this_thread::yield();
     if (t_allocationsUntilFailure > 0 && --t_allocationsUntilFailure == 0) throw std::bad_alloc();
     void* block = std::malloc(std::max<std::size_t>(size, 1));
     if (!block) throw std::bad_alloc();

@@ -11,7 +11,7 @@ struct WatchedPointees::Block : Pelmor::ControlBlock {
 
     static void dispose(Pelmor::ControlBlock* block) noexcept {
         auto& self = *static_cast<Block*>(block);
-        self.owner.m_releases.push_back(self.place);
+        self.owner.addRelease(self.place);
         if (self.owner.m_onRelease) self.owner.m_onRelease(self.place);
     }
 
@@ -25,6 +25,11 @@ struct WatchedPointees::Block : Pelmor::ControlBlock {
 Pelmor::ControlBlock* WatchedPointees::addBlock(std::shared_ptr<void> pointee) {
     m_blocks.push_back(std::make_shared<Block>(*this, m_blocks.size(), std::move(pointee)));
     return m_blocks.back().get();
+}
+
+void WatchedPointees::addRelease(std::size_t place) {
+    const std::lock_guard lock(m_releasesMutex);
+    m_releases.push_back(place);
 }
 
 UseCounts WatchedPointees::counts() const {

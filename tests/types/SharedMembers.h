@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <type_traits>
 #include <utility>
@@ -90,7 +91,8 @@ void expectNewArrays(const Record& record, std::set<const void*>& arrays) {
 // Pointees that were released, by their place among the shared members.
 using Releases = std::vector<std::size_t>;
 
-// One pointee for each shared member of one record. It outlives every pointer to them.
+// One pointee for each shared member of one record. It outlives every pointer to them. Several
+// threads may drop those pointers at once.
 class WatchedPointees {
 public:
     // Lets every shared member of `record` point to a pointee of its own, with a use count of 1.
@@ -112,8 +114,10 @@ private:
     }
 
     Pelmor::ControlBlock* addBlock(std::shared_ptr<void> pointee);
+    void addRelease(std::size_t place);
 
     std::vector<std::shared_ptr<Block>> m_blocks;
+    std::mutex m_releasesMutex;
     Releases m_releases;
     std::function<void(std::size_t)> m_onRelease;
 };

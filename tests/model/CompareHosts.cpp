@@ -1,0 +1,98 @@
+#include "tests/model/Compare.h"
+#include "tests/model/Text.h"
+
+#include <OpenVornik/VArrayDataHandle.h>
+
+#include <cstring>
+
+namespace ModelTests {
+namespace {
+
+using namespace Model;
+
+Difference compare(VDataHandle handle, const VPlug& plug, const HostNode& node);
+
+struct Comparison {
+    VDataHandle handle;
+    const VPlug& plug;
+
+    Difference operator()(std::monostate) const { return {}; }
+
+    Difference operator()(Number model) const {
+        const Number product = numberOf(handle.asDouble());
+        return product == model ? Difference() : differ(textOf(product), textOf(model));
+    }
+
+    Difference operator()(const std::string& model) const {
+        const char* product = handle.asString().asChar();
+        return product == model ? Difference() : differ(textOf(product), textOf(model));
+    }
+
+    Difference operator()(const Matrix& model) const {
+        Matrix product;
+        std::memcpy(product.data(), handle.asMatrix().matrix, sizeof product);
+        return product == model ? Difference() : differ(textOf(product), textOf(model));
+    }
+
+    Difference operator()(const Compound& children) const {
+        Difference found;
+        for (unsigned i = 0; i < children.size() && !found; ++i) {
+            const VPlug child = plug.child(i);
+            found = at("." + std::to_string(i), compare(handle.child(child), child, children[i]));
+        }
+        return found;
+    }
+
+    Difference operator()(const HostArray& model) const {
+        VArrayDataHandle product(handle);
+        const std::size_t count = product.elementCount();
+        if (count != model.size())
+            return differ(std::to_string(count) + " elements",
+                          std::to_string(model.size()) + " elements");
+        for (const auto& [index, element] : model) {
+            const std::string place = "[" + std::to_string(index) + "]";
+            if (product.elementIndex() != index)
+                return at(place,
+                          differ("one at " + std::to_string(product.elementIndex()), "this"));
+            const VPlug elementPlug = plug.elementByLogicalIndex(index);
+            if (auto found = at(place, compare(product.outputValue(), elementPlug, element)))
+                return found;
+            product.next();
+        }
+        return {};
+    }
+};
+
+Difference compare(VDataHandle handle, const VPlug& plug, const HostNode& node) {
+    return std::visit(Comparison{handle, plug}, node.content);
+}
+
+Difference compareClean(const VDataBlock& block, const VPlug& plug, const HostAttribute& model) {
+    const bool isClean = block.isClean(plug.attribute());
+    if (isClean != model.isClean)
+        return differ(isClean ? "clean" : "dirty", model.isClean ? "clean" : "dirty");
+    // The whole of an array has no children, only an element of it.
+    const VPlug above = plug.isArray() ? plug.elementByLogicalIndex(0) : plug;
+    Difference found;
+    for (unsigned i = 0; i < model.children.size() && !found; ++i)
+        found =
+            at("." + std::to_string(i), compareClean(block, above.child(i), *model.children[i]));
+    return found;
+}
+
+}  // namespace
+
+Difference compareHosts(const ProductWorld& product, const ModelWorld& model) {
+    Difference found;
+    for (std::size_t i = 0; i < model.ports().size() && !found; ++i) {
+        const Port& port = model.ports()[i];
+        const VPlug& plug = product.ports()[i];
+        VDataBlock block = product.block();
+        found = compare(block.outputValue(plug), plug, port.data);
+        if (!found) found = compareClean(block, plug, *port.attribute);
+        found = at("port " + std::to_string(i), found);
+    }
+    return found;
+}
+
+}  // namespace ModelTests
