@@ -1,6 +1,7 @@
-// Third-party readers of rig files crash on some damaged ones. While a guard lives, a crash of the
-// process becomes what any other unreadable file is: one line on standard error and exit status 2.
-// At most one guard lives at a time.
+// Third-party readers of rig files crash on some damaged ones, with words of their own. While a
+// guard lives, a crash of the process becomes what any other unreadable file is: one line on
+// standard error and exit status 2. Nothing else gets to standard error meanwhile. At most one
+// guard lives at a time.
 #pragma once
 
 #include <array>

@@ -47,8 +47,8 @@ RunResult run(const Rig& rig, TavrikGraph::Executor::TypeTranslation& translatio
     const VErrorListener errors(
         [&result](const VString& message) { result.hostMessages.emplace_back(message.asChar()); });
     const FrameRange frames = framesOf(rig, options.frames);
-    const std::size_t evaluations =
-        options.churn ? std::max(frames.size(), kShareCount) : frames.size();
+    const std::size_t evaluations = options.evaluations.value_or(
+        options.churn ? std::max(frames.size(), kShareCount) : frames.size());
     const auto drawn =
         options.draw ? evaluationsToDraw(evaluations, options.churn) : std::set<std::size_t>();
 

@@ -18,6 +18,9 @@ namespace Tolvane {
 struct RunOptions {
     // All frames without.
     std::optional<FrameRange> frames = {};
+    // How often the node is evaluated, the frames being gone through again and again. Without, once
+    // for each frame; under churn at least four times.
+    std::optional<std::size_t> evaluations = {};
     bool churn = false;
     // Whether snapshots for a picture are taken.
     bool draw = false;
@@ -27,8 +30,6 @@ struct RunResult {
     std::vector<TypeResult> types;
     // What the host displayed, in order.
     std::vector<std::string> hostMessages;
-    // How often the node was evaluated. That is once for each frame; under churn at least four
-    // times, the frames being gone through again where they are fewer.
     std::size_t evaluated = 0;
     std::vector<Snapshot> snapshots;
 

@@ -1,6 +1,7 @@
 #include "tools/CrashGuard.h"
 
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 
 #include <gtest/gtest.h>
@@ -25,6 +26,26 @@ TEST(CrashGuardDeathTest, AnAbortBecomesThatToo) {
             std::abort();
         },
         testing::ExitedWithCode(2), "^tolvane: rig.bvh: is so damaged\n$");
+}
+
+TEST(CrashGuardDeathTest, WhatIsSaidBeforeTheCrashIsLeftOut) {
+    EXPECT_EXIT(
+        {
+            const CrashGuard guard("rig.bvh: is so damaged");
+            std::fputs("double free or corruption\n", stderr);
+            std::abort();
+        },
+        testing::ExitedWithCode(2), "^tolvane: rig.bvh: is so damaged\n$");
+}
+
+TEST(CrashGuardDeathTest, AfterTheGuardStandardErrorIsHeardAgain) {
+    EXPECT_EXIT(
+        {
+            { const CrashGuard guard("rig.bvh: is so damaged"); }
+            std::fputs("heard", stderr);
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "^heard$");
 }
 
 TEST(CrashGuardDeathTest, AfterTheGuardACrashIsACrash) {

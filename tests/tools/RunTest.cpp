@@ -95,6 +95,26 @@ TEST_F(Run, UnderChurnFewFramesAreGoneThroughAgain) {
     EXPECT_TRUE(runWith(options).ok());
 }
 
+TEST_F(Run, EvaluatesAsOftenAsAsked) {
+    RunOptions options;
+    options.evaluations = 10;
+    options.frames = FrameRange{1, 3};
+    const RunResult result = runWith(options);
+    EXPECT_EQ(result.evaluated, 10U);
+    EXPECT_TRUE(result.ok());
+    options.evaluations = 1;
+    options.churn = true;
+    EXPECT_EQ(runWith(options).evaluated, 1U);
+}
+
+TEST_F(Run, GoesThroughTheFramesAgainWhereMoreEvaluationsAreAsked) {
+    RunOptions options;
+    options.evaluations = 5;
+    options.frames = FrameRange{1, 3};
+    options.draw = true;
+    EXPECT_EQ(framesDrawn(runWith(options)), (std::vector<std::size_t>{1, 2, 3, 1, 2}));
+}
+
 TEST_F(Run, FramesThatTheRigLacksAreRefused) {
     EXPECT_EQ(framesOf(rig, std::nullopt).size(), 4U);
     EXPECT_EQ(framesOf(rig, FrameRange{3, 3}).first, 3U);

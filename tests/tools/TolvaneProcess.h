@@ -22,11 +22,12 @@ inline std::string quoted(const std::string& text) {
     return result + "'";
 }
 
-// `environment` is of the form NAME=VALUE.
+// `environment` is of the form NAME=VALUE. A process that was killed, as one is that takes longer
+// than a minute, has a status of more than 2 or less than 0.
 inline TolvaneProcess runTolvane(const std::vector<std::string>& arguments,
                                  const std::string& environment = "TOLVANE_TEST_FAULT=") {
     const TemporaryFolder folder;
-    std::string command = "env " + quoted(environment) + " " + quoted(TOLVANE);
+    std::string command = "timeout -s KILL 60 env " + quoted(environment) + " " + quoted(TOLVANE);
     for (const std::string& argument : arguments) command += " " + quoted(argument);
     command += " </dev/null >" + quoted(folder.path("out")) + " 2>" + quoted(folder.path("err"));
     const int result = std::system(command.c_str());

@@ -1,0 +1,14 @@
+// Ways in which a file comes to harm, each decided by a seed alone.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct Damage {
+    const char* name;
+    // `content` is not empty.
+    void (*inflict)(std::string& content, std::uint32_t seed);
+};
+
+const std::vector<Damage>& damages();
