@@ -12,8 +12,6 @@
 
 namespace Rigging::Module {
 
-struct TranslatorRow;
-
 class TranslatorRegistry {
 public:
     struct NameLess {
@@ -47,7 +45,9 @@ public:
 
 private:
     TranslatorRegistry();
-    void registerTranslators(const TranslatorRow& row);
+    // What carries a record type of this name, and what carries the arrays of it.
+    template <typename Record, auto write, auto writeArray>
+    void registerTranslators(const char* typeName, HostReader read, HostReader readArray);
 
     // In this order: the writers are destroyed first.
     Readers m_readers;

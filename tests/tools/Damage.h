@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -10,5 +11,7 @@ struct Damage {
     // `content` is not empty.
     void (*inflict)(std::string& content, std::uint32_t seed);
 };
+
+inline void PrintTo(const Damage& damage, std::ostream* out) { *out << damage.name; }
 
 const std::vector<Damage>& damages();

@@ -1,6 +1,7 @@
 // The bundled example as a file of each format that it can be written in.
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,8 @@ struct RigFormat {
     Readable written;
     Readable readAgain;
 };
+
+inline void PrintTo(const RigFormat& format, std::ostream* out) { *out << format.name; }
 
 // Of the formats that hold a tree of joints, all that Assimp writes.
 const std::vector<RigFormat>& rigFormats();
