@@ -9,28 +9,28 @@ namespace Rigging::Module {
 
 VObject createStringAttribute(const VString& name, bool isArray) {
     VFnTypedAttribute attribute;
-    const VObject object = attribute.create(name, name, VFnData::kString, VObject::kNullObj);
+    VObject object = attribute.create(name, name, VFnData::kString, VObject::kNullObj);
     attribute.setArray(isArray);
     return object;
 }
 
 VObject createMatrixAttribute(const VString& name, bool isArray) {
     VFnMatrixAttribute attribute;
-    const VObject object = attribute.create(name, name, VFnMatrixAttribute::kDouble);
+    VObject object = attribute.create(name, name, VFnMatrixAttribute::kDouble);
     attribute.setArray(isArray);
     return object;
 }
 
 VObject createDoubleAttribute(const VString& name, bool isArray) {
     VFnNumericAttribute attribute;
-    const VObject object = attribute.create(name, name, VFnNumericData::kDouble, 0.0);
+    VObject object = attribute.create(name, name, VFnNumericData::kDouble, 0.0);
     attribute.setArray(isArray);
     return object;
 }
 
 VObject createObjectAttribute(const VString& name, bool isArray) {
     VFnGenericAttribute attribute;
-    const VObject object = attribute.create(name, name);
+    VObject object = attribute.create(name, name);
     attribute.setArray(isArray);
     return object;
 }

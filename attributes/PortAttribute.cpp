@@ -71,7 +71,7 @@ VObject createPortAttribute(const Pelmor::Type& type, const VString& name, bool 
 VObject createCompoundAttribute(const Pelmor::StructType& type, const VString& name, bool isInput,
                                 bool isArray) {
     VFnCompoundAttribute compound;
-    const VObject object = compound.create(name, name);
+    VObject object = compound.create(name, name);
     setPortFlags(compound, isInput, isArray);
     for (auto member = type.begin(), end = type.end(); member != end; ++member) {
         const auto child = createMemberAttribute((*member).getType(), childName(*member), isInput);
@@ -85,7 +85,7 @@ VObject createCompoundAttribute(const Pelmor::StructType& type, const VString& n
 VObject createEnumAttribute(const Pelmor::EnumType& type, const VString& name, bool isInput,
                             bool isArray) {
     VFnEnumAttribute attribute;
-    const VObject object = attribute.create(name, name, 0);
+    VObject object = attribute.create(name, name, 0);
     setPortFlags(attribute, isInput, isArray);
     for (auto enumeration = type.begin(), end = type.end(); enumeration != end; ++enumeration) {
         const auto lowBits = static_cast<std::uint16_t>((*enumeration).getValue());

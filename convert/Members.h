@@ -15,9 +15,9 @@ template <typename Record>
 struct Members;
 
 template <typename T, typename = void>
-constexpr bool kIsRecord = false;
+inline constexpr bool kIsRecord = false;
 template <typename T>
-constexpr bool kIsRecord<T, std::void_t<decltype(Members<T>::list)>> = true;
+inline constexpr bool kIsRecord<T, std::void_t<decltype(Members<T>::list)>> = true;
 
 template <>
 struct Members<Transform> {

@@ -8,7 +8,7 @@
 namespace Tolvane {
 namespace {
 
-constexpr std::size_t kStackSize = 64 * 1024;
+constexpr std::size_t kStackSize = std::size_t{64} * 1024;
 
 // Made before the crash: a handler may not allocate.
 std::string s_line;

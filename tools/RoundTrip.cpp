@@ -97,7 +97,7 @@ DataPlace RoundTrip::place(const Port& port) {
 
 std::vector<std::string> RoundTrip::portNames() const {
     std::vector<std::string> names;
-    for (const auto& port : m_node.ports()) names.push_back(port.name.c_str());
+    for (const auto& port : m_node.ports()) names.emplace_back(port.name.c_str());
     return names;
 }
 

@@ -2,12 +2,11 @@
 
 #include "version/BuildRecord.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <iomanip>
 #include <iostream>
 #include <sstream>
-
-#include <stdio.h>
 
 namespace Rigging::Module {
 namespace {

@@ -62,7 +62,8 @@ public:
     // Touches no count where both already share one pointee.
     Ptr& operator=(const Ptr& other) noexcept {
         if (m_object == other.m_object && m_control == other.m_control) return *this;
-        return *this = Ptr(other);
+        operator=(Ptr(other));
+        return *this;
     }
     Ptr& operator=(Ptr&& other) noexcept {
         if (this == &other) return *this;

@@ -73,7 +73,7 @@ private:
 
     SharedText* sharedText() const noexcept {
         SharedText* text;
-        std::memcpy(&text, m_bytes, sizeof text);
+        std::memcpy(&text, m_bytes, sizeof(void*));
         return text;
     }
 

@@ -19,7 +19,7 @@ String::String(const char* text, std::size_t length) {
     auto* shared = new (block) SharedText{{1}, length};
     std::copy_n(text, length, shared->characters());
     shared->characters()[length] = '\0';
-    std::memcpy(m_bytes, &shared, sizeof shared);
+    std::memcpy(m_bytes, &shared, sizeof(void*));
     m_bytes[kInlineCapacity] = kSharedMark;
 }
 

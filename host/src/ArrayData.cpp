@@ -113,7 +113,7 @@ void ArrayData::insertAt(std::size_t position, unsigned logicalIndex) {
 
 ArrayData::Block* ArrayData::makeBlock() const {
     void* memory = ::operator new(sizeof(Block) + m_attribute.valueExtent().size);
-    Block* block = new (memory) Block();
+    auto* block = new (memory) Block();
     constructValue(m_attribute, block->value());
     return block;
 }

@@ -115,7 +115,7 @@ bool Node::hasNameClash(const std::vector<Attribute*>& tree) const {
     return false;
 }
 
-bool Node::knows(const Attribute& attribute) const noexcept {
+bool Node::knows(const Attribute& attribute) noexcept {
     return !attribute.parent() || attribute.enforcingUniqueName;
 }
 

@@ -50,7 +50,7 @@ public:
 
 private:
     bool hasNameClash(const std::vector<Attribute*>& tree) const;
-    bool knows(const Attribute& attribute) const noexcept;
+    static bool knows(const Attribute& attribute) noexcept;
 
     VString m_name;
     std::vector<Attribute*> m_roots;

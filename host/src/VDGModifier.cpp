@@ -100,7 +100,7 @@ VStatus VDGModifier::addAttribute(const VObject& node, const VObject& attribute)
     const Attribute* added = attribute.asAttribute();
     if (!node.asNode() || !added) return VStatus::kInvalidParameter;
     if (added->parent() || added->node()) return VStatus::kFailure;
-    m_operations->queue.push_back(AttributeAddition(node, attribute));
+    m_operations->queue.emplace_back(AttributeAddition(node, attribute));
     return VStatus::kSuccess;
 }
 
@@ -109,7 +109,7 @@ VStatus VDGModifier::connect(const VPlug& source, const VPlug& destination) {
     if (answer.error()) return answer;
     const Connection connection{source, destination};
     if (!isConnectable(connection)) return VStatus::kInvalidParameter;
-    m_operations->queue.push_back(ConnectionMaking(connection));
+    m_operations->queue.emplace_back(ConnectionMaking(connection));
     return VStatus::kSuccess;
 }
 
@@ -117,6 +117,6 @@ VStatus VDGModifier::disconnect(const VPlug& source, const VPlug& destination) {
     const VStatus answer = refusal("VDGModifier::disconnect", source, destination);
     if (answer.error()) return answer;
     if (source.isNull() || destination.isNull()) return VStatus::kInvalidParameter;
-    m_operations->queue.push_back(ConnectionBreaking({source, destination}));
+    m_operations->queue.emplace_back(ConnectionBreaking({source, destination}));
     return VStatus::kSuccess;
 }
