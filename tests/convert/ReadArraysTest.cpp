@@ -85,13 +85,16 @@ TYPED_TEST(ReadArray, TakesNoElementOfAnEmptyHostArray) {
 
 TYPED_TEST(ReadArray, ReplacesTheArrayAndReleasesTheOneBefore) {
     auto port = HostPort::ofNumberedArray<TypeParam>({0, 1});
-    const auto before = numberedElements<TypeParam>(3, 500);
-    auto array = before;
-    Translators<TypeParam>::readArray(port.handle, port.plug, array);
-    EXPECT_NE(array, before);
-    EXPECT_EQ(before.useCount(), 1u);
-    EXPECT_EQ(leavesOf(before), leavesOf(numberedElements<TypeParam>(3, 500)));
-    EXPECT_EQ(leavesOf(array), leavesOf(numberedElements<TypeParam>(2)));
+    // Also where the one before has as many elements.
+    for (const unsigned length : {2u, 3u}) {
+        const auto before = numberedElements<TypeParam>(length, 500);
+        auto array = before;
+        Translators<TypeParam>::readArray(port.handle, port.plug, array);
+        EXPECT_NE(array, before);
+        EXPECT_EQ(before.useCount(), 1u);
+        EXPECT_EQ(leavesOf(before), leavesOf(numberedElements<TypeParam>(length, 500)));
+        EXPECT_EQ(leavesOf(array), leavesOf(numberedElements<TypeParam>(2)));
+    }
 }
 
 TYPED_TEST(ReadArray, TwiceGivesArraysThatShareNothing) {
