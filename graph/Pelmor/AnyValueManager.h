@@ -98,6 +98,29 @@ constexpr bool kHeldInPlace =
 template <typename T>
 using HolderStorage = std::conditional_t<kHeldInPlace<T>, InPlaceStorage<T>, HeapStorage<T>>;
 
+// The operations that call others are functions of their own, so that those that do not need no
+// stack: a holder is looked into and moved far more often than it is copied.
+template <typename T>
+[[gnu::noinline]] void destroyHeld(HolderWords& holder) {
+    HolderStorage<T>::destroy(holder);
+    holder.manager = nullptr;
+}
+
+template <typename T>
+[[gnu::noinline]] void copyHeld(HolderWords& holder, HolderWords& destination) {
+    destination = {};
+    HolderStorage<T>::construct(destination, std::as_const(*HolderStorage<T>::held(holder)));
+    destination.manager = holder.manager;
+}
+
+template <typename T>
+[[gnu::noinline]] void getIfEqual(AnyValueRequest& request) {
+    auto& holder = *static_cast<HolderWords*>(request.operand1);
+    const auto& wanted = *static_cast<const TypeInfo*>(request.operand2);
+    if (typeInfoEquals(wanted, HeldIdentity<T>::s_record))
+        request.operand3 = static_cast<T*>(HolderStorage<T>::held(holder));
+}
+
 // The manager of T.
 template <typename T>
 void manageHeld(AnyValueRequest* request) {
@@ -105,16 +128,9 @@ void manageHeld(AnyValueRequest* request) {
     auto& holder = *static_cast<HolderWords*>(request->operand1);
     switch (request->operation) {
         case AnyValueOp::Destroy:
-            Storage::destroy(holder);
-            holder.manager = nullptr;
-            break;
-        case AnyValueOp::Copy: {
-            auto& destination = *static_cast<HolderWords*>(request->operand2);
-            destination = {};
-            Storage::construct(destination, std::as_const(*Storage::held(holder)));
-            destination.manager = holder.manager;
-            break;
-        }
+            return destroyHeld<T>(holder);
+        case AnyValueOp::Copy:
+            return copyHeld<T>(holder, *static_cast<HolderWords*>(request->operand2));
         case AnyValueOp::Move: {
             auto& destination = *static_cast<HolderWords*>(request->operand2);
             destination = {};
@@ -124,8 +140,14 @@ void manageHeld(AnyValueRequest* request) {
         }
         case AnyValueOp::GetIfType: {
             const auto& wanted = *static_cast<const TypeInfo*>(request->operand2);
-            const bool matches = typeInfoEquals(wanted, HeldIdentity<T>::s_record);
-            request->operand3 = matches ? static_cast<T*>(Storage::held(holder)) : nullptr;
+            const TypeInfo& own = HeldIdentity<T>::s_record;
+            request->operand3 = nullptr;
+            // Within one library it is mostly the same record, which equals itself, or one that
+            // cannot be equal.
+            if (&wanted == &own)
+                request->operand3 = static_cast<T*>(Storage::held(holder));
+            else if (wanted.nameLength == own.nameLength || wanted.name == own.name)
+                return getIfEqual<T>(*request);
             break;
         }
         case AnyValueOp::Get:

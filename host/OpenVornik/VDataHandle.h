@@ -13,6 +13,7 @@
 #include <OpenVornik/VString.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 class OPENVORNIK_API VDataHandle {
@@ -20,7 +21,7 @@ public:
     // A null handle.
     VDataHandle() noexcept = default;
 
-    bool isNull() const noexcept { return m_storage == nullptr; }
+    bool isNull() const noexcept { return m_place == nullptr; }
 
     // The data of a child of this compound, found by the plug's attribute, whatever element the
     // plug stands in. A null handle where this compound has no such child.
@@ -47,9 +48,9 @@ private:
     friend class VArrayDataHandle;
     friend class VArrayDataBuilder;
 
-    VDataHandle(OpenVornik::Internal::Node* node, const OpenVornik::Internal::Attribute* attribute,
-                std::byte* storage, bool isElement) noexcept
-        : m_node(node), m_attribute(attribute), m_storage(storage), m_isElement(isElement) {}
+    VDataHandle(const OpenVornik::Internal::Attribute* attribute, std::byte* storage,
+                bool isElement) noexcept
+        : m_attribute(attribute), m_place(storage + (isElement ? 1 : 0)) {}
 
     template <typename T>
     T& as(std::string_view operation) const;
@@ -58,12 +59,14 @@ private:
     // Null where the data is no T.
     template <typename T>
     T* find() const noexcept;
+    // One element of the array attribute, rather than all there is of the attribute.
+    bool isElement() const noexcept { return reinterpret_cast<std::uintptr_t>(m_place) % 2 == 1; }
+    std::byte* storage() const noexcept { return m_place - (isElement() ? 1 : 0); }
     // One value, rather than a whole array or nothing.
     bool holdsValue() const noexcept;
 
-    OpenVornik::Internal::Node* m_node = nullptr;
+    // Two words go through registers, and handles come and go all the time. Values lie at even
+    // addresses; an element's handle points one byte behind its own.
     const OpenVornik::Internal::Attribute* m_attribute = nullptr;
-    std::byte* m_storage = nullptr;
-    // One element of the array attribute, rather than the whole array.
-    bool m_isElement = false;
+    std::byte* m_place = nullptr;
 };

@@ -10,6 +10,7 @@
 #include <OpenVornik/VString.h>
 
 #include <array>
+#include <cstdint>
 
 namespace OpenVornik::Internal {
 struct PlugAccess;
@@ -55,11 +56,19 @@ public:
 private:
     friend struct OpenVornik::Internal::PlugAccess;
 
+    // A child of `above`, in the same element.
+    VPlug(const VPlug& above, const OpenVornik::Internal::Attribute* attribute) noexcept
+        : m_indices(above.m_indices),
+          m_node(above.m_node),
+          m_attribute(attribute),
+          m_depth(above.m_depth) {}
+
     bool equals(const VPlug& other) const noexcept;
 
+    // One logical index for each array above and, in an element plug, for the attribute itself.
+    // They stand first, and all members in pairs of words, as plugs are copied all the time.
+    std::array<unsigned, kMaxArrayDepth> m_indices{};
     OpenVornik::Internal::Node* m_node = nullptr;
     const OpenVornik::Internal::Attribute* m_attribute = nullptr;
-    // One logical index for each array above and, in an element plug, for the attribute itself.
-    unsigned m_depth = 0;
-    std::array<unsigned, kMaxArrayDepth> m_indices{};
+    std::uint64_t m_depth = 0;
 };

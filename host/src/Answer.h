@@ -20,6 +20,10 @@ inline NoValue fail(VStatus* status, VStatus::Code code) noexcept {
     return {};
 }
 
+inline void succeed(VStatus* status) noexcept {
+    if (status) *status = VStatus::kSuccess;
+}
+
 template <typename T>
 T succeed(VStatus* status, T value) {
     if (status) *status = VStatus::kSuccess;

@@ -17,7 +17,8 @@ struct alignas(std::max_align_t) ArrayData::Block {
 };
 
 ArrayData::~ArrayData() {
-    for (Block* block : m_blocks) drop(block);
+    for (Block* block : m_blocks)
+        if (block) drop(block);
 }
 
 std::byte* ArrayData::element(std::size_t position) const noexcept {
@@ -38,9 +39,12 @@ std::byte* ArrayData::add(unsigned logicalIndex) {
 
 std::byte* ArrayData::addUnshared(unsigned logicalIndex) {
     const std::size_t position = lowerBound(logicalIndex);
-    if (position == size() || m_indices[position] != logicalIndex) {
+    if (position == m_indices.size() || m_indices[position] != logicalIndex) {
         insertAt(position, logicalIndex);
-    } else if (Block*& block = m_blocks[position]; block->uses > 1) {
+    } else if (Block*& block = m_blocks[position]; !block) {
+        block = makeBlock();
+        --m_removed;
+    } else if (block->uses > 1) {
         Block* own = copyOf(*block);
         drop(std::exchange(block, own));
     }
@@ -48,11 +52,11 @@ std::byte* ArrayData::addUnshared(unsigned logicalIndex) {
 }
 
 bool ArrayData::remove(unsigned logicalIndex) noexcept {
-    const std::size_t position = positionOf(logicalIndex);
-    if (position == size()) return false;
-    drop(m_blocks[position]);
-    m_indices.erase(m_indices.begin() + static_cast<std::ptrdiff_t>(position));
-    m_blocks.erase(m_blocks.begin() + static_cast<std::ptrdiff_t>(position));
+    const std::size_t position = lowerBound(logicalIndex);
+    if (position == m_indices.size() || m_indices[position] != logicalIndex) return false;
+    if (!m_blocks[position]) return false;
+    drop(std::exchange(m_blocks[position], nullptr));
+    ++m_removed;
     return true;
 }
 
@@ -67,8 +71,9 @@ std::unique_ptr<ArrayData> ArrayData::share() const {
 void ArrayData::replaceBy(const ArrayData& builder) {
     std::vector<Block*> blocks;
     blocks.reserve(builder.size());
-    for (std::size_t i = 0; i < builder.size(); ++i) {
+    for (std::size_t i = 0; i < builder.m_blocks.size(); ++i) {
         Block* block = builder.m_blocks[i];
+        if (!block) continue;
         const std::size_t position = positionOf(builder.m_indices[i]);
         const bool isMine = position < size() && m_blocks[position] == block;
         if (isMine || block->uses == 1) {
@@ -78,7 +83,10 @@ void ArrayData::replaceBy(const ArrayData& builder) {
             blocks.push_back(copyOf(*block));
         }
     }
-    m_indices = builder.m_indices;
+    m_indices.clear();
+    m_indices.reserve(builder.size());
+    for (std::size_t i = 0; i < builder.m_blocks.size(); ++i)
+        if (builder.m_blocks[i]) m_indices.push_back(builder.m_indices[i]);
     m_blocks.swap(blocks);
     for (Block* replaced : blocks) drop(replaced);
 }
@@ -99,8 +107,9 @@ void ArrayData::copy(const ArrayData& other) {
 
 // Arrays are mostly dense and mostly grow at their end; neither takes a search.
 std::size_t ArrayData::lowerBound(unsigned logicalIndex) const noexcept {
-    if (m_indices.empty() || m_indices.back() < logicalIndex) return size();
-    if (logicalIndex < size() && m_indices[logicalIndex] == logicalIndex) return logicalIndex;
+    const std::size_t end = m_indices.size();
+    if (m_indices.empty() || m_indices.back() < logicalIndex) return end;
+    if (logicalIndex < end && m_indices[logicalIndex] == logicalIndex) return logicalIndex;
     const auto bound = std::lower_bound(m_indices.begin(), m_indices.end(), logicalIndex);
     return static_cast<std::size_t>(bound - m_indices.begin());
 }

@@ -21,7 +21,7 @@ public:
     ArrayData& operator=(const ArrayData&) = delete;
     ~ArrayData();
 
-    std::size_t size() const noexcept { return m_indices.size(); }
+    std::size_t size() const noexcept { return m_indices.size() - m_removed; }
     unsigned logicalIndex(std::size_t position) const noexcept { return m_indices[position]; }
     std::byte* element(std::size_t position) const noexcept;
     // size() where there is no such element.
@@ -31,7 +31,8 @@ public:
     std::byte* add(unsigned logicalIndex);
     // The same, for a builder: an element that no other array sees.
     std::byte* addUnshared(unsigned logicalIndex);
-    // False where there is no such element.
+    // Of a builder: an array has its elements by position, and a removed one keeps its place. False
+    // where there is no such element.
     bool remove(unsigned logicalIndex) noexcept;
 
     std::unique_ptr<ArrayData> share() const;
@@ -52,7 +53,9 @@ private:
 
     const Attribute& m_attribute;
     std::vector<unsigned> m_indices;
+    // Null where the element was removed.
     std::vector<Block*> m_blocks;
+    std::size_t m_removed = 0;
 };
 
 }  // namespace OpenVornik::Internal

@@ -34,7 +34,7 @@ VDataHandle VArrayDataBuilder::addElement(unsigned logicalIndex, VStatus* status
     if (refused(status, "VArrayDataBuilder::addElement", place, logicalIndex)) return {};
     if (!m_elements) return fail(status, VStatus::kInvalidParameter);
     std::byte* element = m_elements->addUnshared(logicalIndex);
-    return succeed(status, VDataHandle(m_node, m_attribute, element, true));
+    return succeed(status, VDataHandle(m_attribute, element, true));
 }
 
 VStatus VArrayDataBuilder::removeElement(unsigned logicalIndex) {

@@ -11,15 +11,15 @@
 using namespace OpenVornik::Internal;
 
 VArrayDataHandle::VArrayDataHandle(const VDataHandle& handle, VStatus* status) {
-    const DataPlace place{handle.m_attribute, handle.m_isElement};
+    const DataPlace place{handle.m_attribute, handle.isElement()};
     if (refused(status, "VArrayDataHandle::VArrayDataHandle", place)) return;
     if (handle.isNull() || handle.holdsValue()) {
         fail(status, VStatus::kInvalidParameter);
         return;
     }
-    m_node = handle.m_node;
     m_attribute = handle.m_attribute;
-    m_elements = succeed(status, &stored<ArrayData>(handle.m_storage));
+    m_node = m_attribute->node();
+    m_elements = succeed(status, &stored<ArrayData>(handle.storage()));
 }
 
 unsigned VArrayDataHandle::elementCount(VStatus* status) const {
@@ -111,5 +111,5 @@ VStatus VArrayDataHandle::setAllClean() {
 
 VDataHandle VArrayDataHandle::current() const noexcept {
     if (m_position >= m_elements->size()) return {};
-    return VDataHandle(m_node, m_attribute, m_elements->element(m_position), true);
+    return VDataHandle(m_attribute, m_elements->element(m_position), true);
 }

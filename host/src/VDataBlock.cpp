@@ -57,7 +57,7 @@ bool VDataBlock::has(const VPlug& plug) const noexcept {
 VDataHandle VDataBlock::find(const VPlug& plug) const {
     std::byte* storage = m_node->findData(plug);
     if (!storage) return {};
-    return VDataHandle(m_node, PlugAccess::attribute(plug), storage, PlugAccess::isElement(plug));
+    return VDataHandle(PlugAccess::attribute(plug), storage, PlugAccess::isElement(plug));
 }
 
 const Attribute* VDataBlock::find(const VObject& attribute) const noexcept {

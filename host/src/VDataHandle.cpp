@@ -40,10 +40,10 @@ T& spare() {
 }  // namespace
 
 VDataHandle VDataHandle::child(const VPlug& plug) const {
-    if (refusal("VDataHandle::child", DataPlace{m_attribute, m_isElement}, plug).error()) return {};
+    if (refusal("VDataHandle::child", DataPlace{m_attribute, isElement()}, plug).error()) return {};
     const Attribute* attribute = PlugAccess::attribute(plug);
     if (!holdsValue() || !attribute || attribute->parent() != m_attribute) return {};
-    return VDataHandle(m_node, attribute, m_storage + attribute->offset(), false);
+    return VDataHandle(attribute, storage() + attribute->offset(), false);
 }
 
 VMatrix& VDataHandle::asMatrix() const { return as<VMatrix>("VDataHandle::asMatrix"); }
@@ -62,23 +62,23 @@ void VDataHandle::setShort(short value) { set("VDataHandle::setShort", value); }
 
 template <typename T>
 T& VDataHandle::as(std::string_view operation) const {
-    if (refusal(operation, DataPlace{m_attribute, m_isElement}).error()) return spare<T>();
+    if (refusal(operation, DataPlace{m_attribute, isElement()}).error()) return spare<T>();
     T* value = find<T>();
     return value ? *value : spare<T>();
 }
 
 template <typename T>
 void VDataHandle::set(std::string_view operation, const T& value) {
-    if (refusal(operation, DataPlace{m_attribute, m_isElement}, value).error()) return;
+    if (refusal(operation, DataPlace{m_attribute, isElement()}, value).error()) return;
     if (T* present = find<T>()) *present = value;
 }
 
 template <typename T>
 T* VDataHandle::find() const noexcept {
     const bool isOfKind = holdsValue() && m_attribute->value() == kValueOf<T>;
-    return isOfKind ? &stored<T>(m_storage) : nullptr;
+    return isOfKind ? &stored<T>(storage()) : nullptr;
 }
 
 bool VDataHandle::holdsValue() const noexcept {
-    return m_storage && (m_isElement || !m_attribute->isArray());
+    return !isNull() && (isElement() || !m_attribute->isArray());
 }

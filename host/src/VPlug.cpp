@@ -28,9 +28,8 @@ VPlug VPlug::child(unsigned index, VStatus* status) const {
     if (isNull() || PlugAccess::isWholeArray(*this) || index >= m_attribute->children().size()) {
         return fail(status, VStatus::kInvalidParameter);
     }
-    VPlug child = *this;
-    child.m_attribute = m_attribute->children()[index];
-    return succeed(status, child);
+    succeed(status);
+    return VPlug(*this, m_attribute->children()[index]);
 }
 
 unsigned VPlug::numChildren(VStatus* status) const {
