@@ -1,0 +1,133 @@
+#include "benchmarks/Floor.h"
+
+#include <OpenVornik/VArrayDataHandle.h>
+
+#include <cstring>
+
+namespace Floor {
+namespace {
+
+template <typename Element, typename ReadElement>
+void readArray(VDataHandle& handle, std::vector<Element>& array, ReadElement readElement) {
+    VArrayDataHandle source(handle);
+    const unsigned count = source.elementCount();
+    std::vector<Element> elements;
+    elements.reserve(count);
+    for (unsigned k = 0; k < count; ++k) {
+        readElement(source.inputValue(), k, elements);
+        if (source.next().error()) break;
+    }
+    array = std::move(elements);
+}
+
+void readTexts(VDataHandle handle, std::vector<std::string>& texts) {
+    readArray(handle, texts, [](const VDataHandle& element, unsigned, auto& elements) {
+        elements.emplace_back(element.asString().asChar());
+    });
+}
+
+void readMatrices(VDataHandle handle, std::vector<Matrix>& matrices) {
+    readArray(handle, matrices, [](const VDataHandle& element, unsigned, auto& elements) {
+        std::memcpy(elements.emplace_back().data(), element.asMatrix().matrix, sizeof(Matrix));
+    });
+}
+
+void readNumbers(VDataHandle handle, std::vector<double>& numbers) {
+    readArray(handle, numbers, [](const VDataHandle& element, unsigned, auto& elements) {
+        elements.push_back(element.asDouble());
+    });
+}
+
+template <typename Record>
+void readRecords(VDataHandle& handle, const VPlug& plug, std::vector<Record>& records) {
+    readArray(handle, records, [&plug](const VDataHandle& element, unsigned k, auto& elements) {
+        read(element, plug.elementByLogicalIndex(k), elements.emplace_back());
+    });
+}
+
+}  // namespace
+
+void read(VDataHandle handle, const VPlug& plug, Transform& transform) {
+    for (unsigned i = 0; i < 8; ++i)
+        std::memcpy(transform.matrices[i].data(), handle.child(plug.child(i)).asMatrix().matrix,
+                    sizeof(Matrix));
+}
+
+void read(VDataHandle handle, const VPlug& plug, NamedTransforms& record) {
+    readTexts(handle.child(plug.child(0)), record.names);
+    const VPlug transforms = plug.child(1);
+    read(handle.child(transforms), transforms, record.transforms);
+}
+
+void read(VDataHandle handle, const VPlug& plug, Pins& record) {
+    readTexts(handle.child(plug.child(0)), record.names);
+    readMatrices(handle.child(plug.child(1)), record.matrices);
+}
+
+void read(VDataHandle handle, const VPlug& plug, InputsJoints& record) {
+    readTexts(handle.child(plug.child(0)), record.names);
+    readMatrices(handle.child(plug.child(1)), record.matrices);
+    const VPlug namedTransforms = plug.child(2);
+    read(handle.child(namedTransforms), namedTransforms, record.namedTransforms);
+}
+
+void read(VDataHandle handle, const VPlug& plug, InputsControls& record) {
+    readTexts(handle.child(plug.child(0)), record.names);
+    readMatrices(handle.child(plug.child(1)), record.matrices);
+    readNumbers(handle.child(plug.child(2)), record.weights);
+    const VPlug namedTransforms = plug.child(3);
+    read(handle.child(namedTransforms), namedTransforms, record.namedTransforms);
+}
+
+void read(VDataHandle handle, const VPlug& plug, Inputs& record) {
+    const VPlug pins = plug.child(0);
+    read(handle.child(pins), pins, record.pins);
+    const VPlug joints = plug.child(1);
+    read(handle.child(joints), joints, record.joints);
+    const VPlug controls0 = plug.child(2);
+    read(handle.child(controls0), controls0, record.controls0);
+    const VPlug controls1 = plug.child(3);
+    read(handle.child(controls1), controls1, record.controls1);
+}
+
+void read(VDataHandle handle, const VPlug& plug, Outputs& record) {
+    record.name = handle.child(plug.child(0)).asString().asChar();
+    const VPlug pins = plug.child(1);
+    read(handle.child(pins), pins, record.pins);
+    const VPlug namedTransforms0 = plug.child(2);
+    read(handle.child(namedTransforms0), namedTransforms0, record.namedTransforms0);
+    const VPlug namedTransforms1 = plug.child(3);
+    read(handle.child(namedTransforms1), namedTransforms1, record.namedTransforms1);
+    const VPlug namedTransforms2 = plug.child(4);
+    read(handle.child(namedTransforms2), namedTransforms2, record.namedTransforms2);
+}
+
+void read(VDataHandle handle, const VPlug& plug, std::vector<Transform>& records) {
+    readRecords(handle, plug, records);
+}
+
+void read(VDataHandle handle, const VPlug& plug, std::vector<NamedTransforms>& records) {
+    readRecords(handle, plug, records);
+}
+
+void read(VDataHandle handle, const VPlug& plug, std::vector<Pins>& records) {
+    readRecords(handle, plug, records);
+}
+
+void read(VDataHandle handle, const VPlug& plug, std::vector<InputsJoints>& records) {
+    readRecords(handle, plug, records);
+}
+
+void read(VDataHandle handle, const VPlug& plug, std::vector<InputsControls>& records) {
+    readRecords(handle, plug, records);
+}
+
+void read(VDataHandle handle, const VPlug& plug, std::vector<Inputs>& records) {
+    readRecords(handle, plug, records);
+}
+
+void read(VDataHandle handle, const VPlug& plug, std::vector<Outputs>& records) {
+    readRecords(handle, plug, records);
+}
+
+}  // namespace Floor
