@@ -10,7 +10,6 @@
 #include <OpenVornik/VString.h>
 
 #include <array>
-#include <cstdint>
 
 namespace OpenVornik::Internal {
 struct PlugAccess;
@@ -19,7 +18,7 @@ struct PlugAccess;
 class OPENVORNIK_API VPlug {
 public:
     // How many array attributes may stand inside one another; a node refuses deeper trees.
-    static constexpr unsigned kMaxArrayDepth = 8;
+    static constexpr unsigned kMaxArrayDepth = 7;
 
     // A null plug. Every operation on one fails with kInvalidParameter.
     VPlug() noexcept = default;
@@ -58,17 +57,17 @@ private:
 
     // A child of `above`, in the same element.
     VPlug(const VPlug& above, const OpenVornik::Internal::Attribute* attribute) noexcept
-        : m_indices(above.m_indices),
-          m_node(above.m_node),
-          m_attribute(attribute),
-          m_depth(above.m_depth) {}
+        : m_path(above.m_path), m_attribute(attribute) {}
 
     bool equals(const VPlug& other) const noexcept;
 
     // One logical index for each array above and, in an element plug, for the attribute itself.
-    // They stand first, and all members in pairs of words, as plugs are copied all the time.
-    std::array<unsigned, kMaxArrayDepth> m_indices{};
-    OpenVornik::Internal::Node* m_node = nullptr;
+    struct Path {
+        std::array<unsigned, kMaxArrayDepth> indices{};
+        unsigned depth = 0;
+    };
+
+    // The path is two pairs of words and stands first: plugs are copied all the time.
+    Path m_path;
     const OpenVornik::Internal::Attribute* m_attribute = nullptr;
-    std::uint64_t m_depth = 0;
 };

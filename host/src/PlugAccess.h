@@ -10,12 +10,17 @@
 namespace OpenVornik::Internal {
 
 struct PlugAccess {
-    static Node* node(const VPlug& plug) noexcept { return plug.m_node; }
+    // Null for a null plug, as is the attribute.
+    static Node* node(const VPlug& plug) noexcept {
+        return plug.m_attribute ? plug.m_attribute->node() : nullptr;
+    }
     static const Attribute* attribute(const VPlug& plug) noexcept { return plug.m_attribute; }
-    static const unsigned* indices(const VPlug& plug) noexcept { return plug.m_indices.data(); }
+    static const unsigned* indices(const VPlug& plug) noexcept {
+        return plug.m_path.indices.data();
+    }
 
     static bool isElement(const VPlug& plug) noexcept {
-        return plug.m_attribute && plug.m_depth > plug.m_attribute->arraysAbove();
+        return plug.m_attribute && plug.m_path.depth > plug.m_attribute->arraysAbove();
     }
     static bool isWholeArray(const VPlug& plug) noexcept {
         return plug.m_attribute && plug.m_attribute->isArray() && !isElement(plug);
@@ -25,11 +30,10 @@ struct PlugAccess {
     // inside of.
     static VPlug whole(const Attribute& attribute, const VPlug& near = {}) noexcept {
         VPlug plug;
-        plug.m_node = attribute.node();
         plug.m_attribute = &attribute;
-        plug.m_depth = attribute.arraysAbove();
-        std::copy_n(near.m_indices.begin(), std::min(near.m_depth, plug.m_depth),
-                    plug.m_indices.begin());
+        plug.m_path.depth = attribute.arraysAbove();
+        std::copy_n(indices(near), std::min(near.m_path.depth, plug.m_path.depth),
+                    plug.m_path.indices.begin());
         return plug;
     }
 };

@@ -44,14 +44,14 @@ VPlug VPlug::elementByLogicalIndex(unsigned logicalIndex, VStatus* status) const
     if (refused(status, "VPlug::elementByLogicalIndex", *this, logicalIndex)) return {};
     if (!PlugAccess::isWholeArray(*this)) return fail(status, VStatus::kInvalidParameter);
     VPlug element = *this;
-    element.m_indices[element.m_depth++] = logicalIndex;
+    element.m_path.indices[element.m_path.depth++] = logicalIndex;
     return succeed(status, element);
 }
 
 unsigned VPlug::logicalIndex(VStatus* status) const {
     if (refused(status, "VPlug::logicalIndex", *this)) return 0;
     if (!PlugAccess::isElement(*this)) return fail(status, VStatus::kInvalidParameter);
-    return succeed(status, m_indices[m_depth - 1]);
+    return succeed(status, m_path.indices[m_path.depth - 1]);
 }
 
 bool VPlug::isArray(VStatus* status) const {
@@ -81,7 +81,7 @@ VObject VPlug::attribute(VStatus* status) const {
 VObject VPlug::node(VStatus* status) const {
     if (refused(status, "VPlug::node", *this)) return {};
     if (isNull()) return fail(status, VStatus::kInvalidParameter);
-    return succeed(status, handleTo(m_node));
+    return succeed(status, handleTo(PlugAccess::node(*this)));
 }
 
 VString VPlug::name(VStatus* status) const {
@@ -91,8 +91,9 @@ VString VPlug::name(VStatus* status) const {
 }
 
 bool VPlug::equals(const VPlug& other) const noexcept {
-    return m_node == other.m_node && m_attribute == other.m_attribute && m_depth == other.m_depth &&
-           std::equal(m_indices.begin(), m_indices.begin() + m_depth, other.m_indices.begin());
+    const unsigned* indices = PlugAccess::indices(*this);
+    return m_attribute == other.m_attribute && m_path.depth == other.m_path.depth &&
+           std::equal(indices, indices + m_path.depth, PlugAccess::indices(other));
 }
 
 VString OpenVornik::Internal::nameOf(const VPlug& plug) {

@@ -132,6 +132,5 @@ TEST_F(Plug, ReachesTheDeepestArrayThatANodeTakes) {
         plug = plug.elementByLogicalIndex(i).child(0);
     }
     plug = plug.elementByLogicalIndex(9);
-    EXPECT_EQ(plug.name(),
-              "deep.level[0].level[1].level[2].level[3].level[4].level[5].level[6].value[9]");
+    EXPECT_EQ(plug.name(), "deep.level[0].level[1].level[2].level[3].level[4].level[5].value[9]");
 }
