@@ -14,7 +14,7 @@ namespace Pelmor {
 
 class AnyValue {
 public:
-    AnyValue() noexcept = default;
+    AnyValue() noexcept : m_words() {}
     // Holds a copy of `value`, or what was moved out of it, in place or on the heap as its type
     // demands.
     template <typename T>
@@ -25,13 +25,9 @@ public:
         holder.m_words.manager = &Internal::manageHeld<Held>;
         return holder;
     }
-    AnyValue(const AnyValue& other) {
-        if (other.hasValue()) other.request(AnyValueOp::Copy, &m_words);
-    }
+    AnyValue(const AnyValue& other) { make(AnyValueOp::Copy, other); }
     // The source is left empty. A heap value stays where it is.
-    AnyValue(AnyValue&& other) noexcept {
-        if (other.hasValue()) other.request(AnyValueOp::Move, &m_words);
-    }
+    AnyValue(AnyValue&& other) noexcept { make(AnyValueOp::Move, other); }
     AnyValue& operator=(const AnyValue& other) {
         AnyValue copy(other);
         moveAssign(copy);
@@ -80,9 +76,21 @@ public:
     const Internal::HolderWords& words() const noexcept { return m_words; }
 
 private:
+    // The first words of this holder, all of which a manager sets.
+    void make(AnyValueOp copyOrMove, const AnyValue& source) {
+        if (source.hasValue())
+            source.request(copyOrMove, &m_words);
+        else
+            m_words = {};
+    }
+
     AnyValueRequest request(AnyValueOp operation, void* operand2 = nullptr) const {
-        AnyValueRequest asked{operation, const_cast<Internal::HolderWords*>(&m_words), operand2,
-                              nullptr};
+        // Word by word, because braces would clear what lies between the words as well.
+        AnyValueRequest asked;
+        asked.operation = operation;
+        asked.operand1 = const_cast<Internal::HolderWords*>(&m_words);
+        asked.operand2 = operand2;
+        asked.operand3 = nullptr;
         m_words.manager(&asked);
         return asked;
     }

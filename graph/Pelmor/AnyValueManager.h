@@ -49,8 +49,8 @@ using AnyValueManager = void (*)(AnyValueRequest* request);
 namespace Internal {
 
 struct HolderWords {
-    alignas(void*) std::byte storage[3 * sizeof(void*)] = {};
-    AnyValueManager manager = nullptr;
+    alignas(void*) std::byte storage[3 * sizeof(void*)];
+    AnyValueManager manager;
 };
 
 static_assert(sizeof(HolderWords) == 4 * sizeof(void*) && offsetof(HolderWords, manager) == 24);
@@ -67,11 +67,13 @@ struct InPlaceStorage {
     }
     static void destroy(HolderWords& holder) noexcept { held(holder)->~T(); }
     static void move(HolderWords& source, HolderWords& destination) noexcept {
-        construct(destination, std::move(*held(source)));
+        T value(std::move(*held(source)));
         destroy(source);
         // A compiler may drop what the move wrote into a value that is then destroyed, and the
         // words of an emptied holder are null.
         std::memset(source.storage, 0, sizeof source.storage);
+        destination = {};
+        construct(destination, std::move(value));
     }
 };
 
@@ -87,7 +89,9 @@ struct HeapStorage {
     }
     static void destroy(HolderWords& holder) noexcept { delete held(holder); }
     static void move(HolderWords& source, HolderWords& destination) noexcept {
-        new (destination.storage) T*(std::exchange(held(source), nullptr));
+        T* value = std::exchange(held(source), nullptr);
+        destination = {};
+        new (destination.storage) T*(value);
     }
 };
 
@@ -99,7 +103,8 @@ template <typename T>
 using HolderStorage = std::conditional_t<kHeldInPlace<T>, InPlaceStorage<T>, HeapStorage<T>>;
 
 // The operations that call others are functions of their own, so that those that do not need no
-// stack: a holder is looked into and moved far more often than it is copied.
+// stack.
+
 template <typename T>
 [[gnu::noinline]] void destroyHeld(HolderWords& holder) {
     HolderStorage<T>::destroy(holder);
@@ -114,49 +119,48 @@ template <typename T>
 }
 
 template <typename T>
-[[gnu::noinline]] void getIfEqual(AnyValueRequest& request) {
-    auto& holder = *static_cast<HolderWords*>(request.operand1);
+void moveHeld(HolderWords& holder, HolderWords& destination) noexcept {
+    const AnyValueManager manager = std::exchange(holder.manager, nullptr);
+    HolderStorage<T>::move(holder, destination);
+    destination.manager = manager;
+}
+
+template <typename T>
+[[gnu::noinline]] void getHeldIfEqual(HolderWords& holder, AnyValueRequest& request) {
     const auto& wanted = *static_cast<const TypeInfo*>(request.operand2);
     if (typeInfoEquals(wanted, HeldIdentity<T>::s_record))
         request.operand3 = static_cast<T*>(HolderStorage<T>::held(holder));
 }
 
-// The manager of T.
+// Within one library it is mostly the same record, which equals itself, or one that cannot be
+// equal.
+template <typename T>
+void getHeldIfType(HolderWords& holder, AnyValueRequest& request) {
+    const auto& wanted = *static_cast<const TypeInfo*>(request.operand2);
+    const TypeInfo& own = HeldIdentity<T>::s_record;
+    request.operand3 = nullptr;
+    if (&wanted == &own)
+        request.operand3 = static_cast<T*>(HolderStorage<T>::held(holder));
+    else if (wanted.nameLength == own.nameLength || wanted.name == own.name)
+        getHeldIfEqual<T>(holder, request);
+}
+
+// The manager of T. A holder is looked into and moved more often than anything else, so that comes
+// first.
 template <typename T>
 void manageHeld(AnyValueRequest* request) {
-    using Storage = HolderStorage<T>;
     auto& holder = *static_cast<HolderWords*>(request->operand1);
-    switch (request->operation) {
-        case AnyValueOp::Destroy:
-            return destroyHeld<T>(holder);
-        case AnyValueOp::Copy:
-            return copyHeld<T>(holder, *static_cast<HolderWords*>(request->operand2));
-        case AnyValueOp::Move: {
-            auto& destination = *static_cast<HolderWords*>(request->operand2);
-            destination = {};
-            Storage::move(holder, destination);
-            destination.manager = std::exchange(holder.manager, nullptr);
-            break;
-        }
-        case AnyValueOp::GetIfType: {
-            const auto& wanted = *static_cast<const TypeInfo*>(request->operand2);
-            const TypeInfo& own = HeldIdentity<T>::s_record;
-            request->operand3 = nullptr;
-            // Within one library it is mostly the same record, which equals itself, or one that
-            // cannot be equal.
-            if (&wanted == &own)
-                request->operand3 = static_cast<T*>(Storage::held(holder));
-            else if (wanted.nameLength == own.nameLength || wanted.name == own.name)
-                return getIfEqual<T>(*request);
-            break;
-        }
-        case AnyValueOp::Get:
-            request->operand2 = static_cast<T*>(Storage::held(holder));
-            break;
-        case AnyValueOp::QueryType:
-            request->operand2 = const_cast<TypeInfo*>(&HeldIdentity<T>::s_record);
-            break;
-    }
+    const AnyValueOp operation = request->operation;
+    if (operation == AnyValueOp::GetIfType) return getHeldIfType<T>(holder, *request);
+    if (operation == AnyValueOp::Move)
+        return moveHeld<T>(holder, *static_cast<HolderWords*>(request->operand2));
+    if (operation == AnyValueOp::Copy)
+        return copyHeld<T>(holder, *static_cast<HolderWords*>(request->operand2));
+    if (operation == AnyValueOp::Destroy) return destroyHeld<T>(holder);
+    if (operation == AnyValueOp::Get)
+        request->operand2 = static_cast<T*>(HolderStorage<T>::held(holder));
+    if (operation == AnyValueOp::QueryType)
+        request->operand2 = const_cast<TypeInfo*>(&HeldIdentity<T>::s_record);
 }
 
 }  // namespace Internal

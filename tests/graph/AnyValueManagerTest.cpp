@@ -59,7 +59,7 @@ std::uintptr_t addressOf(const void* pointer) { return reinterpret_cast<std::uin
 
 template <typename T>
 HolderWords holding(const T& value) {
-    HolderWords holder;
+    HolderWords holder{};
     HolderStorage<T>::construct(holder, value);
     holder.manager = &manageHeld<T>;
     return holder;
@@ -78,7 +78,7 @@ void* askForType(HolderWords& holder, const TypeInfo& wanted) {
 }
 
 HolderWords wordsFullOfRubbish() {
-    HolderWords words;
+    HolderWords words{};
     std::memset(words.storage, 0xee, sizeof words.storage);
     words.manager = reinterpret_cast<AnyValueManager>(std::uintptr_t{0xeeee});
     return words;
@@ -140,7 +140,7 @@ TEST(InPlaceManager, DestroyDisposesOfWhatNobodyElseHolds) {
 
 TEST(InPlaceManager, HoldsANullPointerAsAValue) {
     HolderWords holder = holding(SharedArray<double>());
-    HolderWords copy;
+    HolderWords copy{};
     ask(holder, AnyValueOp::Copy, &copy);
     EXPECT_EQ(storageOf(copy), (Words{0, 0, 0}));
     EXPECT_EQ(copy.manager, holder.manager);
@@ -208,7 +208,7 @@ TEST(InPlaceManager, TellsTheIdentityOfTheArray) {
 
 TEST(InPlaceManager, UsesAllThreeWordsWhereTheValueDoes) {
     HolderWords source = holding(ThreeWords{{1, 2, 3}});
-    HolderWords destination;
+    HolderWords destination{};
     ask(source, AnyValueOp::Move, &destination);
     const auto* moved = static_cast<ThreeWords*>(ask(destination, AnyValueOp::Get).operand2);
     EXPECT_EQ(moved->numbers[0], 1);
@@ -286,7 +286,7 @@ TEST(HeapManager, MoveTakesTheValueWhereItLiesAndLeavesNulls) {
 
 TEST(HeapManager, MoveDoesNotUseTheValuesOwnMove) {
     HolderWords source = holding(UnsafeToMove());
-    HolderWords destination;
+    HolderWords destination{};
     UnsafeToMove::s_refuses = true;
     EXPECT_NO_THROW(ask(source, AnyValueOp::Move, &destination));
     UnsafeToMove::s_refuses = false;

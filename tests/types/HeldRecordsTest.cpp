@@ -77,7 +77,7 @@ void* valueIfOfType(HolderWords& holder, const TypeInfo& wanted) {
 template <typename Held>
 HolderWords wordsHolding(const Held& value) {
     AnyValue holder = AnyValue::holding(value);
-    HolderWords words;
+    HolderWords words{};
     AnyValueRequest move{AnyValueOp::Move, const_cast<HolderWords*>(&holder.words()), &words,
                          nullptr};
     holder.words().manager(&move);
@@ -120,7 +120,7 @@ TYPED_TEST(Held, IsSharedByACopyOfTheHolder) {
     HolderWords source = wordsHolding(this->sample.value);
     const Storage sourceBefore = storageOf(source);
     this->expectUses(2);
-    HolderWords copy;
+    HolderWords copy{};
     std::memset(copy.storage, 0xff, sizeof copy.storage);
     ask(AnyValueOp::Copy, source, &copy);
     this->expectUses(3);
@@ -148,7 +148,7 @@ TYPED_TEST(Held, MovesWithoutAnAllocationOrAChangeOfAnyCount) {
     HolderWords source = wordsHolding(this->sample.value);
     const Storage before = storageOf(source);
     const Pelmor::AnyValueManager manager = source.manager;
-    HolderWords destination;
+    HolderWords destination{};
     std::memset(destination.storage, 0xff, sizeof destination.storage);
     const TestSupport::AllocationCount count;
     ask(AnyValueOp::Move, source, &destination);
@@ -243,7 +243,7 @@ TYPED_TEST(Held, ReplacesWhatAHolderHeld) {
 
 TEST(HeldNullArray, IsCopiedMovedAndDestroyed) {
     HolderWords holder = wordsHolding(SharedArray<Pins>());
-    HolderWords copy, moved;
+    HolderWords copy{}, moved{};
     ask(AnyValueOp::Copy, holder, &copy);
     ask(AnyValueOp::Move, copy, &moved);
     EXPECT_NE(moved.manager, nullptr);
