@@ -6,6 +6,7 @@
 
 #include <Pelmor/Export.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -50,7 +51,13 @@ public:
     bool empty() const noexcept { return size() == 0; }
 
     // Negative, zero or positive: character by character as unsigned values, then by length.
-    int compare(const String& other) const noexcept;
+    int compare(const String& other) const noexcept {
+        const std::size_t mine = size();
+        const std::size_t others = other.size();
+        if (const int order = std::memcmp(c_str(), other.c_str(), std::min(mine, others)))
+            return order;
+        return mine == others ? 0 : mine < others ? -1 : 1;
+    }
 
     // Text that has a NUL among its characters equals no C text.
     bool operator==(const char* text) const noexcept;

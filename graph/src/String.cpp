@@ -23,13 +23,6 @@ String::String(const char* text, std::size_t length) {
     m_bytes[kInlineCapacity] = kSharedMark;
 }
 
-int String::compare(const String& other) const noexcept {
-    const std::size_t common = std::min(size(), other.size());
-    if (const int order = std::memcmp(c_str(), other.c_str(), common)) return order;
-    if (size() == other.size()) return 0;
-    return size() < other.size() ? -1 : 1;
-}
-
 bool String::operator==(const char* text) const noexcept {
     return std::string_view(c_str(), size()) == (text ? text : "");
 }
