@@ -3,6 +3,7 @@
 // for; the one that is looked at is that of moving to an array's next element.
 #pragma once
 
+#include "convert/FetchAhead.h"
 #include "convert/Matrix.h"
 #include "convert/Members.h"
 
@@ -11,7 +12,10 @@
 #include <OpenVornik/VPlug.h>
 #include <Pelmor/Array.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 namespace Rigging::Module {
@@ -59,10 +63,30 @@ void readMembers(VDataHandle& handle, const VPlug& plug, Record& record) {
     std::apply([&](auto... members) { (readMember(record.*members), ...); }, Members<Record>::list);
 }
 
-// `count` default elements. It ends the process where there is no memory for them.
+// Whether reading an element sets every byte of it. Nobody can tell then whether it had a default
+// before, and giving it one would be a second pass over the array.
+template <typename Element>
+constexpr bool isSetWhole() {
+    if constexpr (!std::is_trivially_copyable_v<Element>)
+        return false;
+    else if constexpr (kIsRecord<Element>)
+        return std::apply(
+            [](auto... members) {
+                return (sizeof(std::declval<Element&>().*members) + ...) == sizeof(Element);
+            },
+            Members<Element>::list);
+    else
+        return true;
+}
+
+// `count` elements, default unless reading sets them whole. It ends the process where there is no
+// memory for them.
 template <typename Element>
 Pelmor::SharedArray<Element> makeElements(unsigned count) noexcept {
-    return Pelmor::makePtr<Pelmor::Array<Element>>(count);
+    if constexpr (isSetWhole<Element>())
+        return Pelmor::makePtr<Pelmor::Array<Element>>(count, Pelmor::Unset());
+    else
+        return Pelmor::makePtr<Pelmor::Array<Element>>(count);
 }
 
 // Only a record needs the plug of its element. The element's position stands in for its logical
@@ -75,18 +99,32 @@ void readElement(VDataHandle& handle, const VPlug& arrayPlug, unsigned position,
         readValue(handle, arrayPlug, element);
 }
 
+// Reads the host's elements in the host's order, as many as `elements` has. Returns how many there
+// were before the walk ended.
+template <typename Element>
+unsigned readElements(VArrayDataHandle& source, const VPlug& plug,
+                      Pelmor::Array<Element>& elements) {
+    const std::uint64_t count = elements.size();
+    unsigned position = 0;
+    while (position < count) {
+        if constexpr (isSetWhole<Element>()) fetchAheadOf(elements, position);
+        VDataHandle elementHandle = source.inputValue();
+        readElement(elementHandle, plug, position, elements[position]);
+        ++position;
+        if (source.next().error()) break;
+    }
+    return position;
+}
+
 // Replaces `array` by a new one of the host's elements, dense and in the host's order. Where the
-// walk ends before the host's count is reached, the remaining elements keep their defaults.
+// walk ends before the host's count is reached, the remaining elements have their defaults.
 template <typename Element>
 void readArray(VDataHandle& handle, const VPlug& plug, Pelmor::SharedArray<Element>& array) {
     VArrayDataHandle source(handle);
-    const unsigned count = source.elementCount();
-    Pelmor::SharedArray<Element> elements = makeElements<Element>(count);
-    for (unsigned position = 0; position < count; ++position) {
-        VDataHandle elementHandle = source.inputValue();
-        readElement(elementHandle, plug, position, (*elements)[position]);
-        if (source.next().error()) break;
-    }
+    Pelmor::SharedArray<Element> elements = makeElements<Element>(source.elementCount());
+    const unsigned read = readElements(source, plug, *elements);
+    if constexpr (isSetWhole<Element>())
+        std::fill(elements->begin() + read, elements->end(), Element());
     array = std::move(elements);
 }
 

@@ -21,6 +21,9 @@ namespace Pelmor {
 template <>
 struct Internal::ElementTraits<String> : PlainElementTraits<1> {};
 
+// Says that an array is to leave its elements as the storage came.
+struct Unset {};
+
 template <typename T>
 class Array {
 public:
@@ -31,6 +34,13 @@ public:
         if (size == 0) return;
         StorageOwner storage(m_elementRep, size);
         defaultConstruct(storage.elements, size);
+        adopt(storage, size);
+    }
+    // The same, of elements that whoever asks for them sets before anybody reads them.
+    Array(std::uint64_t size, Unset) : Array() {
+        static_assert(std::is_trivially_copyable_v<T>, "only such elements can be left unset");
+        if (size == 0) return;
+        StorageOwner storage(m_elementRep, size);
         adopt(storage, size);
     }
     Array(const Array& other) : Array() {
@@ -77,7 +87,7 @@ public:
 
     // Destroys the elements, in order, and keeps the storage.
     void clear() noexcept {
-        destroy(m_data, m_size);
+        if (m_size > 0) destroy(m_data, m_size);
         m_size = 0;
     }
 

@@ -24,6 +24,8 @@ public:
     std::size_t size() const noexcept { return m_indices.size() - m_removed; }
     unsigned logicalIndex(std::size_t position) const noexcept { return m_indices[position]; }
     std::byte* element(std::size_t position) const noexcept;
+    // For who walks the elements and is at this one.
+    void fetchAheadOf(std::size_t position) const noexcept;
     // size() where there is no such element.
     std::size_t positionOf(unsigned logicalIndex) const noexcept;
 

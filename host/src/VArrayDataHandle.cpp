@@ -59,6 +59,7 @@ VStatus VArrayDataHandle::next() {
     if (answer.error()) return answer;
     if (!m_elements) return VStatus::kInvalidParameter;
     if (m_position < m_elements->size()) ++m_position;
+    m_elements->fetchAheadOf(m_position);
     return m_position < m_elements->size() ? VStatus::kSuccess : VStatus::kNotFound;
 }
 

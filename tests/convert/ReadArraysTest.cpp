@@ -10,6 +10,7 @@
 #include <Pelmor/DefaultClass.h>
 
 #include <algorithm>
+#include <numeric>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -107,6 +108,19 @@ TYPED_TEST(ReadArray, TwiceGivesArraysThatShareNothing) {
         for (const SharedArrayState& b : sharedArraysOf(second)) EXPECT_NE(a.address, b.address);
     EXPECT_EQ(leavesOf(first), leavesOf(numberedElements<TypeParam>(3)));
     EXPECT_EQ(leavesOf(second), leavesOf(numberedElements<TypeParam>(3, 500)));
+}
+
+template <typename Element>
+class ReadLargeArray : public testing::Test {};
+using ElementsWithoutArrays = testing::Types<double, Math::double4x4, Transform>;
+TYPED_TEST_SUITE(ReadLargeArray, ElementsWithoutArrays, NameOfType);
+
+TYPED_TEST(ReadLargeArray, TakesEachOfMoreElementsThanCachesHold) {
+    constexpr unsigned kCount = (1u << 21) / sizeof(TypeParam);
+    std::vector<unsigned> indices(kCount);
+    std::iota(indices.begin(), indices.end(), 0u);
+    auto port = HostPort::ofNumberedArray<TypeParam>(indices);
+    EXPECT_TRUE(leavesOf(read<TypeParam>(port)) == leavesOf(numberedElements<TypeParam>(kCount)));
 }
 
 template <typename Element>
