@@ -3,6 +3,7 @@
 // held, nothing of the product's.
 #pragma once
 
+#include <OpenVornik/VDataBlock.h>
 #include <OpenVornik/VDataHandle.h>
 #include <OpenVornik/VPlug.h>
 
@@ -12,11 +13,13 @@
 
 namespace Floor {
 
-using Matrix = std::array<double, 16>;
+// Not set before it is read.
+struct Matrix {
+    Matrix() {}
+    std::array<double, 16> values;
+};
 
-// Its matrices are not set before they are read.
 struct Transform {
-    Transform() {}
     std::array<Matrix, 8> matrices;
 };
 
@@ -90,5 +93,19 @@ void write(const std::vector<InputsJoints>& records, VDataHandle handle, const V
 void write(const std::vector<InputsControls>& records, VDataHandle handle, const VPlug& plug);
 void write(const std::vector<Inputs>& records, VDataHandle handle, const VPlug& plug);
 void write(const std::vector<Outputs>& records, VDataHandle handle, const VPlug& plug);
+
+// A whole port, with the calls that come before and after its value.
+template <typename Value>
+Value readPort(VDataBlock& block, const VPlug& plug) {
+    Value value{};
+    read(block.inputValue(plug), plug, value);
+    return value;
+}
+
+template <typename Value>
+void writePort(const Value& value, VDataBlock& block, const VPlug& plug) {
+    write(value, block.outputValue(plug), plug);
+    block.setClean(plug.attribute());
+}
 
 }  // namespace Floor

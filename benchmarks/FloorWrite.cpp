@@ -44,7 +44,7 @@ void writeTexts(const std::vector<std::string>& texts, VDataHandle handle) {
 
 void writeMatrices(const std::vector<Matrix>& matrices, VDataHandle handle) {
     writeArray(matrices, handle, [](const Matrix& matrix, VDataHandle& element, unsigned) {
-        std::memcpy(element.asMatrix().matrix, matrix.data(), sizeof(Matrix));
+        std::memcpy(element.asMatrix().matrix, matrix.values.data(), sizeof(Matrix));
     });
 }
 
@@ -65,8 +65,8 @@ void writeRecords(const std::vector<Record>& records, VDataHandle& handle, const
 
 void write(const Transform& transform, VDataHandle handle, const VPlug& plug) {
     for (unsigned i = 0; i < 8; ++i)
-        std::memcpy(handle.child(plug.child(i)).asMatrix().matrix, transform.matrices[i].data(),
-                    sizeof(Matrix));
+        std::memcpy(handle.child(plug.child(i)).asMatrix().matrix,
+                    transform.matrices[i].values.data(), sizeof(Matrix));
 }
 
 void write(const NamedTransforms& record, VDataHandle handle, const VPlug& plug) {

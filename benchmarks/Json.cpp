@@ -10,6 +10,9 @@
 
 namespace Floor {
 
+void to_json(nlohmann::json& json, const Matrix& matrix) { json = matrix.values; }
+void from_json(const nlohmann::json& json, Matrix& matrix) { json.get_to(matrix.values); }
+
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Transform, matrices)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(NamedTransforms, names, transforms)
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Pins, names, matrices)

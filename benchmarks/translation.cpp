@@ -7,10 +7,12 @@
 #include <algorithm>
 #include <cstring>
 #include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 namespace {
 
@@ -18,100 +20,91 @@ using namespace Benchmarks;
 
 constexpr unsigned kSizes[] = {1, 10, 100, 1'000, 10'000, 100'000};
 constexpr unsigned kJointsPerRecord = 10;
-// Of what a run of reading or writing may take at most, with its two sides and its preparation.
-constexpr double kMaxBytes = 16e9;
 
 // Small values are handled many times in a run, for the clock to see them.
 unsigned timesInARun(unsigned size) { return std::max(1u, 256 / size); }
 
-template <typename Value>
-void readFloor(HostPort& port, Value& value) {
-    // A new value each time, as the plugin makes one.
-    Value fresh{};
-    Floor::read(port.block.inputValue(port.plug), port.plug, fresh);
-    value = std::move(fresh);
-}
-
-template <typename Value>
-void writeFloor(HostPort& port, const Value& value) {
-    Floor::write(value, port.block.outputValue(port.plug), port.plug);
-    port.block.setClean(port.plug.attribute());
-}
-
-// A port that is read from, and what both sides make of it.
-template <typename Value>
-struct Reading {
-    Reading(const char* type, const Lengths& lengths) : port(type) { port.fill(lengths); }
-
-    HostPort port;
-    Pelmor::AnyValue value;
-    Value floorValue{};
-};
-
+// The values are gone when they have been read, so that the largest fit into memory.
 template <typename Value>
 Pair readingPair(const char* type, const Lengths& lengths) {
-    const auto kept = std::make_shared<Reading<Value>>(type, lengths);
+    const auto port = std::make_shared<HostPort>(type);
+    port->fill(lengths);
     const unsigned times = timesInARun(lengths.outer);
     Pair pair;
-    pair.kept = kept;
-    pair.measured.run = [&reading = *kept, times] {
-        for (unsigned i = 0; i < times; ++i) reading.port.read(reading.value);
+    pair.kept = port;
+    pair.measured.run = [&port = *port, times] {
+        for (unsigned i = 0; i < times; ++i) port.read();
     };
-    pair.reference.run = [&reading = *kept, times] {
-        for (unsigned i = 0; i < times; ++i) readFloor(reading.port, reading.floorValue);
+    pair.reference.run = [&port = *port, times] {
+        for (unsigned i = 0; i < times; ++i) Floor::readPort<Value>(port.block, port.plug);
     };
     pair.measured.elements = pair.reference.elements = times * lengths.outer;
     return pair;
 }
 
-// Ports that are written to, and a value in the graph's form and in the floor's. Before each run
-// the ports get the former value, unless they are to keep what the last run wrote.
+// Ports that are written to, and a value in the graph's form and in the floor's.
 template <typename Value>
 struct Writing {
-    Writing(const char* type, const Lengths& lengths, const Lengths& former) {
-        HostPort source(type);
-        source.fill(former);
-        formerValue = source.read();
-        source.fill(lengths);
-        value = source.read();
-        readFloor(source, floorValue);
+    Writing(const char* type, const Lengths& lengths) {
         for (unsigned i = 0; i < timesInARun(lengths.outer); ++i) ports.emplace_back(type);
-        prepare();
+        fill(lengths);
+        value = ports[0].read();
+        floorValue = Floor::readPort<Value>(ports[0].block, ports[0].plug);
     }
 
-    void prepare() {
-        for (HostPort& port : ports) port.write(formerValue);
+    void fill(const Lengths& lengths) {
+        for (HostPort& port : ports) port.fill(lengths);
+    }
+
+    // What either side is about to write is read from what the last run wrote. The other side's is
+    // gone meanwhile, so that the largest fit into memory.
+    void keepValue() {
+        floorValue.reset();
+        if (!value.hasValue()) value = ports[0].read();
+    }
+    void keepFloorValue() {
+        value.reset();
+        if (!floorValue) floorValue = Floor::readPort<Value>(ports[0].block, ports[0].plug);
     }
 
     std::deque<HostPort> ports;
-    Pelmor::AnyValue formerValue;
     Pelmor::AnyValue value;
-    Value floorValue{};
+    std::optional<Value> floorValue;
 };
 
 template <typename Value>
 Pair writingPair(const char* type, const Lengths& lengths, unsigned formerLength) {
-    Lengths former = lengths;
-    former.outer = formerLength;
-    const auto kept = std::make_shared<Writing<Value>>(type, lengths, former);
+    const auto kept = std::make_shared<Writing<Value>>(type, lengths);
     Pair pair;
     pair.kept = kept;
     pair.measured.run = [&writing = *kept] {
         for (HostPort& port : writing.ports) port.write(writing.value);
     };
     pair.reference.run = [&writing = *kept] {
-        for (HostPort& port : writing.ports) writeFloor(port, writing.floorValue);
+        for (HostPort& port : writing.ports)
+            Floor::writePort(*writing.floorValue, port.block, port.plug);
     };
-    if (formerLength != lengths.outer)
-        pair.measured.prepare = pair.reference.prepare = [&writing = *kept] { writing.prepare(); };
+    if (formerLength != lengths.outer) {
+        const Lengths former{formerLength, lengths.inner};
+        pair.measured.prepare = [&writing = *kept, former] {
+            writing.keepValue();
+            writing.fill(former);
+        };
+        pair.reference.prepare = [&writing = *kept, former] {
+            writing.keepFloorValue();
+            writing.fill(former);
+        };
+    }
     pair.measured.elements = pair.reference.elements =
         static_cast<double>(kept->ports.size()) * lengths.outer;
     return pair;
 }
 
-// `values` is how many of them the run keeps at a time.
+// Whether the machine has the memory for it. `values` is how many of them the run keeps at a time.
 bool fits(double bytesPerElement, unsigned size, double values) {
-    return bytesPerElement * size * values <= kMaxBytes;
+    static const double s_memory =
+        static_cast<double>(sysconf(_SC_PHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
+    return bytesPerElement * size * values <= 0.75 * s_memory;
 }
 
 template <typename Value>
@@ -120,17 +113,17 @@ void addFloor(const char* type, double bytesPerElement) {
     for (const unsigned size : kSizes) {
         const Lengths lengths{size, kJointsPerRecord};
         const std::string end = "/" + std::to_string(size);
-        // The host's, and of either side the one that goes and the one that comes.
-        if (fits(bytesPerElement, size, 4))
+        // The host's and the one that is read.
+        if (fits(bytesPerElement, size, 2))
             addRatio(name + "/read" + end, [=] { return readingPair<Value>(type, lengths); });
-        // The source's and the target's, and one for either side.
-        if (fits(bytesPerElement, size, 5)) {
+        // The host's and one for either side.
+        if (fits(bytesPerElement, size, 3)) {
             addRatio(name + "/in place" + end,
                      [=] { return writingPair<Value>(type, lengths, size); });
             addRatio(name + "/growing" + end, [=] { return writingPair<Value>(type, lengths, 0); });
         }
-        // The former value is twice as long, in the graph as in the source and the target.
-        if (fits(bytesPerElement, size, 9))
+        // The host's former one, which is twice as long, its new one and the one that is written.
+        if (fits(bytesPerElement, size, 4))
             addRatio(name + "/shrinking" + end,
                      [=] { return writingPair<Value>(type, lengths, 2 * size); });
     }
@@ -207,6 +200,7 @@ struct Copying {
     static constexpr unsigned kMatrices = 100'000;
 
     Copying() : from(kMatrices), to(kMatrices) {
+        std::memset(from.data()->values.data(), 1, kMatrices * sizeof(Floor::Matrix));
         port.fill({kMatrices, kMatrices, false});
         port.read(value);
     }
@@ -239,9 +233,7 @@ struct ThroughJson {
 
     ThroughJson() {
         port.fill({kJoints});
-        Floor::Inputs record;
-        readFloor(port, record);
-        text.write(record);
+        text.write(Floor::readPort<Floor::Inputs>(port.block, port.plug));
     }
 
     HostPort port{"Rigging::Module::Inputs"};
