@@ -37,7 +37,7 @@ void fillArray(VDataHandle& handle, const VPlug& plug, const Lengths& lengths, u
     VArrayDataHandle array(handle);
     VArrayDataBuilder builder = array.builder();
     for (unsigned i = builder.elementCount(); i > length; --i) builder.removeElement(i - 1);
-    for (unsigned i = 0; i < length; ++i)
+    for (unsigned i = builder.elementCount(); i < length; ++i)
         fillValue(builder.addElement(i), plug.elementByLogicalIndex(i), lengths, i);
     array.set(builder);
 }

@@ -30,6 +30,7 @@ public:
     HostPort(const HostPort&) = delete;
     HostPort& operator=(const HostPort&) = delete;
 
+    // Elements that are there already stay as they are.
     void fill(const Lengths& lengths);
 
     // Through the plugin.

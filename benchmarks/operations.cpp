@@ -21,10 +21,13 @@ using Operation = std::function<void()>;
 
 constexpr unsigned kJoints = 20;
 
+// Neither reading nor writing is counted the first time, when it also builds the registry and binds
+// what it calls.
+
 Operation reading(const char* type) {
     const auto port = std::make_shared<HostPort>(type);
-    const auto value = std::make_shared<Pelmor::AnyValue>();
     port->fill({kJoints});
+    const auto value = std::make_shared<Pelmor::AnyValue>(port->read());
     return [port, value] { port->read(*value); };
 }
 
@@ -33,6 +36,8 @@ Operation writing(const char* type, unsigned formerLength) {
     const auto port = std::make_shared<HostPort>(type);
     port->fill({kJoints});
     const auto value = std::make_shared<Pelmor::AnyValue>(port->read());
+    port->fill({formerLength});
+    port->write(*value);
     port->fill({formerLength});
     return [port, value] { port->write(*value); };
 }

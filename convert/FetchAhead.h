@@ -1,5 +1,5 @@
-// An array that no cache holds is filled at the speed of memory, and not of its latency, if the
-// processor hears ahead of time where the next elements go.
+// An array that the nearer caches cannot hold is filled at the speed of memory, and not of its
+// latency, if the processor hears ahead of time where the next elements go.
 #pragma once
 
 #include <Pelmor/Array.h>

@@ -1,5 +1,5 @@
 // Reads the host's array data: the arrays that records hold and the arrays of records. Nothing is
-// reported: where the host's walk ends early, the remaining elements keep their defaults.
+// reported: where the host's walk ends early, the remaining elements have their defaults.
 // [evaluation thread]
 #pragma once
 

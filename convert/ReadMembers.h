@@ -13,6 +13,7 @@
 #include <Pelmor/Array.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
@@ -63,20 +64,24 @@ void readMembers(VDataHandle& handle, const VPlug& plug, Record& record) {
     std::apply([&](auto... members) { (readMember(record.*members), ...); }, Members<Record>::list);
 }
 
+template <typename T>
+constexpr bool isSetWhole();
+
+template <typename Record, typename... Values>
+constexpr std::size_t bytesSetByReading(Values Record::*...) {
+    return ((isSetWhole<Values>() ? sizeof(Values) : 0) + ...);
+}
+
 // Whether reading an element sets every byte of it. Nobody can tell then whether it had a default
 // before, and giving it one would be a second pass over the array.
-template <typename Element>
+template <typename T>
 constexpr bool isSetWhole() {
-    if constexpr (!std::is_trivially_copyable_v<Element>)
-        return false;
-    else if constexpr (kIsRecord<Element>)
+    if constexpr (kIsRecord<T>)
         return std::apply(
-            [](auto... members) {
-                return (sizeof(std::declval<Element&>().*members) + ...) == sizeof(Element);
-            },
-            Members<Element>::list);
+            [](auto... members) { return bytesSetByReading(members...) == sizeof(T); },
+            Members<T>::list);
     else
-        return true;
+        return std::is_trivially_copyable_v<T>;
 }
 
 // `count` elements, default unless reading sets them whole. It ends the process where there is no

@@ -102,9 +102,8 @@ constexpr bool kHeldInPlace =
 template <typename T>
 using HolderStorage = std::conditional_t<kHeldInPlace<T>, InPlaceStorage<T>, HeapStorage<T>>;
 
-// The operations that call others are functions of their own, so that those that do not need no
-// stack.
-
+// Destroying, copying and comparing call other functions; they are kept out of the manager, which
+// so needs no stack for the rest.
 template <typename T>
 [[gnu::noinline]] void destroyHeld(HolderWords& holder) {
     HolderStorage<T>::destroy(holder);
@@ -145,8 +144,7 @@ void getHeldIfType(HolderWords& holder, AnyValueRequest& request) {
         getHeldIfEqual<T>(holder, request);
 }
 
-// The manager of T. A holder is looked into and moved more often than anything else, so that comes
-// first.
+// The manager of T. What is asked most comes first.
 template <typename T>
 void manageHeld(AnyValueRequest* request) {
     auto& holder = *static_cast<HolderWords*>(request->operand1);
@@ -154,13 +152,13 @@ void manageHeld(AnyValueRequest* request) {
     if (operation == AnyValueOp::GetIfType) return getHeldIfType<T>(holder, *request);
     if (operation == AnyValueOp::Move)
         return moveHeld<T>(holder, *static_cast<HolderWords*>(request->operand2));
+    if (operation == AnyValueOp::Destroy) return destroyHeld<T>(holder);
     if (operation == AnyValueOp::Copy)
         return copyHeld<T>(holder, *static_cast<HolderWords*>(request->operand2));
-    if (operation == AnyValueOp::Destroy) return destroyHeld<T>(holder);
-    if (operation == AnyValueOp::Get)
-        request->operand2 = static_cast<T*>(HolderStorage<T>::held(holder));
     if (operation == AnyValueOp::QueryType)
         request->operand2 = const_cast<TypeInfo*>(&HeldIdentity<T>::s_record);
+    if (operation == AnyValueOp::Get)
+        request->operand2 = static_cast<T*>(HolderStorage<T>::held(holder));
 }
 
 }  // namespace Internal

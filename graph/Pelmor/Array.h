@@ -36,7 +36,8 @@ public:
         defaultConstruct(storage.elements, size);
         adopt(storage, size);
     }
-    // The same, of elements that whoever asks for them sets before anybody reads them.
+    // The same, of elements that nothing has constructed: whoever asks for them sets each before
+    // anybody reads it.
     Array(std::uint64_t size, Unset) : Array() {
         static_assert(std::is_trivially_copyable_v<T>, "only such elements can be left unset");
         if (size == 0) return;

@@ -25,8 +25,8 @@ std::byte* ArrayData::element(std::size_t position) const noexcept {
     return m_blocks[position]->value();
 }
 
-// An array that no cache holds is walked at the speed of memory, and not of its latency, if what
-// comes is asked for ahead of time.
+// An array that the nearer caches cannot hold is walked at the speed of memory, and not of its
+// latency, if what comes is asked for ahead of time.
 void ArrayData::fetchAheadOf(std::size_t position) const noexcept {
     constexpr std::size_t kElementsAhead = 2, kCachedBytes = std::size_t{1} << 20, kLine = 64;
     const std::size_t elementSize = m_attribute.valueExtent().size;
