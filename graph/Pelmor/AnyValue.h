@@ -25,9 +25,9 @@ public:
         holder.m_words.manager = &Internal::manageHeld<Held>;
         return holder;
     }
-    AnyValue(const AnyValue& other) { make(AnyValueOp::Copy, other); }
+    AnyValue(const AnyValue& other) { become(other, AnyValueOp::Copy); }
     // The source is left empty. A heap value stays where it is.
-    AnyValue(AnyValue&& other) noexcept { make(AnyValueOp::Move, other); }
+    AnyValue(AnyValue&& other) noexcept { become(other, AnyValueOp::Move); }
     AnyValue& operator=(const AnyValue& other) {
         AnyValue copy(other);
         moveAssign(copy);
@@ -44,7 +44,10 @@ public:
     // TypeInfo::s_void for an empty holder.
     const Internal::TypeInfo& type() const noexcept {
         if (!hasValue()) return Internal::TypeInfo::s_void;
-        return *static_cast<const Internal::TypeInfo*>(request(AnyValueOp::QueryType).operand2);
+        AnyValueRequest query = about(AnyValueOp::QueryType);
+        query.operand2 = nullptr;
+        m_words.manager(&query);
+        return *static_cast<const Internal::TypeInfo*>(query.operand2);
     }
 
     // The held value, or null where the holder holds no T. An in-place value lies in the holder, so
@@ -52,10 +55,11 @@ public:
     template <typename T>
     T* getIf() noexcept {
         if (!hasValue()) return nullptr;
-        const Internal::TypeInfo& wanted = Internal::HeldIdentity<T>::s_record;
-        const auto answer =
-            request(AnyValueOp::GetIfType, const_cast<Internal::TypeInfo*>(&wanted));
-        return static_cast<T*>(answer.operand3);
+        AnyValueRequest query = about(AnyValueOp::GetIfType);
+        query.operand2 = const_cast<Internal::TypeInfo*>(&Internal::HeldIdentity<T>::s_record);
+        query.operand3 = nullptr;
+        m_words.manager(&query);
+        return static_cast<T*>(query.operand3);
     }
     template <typename T>
     const T* getIf() const noexcept {
@@ -65,34 +69,40 @@ public:
     // Destroys what this holder holds and takes over what `temporary` holds, which is left empty.
     void moveAssign(AnyValue& temporary) noexcept {
         reset();
-        if (temporary.hasValue()) temporary.request(AnyValueOp::Move, &m_words);
+        if (temporary.hasValue()) temporary.give(AnyValueOp::Move, m_words);
     }
 
     void reset() noexcept {
-        if (hasValue()) request(AnyValueOp::Destroy);
+        if (!hasValue()) return;
+        AnyValueRequest request = about(AnyValueOp::Destroy);
+        m_words.manager(&request);
     }
 
     // For managers, and for who checks them.
     const Internal::HolderWords& words() const noexcept { return m_words; }
 
 private:
-    // The first words of this holder, all of which a manager sets.
-    void make(AnyValueOp copyOrMove, const AnyValue& source) {
+    // Gives this holder its first words, all of which a manager sets.
+    void become(const AnyValue& source, AnyValueOp copyOrMove) {
         if (source.hasValue())
-            source.request(copyOrMove, &m_words);
+            source.give(copyOrMove, m_words);
         else
             m_words = {};
     }
 
-    AnyValueRequest request(AnyValueOp operation, void* operand2 = nullptr) const {
-        // Word by word, because braces would clear what lies between the words as well.
-        AnyValueRequest asked;
-        asked.operation = operation;
-        asked.operand1 = const_cast<Internal::HolderWords*>(&m_words);
-        asked.operand2 = operand2;
-        asked.operand3 = nullptr;
-        m_words.manager(&asked);
-        return asked;
+    void give(AnyValueOp copyOrMove, Internal::HolderWords& destination) const {
+        AnyValueRequest request = about(copyOrMove);
+        request.operand2 = &destination;
+        m_words.manager(&request);
+    }
+
+    // With the operand that every request has. The words that an operation does not use stay
+    // unset; braces would clear them all.
+    AnyValueRequest about(AnyValueOp operation) const noexcept {
+        AnyValueRequest request;
+        request.operation = operation;
+        request.operand1 = const_cast<Internal::HolderWords*>(&m_words);
+        return request;
     }
 
     Internal::HolderWords m_words;

@@ -71,7 +71,7 @@ struct InPlaceStorage {
         destroy(source);
         // A compiler may drop what the move wrote into a value that is then destroyed, and the
         // words of an emptied holder are null.
-        std::memset(source.storage, 0, sizeof source.storage);
+        std::memset(source.storage, 0, sizeof(T));
         destination = {};
         construct(destination, std::move(value));
     }
@@ -101,6 +101,9 @@ constexpr bool kHeldInPlace =
 
 template <typename T>
 using HolderStorage = std::conditional_t<kHeldInPlace<T>, InPlaceStorage<T>, HeapStorage<T>>;
+
+// Lets what follows a condition stand where the processor gets without a jump.
+inline bool isExpected(bool condition) noexcept { return __builtin_expect(condition, true); }
 
 // Destroying, copying and comparing call other functions; they are kept out of the manager, which
 // so needs no stack for the rest.
@@ -137,10 +140,12 @@ template <typename T>
 void getHeldIfType(HolderWords& holder, AnyValueRequest& request) {
     const auto& wanted = *static_cast<const TypeInfo*>(request.operand2);
     const TypeInfo& own = HeldIdentity<T>::s_record;
-    request.operand3 = nullptr;
-    if (&wanted == &own)
+    if (isExpected(&wanted == &own)) {
         request.operand3 = static_cast<T*>(HolderStorage<T>::held(holder));
-    else if (wanted.nameLength == own.nameLength || wanted.name == own.name)
+        return;
+    }
+    request.operand3 = nullptr;
+    if (wanted.nameLength == own.nameLength || wanted.name == own.name)
         getHeldIfEqual<T>(holder, request);
 }
 
@@ -149,8 +154,8 @@ template <typename T>
 void manageHeld(AnyValueRequest* request) {
     auto& holder = *static_cast<HolderWords*>(request->operand1);
     const AnyValueOp operation = request->operation;
-    if (operation == AnyValueOp::GetIfType) return getHeldIfType<T>(holder, *request);
-    if (operation == AnyValueOp::Move)
+    if (isExpected(operation == AnyValueOp::GetIfType)) return getHeldIfType<T>(holder, *request);
+    if (isExpected(operation == AnyValueOp::Move))
         return moveHeld<T>(holder, *static_cast<HolderWords*>(request->operand2));
     if (operation == AnyValueOp::Destroy) return destroyHeld<T>(holder);
     if (operation == AnyValueOp::Copy)
