@@ -64,31 +64,26 @@ void readMembers(VDataHandle& handle, const VPlug& plug, Record& record) {
     std::apply([&](auto... members) { (readMember(record.*members), ...); }, Members<Record>::list);
 }
 
-template <typename T>
-constexpr bool isSetWhole();
+// Whether reading a value sets every byte of it. Nobody can tell then whether an element had a
+// default before, and giving it one would be a second pass over the array.
+template <typename T, typename = void>
+inline constexpr bool kIsSetWhole = std::is_trivially_copyable_v<T>;
 
+template <typename MemberList>
+inline constexpr std::size_t kBytesSet = 0;
 template <typename Record, typename... Values>
-constexpr std::size_t bytesSetByReading(Values Record::*...) {
-    return ((isSetWhole<Values>() ? sizeof(Values) : 0) + ...);
-}
+inline constexpr std::size_t kBytesSet<const std::tuple<Values Record::*...>> =
+    ((kIsSetWhole<Values> ? sizeof(Values) : 0) + ...);
 
-// Whether reading an element sets every byte of it. Nobody can tell then whether it had a default
-// before, and giving it one would be a second pass over the array.
-template <typename T>
-constexpr bool isSetWhole() {
-    if constexpr (kIsRecord<T>)
-        return std::apply(
-            [](auto... members) { return bytesSetByReading(members...) == sizeof(T); },
-            Members<T>::list);
-    else
-        return std::is_trivially_copyable_v<T>;
-}
+template <typename Record>
+inline constexpr bool kIsSetWhole<Record, std::enable_if_t<kIsRecord<Record>>> =
+    kBytesSet<decltype(Members<Record>::list)> == sizeof(Record);
 
 // `count` elements, default unless reading sets them whole. It ends the process where there is no
 // memory for them.
 template <typename Element>
 Pelmor::SharedArray<Element> makeElements(unsigned count) noexcept {
-    if constexpr (isSetWhole<Element>())
+    if constexpr (kIsSetWhole<Element>)
         return Pelmor::makePtr<Pelmor::Array<Element>>(count, Pelmor::Unset());
     else
         return Pelmor::makePtr<Pelmor::Array<Element>>(count);
@@ -112,7 +107,7 @@ unsigned readElements(VArrayDataHandle& source, const VPlug& plug,
     const std::uint64_t count = elements.size();
     unsigned position = 0;
     while (position < count) {
-        if constexpr (isSetWhole<Element>()) fetchAheadOf(elements, position);
+        if constexpr (kIsSetWhole<Element>) fetchAheadOf(elements, position);
         VDataHandle elementHandle = source.inputValue();
         readElement(elementHandle, plug, position, elements[position]);
         ++position;
@@ -128,7 +123,7 @@ void readArray(VDataHandle& handle, const VPlug& plug, Pelmor::SharedArray<Eleme
     VArrayDataHandle source(handle);
     Pelmor::SharedArray<Element> elements = makeElements<Element>(source.elementCount());
     const unsigned read = readElements(source, plug, *elements);
-    if constexpr (isSetWhole<Element>())
+    if constexpr (kIsSetWhole<Element>)
         std::fill(elements->begin() + read, elements->end(), Element());
     array = std::move(elements);
 }
