@@ -53,15 +53,17 @@ void readValue(VDataHandle& handle, const VPlug& plug, Record& record) {
 // Reads the listed members of `record`, member i from child i; the others keep their values.
 template <typename Record>
 void readMembers(VDataHandle& handle, const VPlug& plug, Record& record) {
-    unsigned index = 0;
-    VPlug childPlug;
-    VDataHandle childHandle;
-    const auto readMember = [&](auto& member) {
-        childPlug = plug.child(index++);
-        childHandle = handle.child(childPlug);
-        readValue(childHandle, childPlug, member);
-    };
-    std::apply([&](auto... members) { (readMember(record.*members), ...); }, Members<Record>::list);
+    std::apply(
+        [&](auto first, auto... others) {
+            VPlug childPlug = plug.child(0);
+            VDataHandle childHandle = handle.child(childPlug);
+            readValue(childHandle, childPlug, record.*first);
+            unsigned index = 0;
+            ((childPlug = plug.child(++index), childHandle = handle.child(childPlug),
+              readValue(childHandle, childPlug, record.*others)),
+             ...);
+        },
+        Members<Record>::list);
 }
 
 // Whether reading a value sets every byte of it. Nobody can tell then whether an element had a

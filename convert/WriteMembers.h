@@ -51,16 +51,17 @@ void writeValue(const Record& record, VDataHandle& handle, const VPlug& plug) {
 // Writes the listed members of `record`, member i to child i.
 template <typename Record>
 void writeMembers(const Record& record, VDataHandle& handle, const VPlug& plug) {
-    unsigned index = 0;
-    VPlug childPlug;
-    VDataHandle childHandle;
-    const auto writeMember = [&](const auto& member) {
-        childPlug = plug.child(index++);
-        childHandle = handle.child(childPlug);
-        writeValue(member, childHandle, childPlug);
-    };
-    std::apply([&](auto... members) { (writeMember(record.*members), ...); },
-               Members<Record>::list);
+    std::apply(
+        [&](auto first, auto... others) {
+            VPlug childPlug = plug.child(0);
+            VDataHandle childHandle = handle.child(childPlug);
+            writeValue(record.*first, childHandle, childPlug);
+            unsigned index = 0;
+            ((childPlug = plug.child(++index), childHandle = handle.child(childPlug),
+              writeValue(record.*others, childHandle, childPlug)),
+             ...);
+        },
+        Members<Record>::list);
 }
 
 // Only a record needs the plug of its element.
