@@ -19,11 +19,7 @@ public:
     // demands.
     template <typename T>
     static AnyValue holding(T&& value) {
-        using Held = std::decay_t<T>;
-        AnyValue holder;
-        Internal::HolderStorage<Held>::construct(holder.m_words, std::forward<T>(value));
-        holder.m_words.manager = &Internal::manageHeld<Held>;
-        return holder;
+        return AnyValue(std::in_place_type<std::decay_t<T>>, std::forward<T>(value));
     }
     AnyValue(const AnyValue& other) { become(other, AnyValueOp::Copy); }
     // The source is left empty. A heap value stays where it is.
@@ -82,6 +78,12 @@ public:
     const Internal::HolderWords& words() const noexcept { return m_words; }
 
 private:
+    template <typename Held, typename T>
+    AnyValue(std::in_place_type_t<Held>, T&& value) {
+        Internal::HolderStorage<Held>::construct(m_words, std::forward<T>(value));
+        m_words.manager = &Internal::manageHeld<Held>;
+    }
+
     // Gives this holder its first words, all of which a manager sets.
     void become(const AnyValue& source, AnyValueOp copyOrMove) {
         if (source.hasValue())

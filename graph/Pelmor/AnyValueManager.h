@@ -55,6 +55,13 @@ struct HolderWords {
 
 static_assert(sizeof(HolderWords) == 4 * sizeof(void*) && offsetof(HolderWords, manager) == 24);
 
+// Gives the storage words what lies in them; those behind it are null.
+template <typename Stored, typename... Arguments>
+void storeInWords(HolderWords& holder, Arguments&&... arguments) {
+    new (holder.storage) Stored(std::forward<Arguments>(arguments)...);
+    std::memset(holder.storage + sizeof(Stored), 0, sizeof(holder.storage) - sizeof(Stored));
+}
+
 // A type that fits the storage words, and whose move cannot fail, lies in them.
 template <typename T>
 struct InPlaceStorage {
@@ -63,7 +70,7 @@ struct InPlaceStorage {
     }
     template <typename... Arguments>
     static void construct(HolderWords& holder, Arguments&&... arguments) {
-        new (holder.storage) T(std::forward<Arguments>(arguments)...);
+        storeInWords<T>(holder, std::forward<Arguments>(arguments)...);
     }
     static void destroy(HolderWords& holder) noexcept { held(holder)->~T(); }
     static void move(HolderWords& source, HolderWords& destination) noexcept {
@@ -72,7 +79,6 @@ struct InPlaceStorage {
         // A compiler may drop what the move wrote into a value that is then destroyed, and the
         // words of an emptied holder are null.
         std::memset(source.storage, 0, sizeof(T));
-        destination = {};
         construct(destination, std::move(value));
     }
 };
@@ -85,13 +91,11 @@ struct HeapStorage {
     }
     template <typename... Arguments>
     static void construct(HolderWords& holder, Arguments&&... arguments) {
-        new (holder.storage) T*(new T(std::forward<Arguments>(arguments)...));
+        storeInWords<T*>(holder, new T(std::forward<Arguments>(arguments)...));
     }
     static void destroy(HolderWords& holder) noexcept { delete held(holder); }
     static void move(HolderWords& source, HolderWords& destination) noexcept {
-        T* value = std::exchange(held(source), nullptr);
-        destination = {};
-        new (destination.storage) T*(value);
+        storeInWords<T*>(destination, std::exchange(held(source), nullptr));
     }
 };
 
