@@ -15,10 +15,11 @@ int main(int count, char** arguments) {
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, 2'000'000'000);
     mallopt(M_TOP_PAD, 64'000'000);
-    addTranslationRatios();
+    // The large arrays come last: they leave a heap in which small blocks lie far apart.
     addHolderRatios();
     addDispatchRatios();
     addStartRatios();
+    addTranslationRatios();
     benchmark::Initialize(&count, arguments);
     if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 1;
     Benchmarks::runRatios();
