@@ -55,11 +55,9 @@ struct HolderWords {
 
 static_assert(sizeof(HolderWords) == 4 * sizeof(void*) && offsetof(HolderWords, manager) == 24);
 
-// Gives the storage words what lies in them; those behind it are null.
-template <typename Stored, typename... Arguments>
-void storeInWords(HolderWords& holder, Arguments&&... arguments) {
-    new (holder.storage) Stored(std::forward<Arguments>(arguments)...);
-    std::memset(holder.storage + sizeof(Stored), 0, sizeof(holder.storage) - sizeof(Stored));
+// Clears the storage words but for their first `used` bytes.
+inline void clearBehind(HolderWords& holder, std::size_t used) noexcept {
+    std::memset(holder.storage + used, 0, sizeof(holder.storage) - used);
 }
 
 // A type that fits the storage words, and whose move cannot fail, lies in them.
@@ -70,7 +68,8 @@ struct InPlaceStorage {
     }
     template <typename... Arguments>
     static void construct(HolderWords& holder, Arguments&&... arguments) {
-        storeInWords<T>(holder, std::forward<Arguments>(arguments)...);
+        new (holder.storage) T(std::forward<Arguments>(arguments)...);
+        clearBehind(holder, sizeof(T));
     }
     static void destroy(HolderWords& holder) noexcept { held(holder)->~T(); }
     static void move(HolderWords& source, HolderWords& destination) noexcept {
@@ -91,11 +90,17 @@ struct HeapStorage {
     }
     template <typename... Arguments>
     static void construct(HolderWords& holder, Arguments&&... arguments) {
-        storeInWords<T*>(holder, new T(std::forward<Arguments>(arguments)...));
+        point(holder, new T(std::forward<Arguments>(arguments)...));
     }
     static void destroy(HolderWords& holder) noexcept { delete held(holder); }
     static void move(HolderWords& source, HolderWords& destination) noexcept {
-        storeInWords<T*>(destination, std::exchange(held(source), nullptr));
+        point(destination, std::exchange(held(source), nullptr));
+    }
+
+private:
+    static void point(HolderWords& holder, T* value) noexcept {
+        clearBehind(holder, sizeof(void*));
+        new (holder.storage) T*(value);
     }
 };
 
