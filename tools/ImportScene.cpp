@@ -8,6 +8,7 @@
 #include <new>
 #include <string_view>
 
+#include <assimp/DefaultIOSystem.h>
 #include <assimp/config.h>
 
 namespace Tolvane {
@@ -25,6 +26,21 @@ void refuseUnreadable(const std::string& path) {
     if (fs::file_size(path, ignored) == 0) throw Error(path + ": is empty");
 }
 
+// Notes what is opened: a rig may refer to other files.
+class NotedFiles : public Assimp::DefaultIOSystem {
+public:
+    explicit NotedFiles(std::vector<std::string>& files) : m_files(files) {}
+
+    Assimp::IOStream* Open(const char* file, const char* mode) override {
+        Assimp::IOStream* stream = DefaultIOSystem::Open(file, mode);
+        if (stream) m_files.emplace_back(file);
+        return stream;
+    }
+
+private:
+    std::vector<std::string>& m_files;
+};
+
 // Assimp's own words, less the path that they may begin with.
 std::string causeOf(std::string_view message, std::string_view path) {
     if (message.substr(0, 18) == "No suitable reader")
@@ -39,8 +55,10 @@ std::string causeOf(std::string_view message, std::string_view path) {
 
 }  // namespace
 
-const aiScene& importScene(Assimp::Importer& importer, const std::string& path) {
+const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
+                           std::vector<std::string>& filesRead) {
     refuseUnreadable(path);
+    importer.SetIOHandler(new NotedFiles(filesRead));  // which the importer then owns
     // Otherwise a file of joints alone is given a mesh that it does not have, and the joints of
     // some formats are split into several nodes each.
     importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);

@@ -49,10 +49,10 @@ void weigh(Rig& rig, const Weights& skins) {
 }  // namespace
 
 Rig loadRig(const std::string& path, const LoadOptions& options) {
-    Assimp::Importer importer;
-    const aiScene& scene = importScene(importer, path);
     Rig rig;
     rig.file = path;
+    Assimp::Importer importer;
+    const aiScene& scene = importScene(importer, path, rig.filesRead);
     rig.joints = jointsOf(scene, path);
     poseAtRest(rig);
     weigh(rig, skinWeights(scene));

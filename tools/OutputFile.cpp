@@ -18,8 +18,12 @@ std::string temporaryPath(const std::string& path) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& path) : m_path(path) {
+OutputFile::OutputFile(const std::string& path, const std::vector<std::string>& filesRead)
+    : m_path(path) {
     std::error_code ignored;
+    for (const std::string& read : filesRead)
+        if (fs::equivalent(path, read, ignored))
+            throw Error(path + ": is read, and will not be written over");
     const fs::file_status status = fs::status(path, ignored);
     if (fs::is_directory(status)) throw Error(path + ": is a folder, not a file to write to");
     // A device or a pipe would be replaced by a file.

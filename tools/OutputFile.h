@@ -4,13 +4,15 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tolvane {
 
 class OutputFile {
 public:
-    // Throws Error where the file could not be written as things stand.
-    explicit OutputFile(const std::string& path);
+    // Throws Error where the file could not be written as things stand, or is one of `filesRead`,
+    // by whatever path or link.
+    explicit OutputFile(const std::string& path, const std::vector<std::string>& filesRead = {});
 
     // Throws Error, and leaves the file as it was.
     void write(std::string_view text) const;

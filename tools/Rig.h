@@ -30,6 +30,8 @@ struct Joint {
 
 struct Rig {
     std::string file;
+    // Of these, `file` is the first; the others are those that it refers to.
+    std::vector<std::string> filesRead;
     // At least one. A parent stands before its children.
     std::vector<Joint> joints;
     std::size_t frameCount = 1;

@@ -14,6 +14,7 @@
 
 #include <exception>
 #include <iostream>
+#include <vector>
 
 namespace Tolvane {
 namespace {
@@ -23,7 +24,11 @@ bool runAsAsked(const Arguments& arguments) {
     const Rig rig = loadRig(arguments.file, arguments.load);
     framesOf(rig, arguments.run.frames);
     std::optional<OutputFile> picture;
-    if (arguments.picture) picture.emplace(*arguments.picture);
+    if (arguments.picture) {
+        std::vector<std::string> filesRead = rig.filesRead;
+        filesRead.push_back(arguments.plugin);
+        picture.emplace(*arguments.picture, filesRead);
+    }
     const TavrikGraph::Executor::TranslationLibrary library(arguments.plugin);
 
     const PluginSummary pluginSummary = summarise(library);

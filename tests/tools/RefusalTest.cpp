@@ -147,6 +147,42 @@ TEST_F(Refusal, OfAPictureWhereNoneCanBeWritten) {
     expectRefusal({"run", rig(), "--svg", "/dev/null"}, "/dev/null", "no ordinary file");
 }
 
+// By whatever spelling of its path, and by either kind of link.
+TEST_F(Refusal, OfAPictureOverAFileThatIsRead) {
+    namespace fs = std::filesystem;
+    const std::string file = rig(), plugin = folder.path("plugin.so");
+    fs::copy_file(PLUGIN, plugin);
+    fs::create_directory(folder.path("below"));
+    for (const std::string& read : {file, plugin}) {
+        const std::string name = fs::path(read).filename().string(), content = readFile(read);
+        fs::create_symlink(read, folder.path("symbolic"));
+        fs::create_symlink(folder.path("symbolic"), folder.path("twice"));
+        fs::create_hard_link(read, folder.path("hard"));
+        for (const std::string& spelling :
+             {name, "./" + name, "below/../" + name, "below/..//" + name, std::string("symbolic"),
+              std::string("twice"), std::string("hard")}) {
+            const std::string picture = folder.path(spelling);
+            expectRefusal({"run", file, "--plugin", plugin, "--svg", picture}, picture,
+                          "is read, and will not be written over");
+            EXPECT_EQ(readFile(read), content) << picture;
+        }
+        for (const char* link : {"twice", "symbolic", "hard"}) {
+            EXPECT_EQ(readFile(folder.path(link)), content) << link;
+            fs::remove(folder.path(link));
+        }
+    }
+    EXPECT_EQ(folder.fileCount(), 3U);
+}
+
+TEST_F(Refusal, OfAPictureOverAFileThatTheRigRefersTo) {
+    const std::string colours = folder.write("colours.mtl", "newmtl red\nKd 1 0 0\n");
+    const std::string file = folder.write(
+        "rig.obj", "mtllib colours.mtl\nusemtl red\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+    expectRefusal({"run", file, "--svg", colours}, colours,
+                  "is read, and will not be written over");
+    EXPECT_EQ(readFile(colours), "newmtl red\nKd 1 0 0\n");
+}
+
 TEST_F(Refusal, LeavesNoPictureBehind) {
     const std::string picture = folder.write("old.svg", "an old picture");
     const std::string empty = emptyFile();
