@@ -5,7 +5,7 @@
 #include <OpenVornik/VFnNumericAttribute.h>
 #include <OpenVornik/VFnTypedAttribute.h>
 
-namespace Rigging::Module {
+namespace Tolvane {
 
 VObject createStringAttribute(const VString& name, bool isArray) {
     VFnTypedAttribute attribute;
@@ -43,4 +43,4 @@ VObject createIntAttribute(const VString& name) {
     return VFnNumericAttribute().create(name, name, VFnNumericData::kInt, 0.0);
 }
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

@@ -6,7 +6,7 @@
 #include <OpenVornik/VObject.h>
 #include <OpenVornik/VString.h>
 
-namespace Rigging::Module {
+namespace Tolvane {
 
 VObject createStringAttribute(const VString& name, bool isArray);
 VObject createMatrixAttribute(const VString& name, bool isArray);
@@ -16,4 +16,4 @@ VObject createObjectAttribute(const VString& name, bool isArray);
 VObject createBoolAttribute(const VString& name);
 VObject createIntAttribute(const VString& name);
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

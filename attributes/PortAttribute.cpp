@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace Rigging::Module {
+namespace Tolvane {
 namespace {
 
 void setPortFlags(VFnAttribute& attribute, bool isInput, bool isArray) {
@@ -94,4 +94,4 @@ VObject createEnumAttribute(const Pelmor::EnumType& type, const VString& name, b
     return object;
 }
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

@@ -9,7 +9,7 @@
 #include <Pelmor/StructType.h>
 #include <Pelmor/Type.h>
 
-namespace Rigging::Module {
+namespace Tolvane {
 
 // The attribute of a port of `type`: a compound for a struct, an enum for an enum, an array of
 // these for an array, and the null object for anything else. An input port's attribute is writable
@@ -25,4 +25,4 @@ VObject createCompoundAttribute(const Pelmor::StructType& type, const VString& n
 VObject createEnumAttribute(const Pelmor::EnumType& type, const VString& name, bool isInput,
                             bool isArray);
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

@@ -2,7 +2,7 @@
 
 #include <Pelmor/ArrayType.h>
 
-namespace Rigging::Module {
+namespace Tolvane {
 
 UnwrappedType unwrapArrayType(const Pelmor::Type& type) {
     UnwrappedType unwrapped{type, 0};
@@ -13,4 +13,4 @@ UnwrappedType unwrapArrayType(const Pelmor::Type& type) {
     return unwrapped;
 }
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

@@ -3,7 +3,7 @@
 
 #include <Pelmor/Type.h>
 
-namespace Rigging::Module {
+namespace Tolvane {
 
 struct UnwrappedType {
     Pelmor::Type innermost;
@@ -13,4 +13,4 @@ struct UnwrappedType {
 // A type that is no array is its own innermost type, at 0 levels. [edit thread]
 UnwrappedType unwrapArrayType(const Pelmor::Type& type);
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

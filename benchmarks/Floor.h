@@ -61,49 +61,49 @@ struct Outputs {
     NamedTransforms namedTransforms2;
 };
 
-void read(VDataHandle handle, const VPlug& plug, Transform& transform);
-void read(VDataHandle handle, const VPlug& plug, NamedTransforms& record);
-void read(VDataHandle handle, const VPlug& plug, Pins& record);
-void read(VDataHandle handle, const VPlug& plug, InputsJoints& record);
-void read(VDataHandle handle, const VPlug& plug, InputsControls& record);
-void read(VDataHandle handle, const VPlug& plug, Inputs& record);
-void read(VDataHandle handle, const VPlug& plug, Outputs& record);
+void read(VDataHandle handle, VPlug plug, Transform& transform);
+void read(VDataHandle handle, VPlug plug, NamedTransforms& record);
+void read(VDataHandle handle, VPlug plug, Pins& record);
+void read(VDataHandle handle, VPlug plug, InputsJoints& record);
+void read(VDataHandle handle, VPlug plug, InputsControls& record);
+void read(VDataHandle handle, VPlug plug, Inputs& record);
+void read(VDataHandle handle, VPlug plug, Outputs& record);
 
-void write(const Transform& transform, VDataHandle handle, const VPlug& plug);
-void write(const NamedTransforms& record, VDataHandle handle, const VPlug& plug);
-void write(const Pins& record, VDataHandle handle, const VPlug& plug);
-void write(const InputsJoints& record, VDataHandle handle, const VPlug& plug);
-void write(const InputsControls& record, VDataHandle handle, const VPlug& plug);
-void write(const Inputs& record, VDataHandle handle, const VPlug& plug);
-void write(const Outputs& record, VDataHandle handle, const VPlug& plug);
+void write(const Transform& transform, VDataHandle handle, VPlug plug);
+void write(const NamedTransforms& record, VDataHandle handle, VPlug plug);
+void write(const Pins& record, VDataHandle handle, VPlug plug);
+void write(const InputsJoints& record, VDataHandle handle, VPlug plug);
+void write(const InputsControls& record, VDataHandle handle, VPlug plug);
+void write(const Inputs& record, VDataHandle handle, VPlug plug);
+void write(const Outputs& record, VDataHandle handle, VPlug plug);
 
 // The arrays are replaced by new ones.
-void read(VDataHandle handle, const VPlug& plug, std::vector<Transform>& records);
-void read(VDataHandle handle, const VPlug& plug, std::vector<NamedTransforms>& records);
-void read(VDataHandle handle, const VPlug& plug, std::vector<Pins>& records);
-void read(VDataHandle handle, const VPlug& plug, std::vector<InputsJoints>& records);
-void read(VDataHandle handle, const VPlug& plug, std::vector<InputsControls>& records);
-void read(VDataHandle handle, const VPlug& plug, std::vector<Inputs>& records);
-void read(VDataHandle handle, const VPlug& plug, std::vector<Outputs>& records);
+void read(VDataHandle handle, VPlug plug, std::vector<Transform>& records);
+void read(VDataHandle handle, VPlug plug, std::vector<NamedTransforms>& records);
+void read(VDataHandle handle, VPlug plug, std::vector<Pins>& records);
+void read(VDataHandle handle, VPlug plug, std::vector<InputsJoints>& records);
+void read(VDataHandle handle, VPlug plug, std::vector<InputsControls>& records);
+void read(VDataHandle handle, VPlug plug, std::vector<Inputs>& records);
+void read(VDataHandle handle, VPlug plug, std::vector<Outputs>& records);
 
-void write(const std::vector<Transform>& records, VDataHandle handle, const VPlug& plug);
-void write(const std::vector<NamedTransforms>& records, VDataHandle handle, const VPlug& plug);
-void write(const std::vector<Pins>& records, VDataHandle handle, const VPlug& plug);
-void write(const std::vector<InputsJoints>& records, VDataHandle handle, const VPlug& plug);
-void write(const std::vector<InputsControls>& records, VDataHandle handle, const VPlug& plug);
-void write(const std::vector<Inputs>& records, VDataHandle handle, const VPlug& plug);
-void write(const std::vector<Outputs>& records, VDataHandle handle, const VPlug& plug);
+void write(const std::vector<Transform>& records, VDataHandle handle, VPlug plug);
+void write(const std::vector<NamedTransforms>& records, VDataHandle handle, VPlug plug);
+void write(const std::vector<Pins>& records, VDataHandle handle, VPlug plug);
+void write(const std::vector<InputsJoints>& records, VDataHandle handle, VPlug plug);
+void write(const std::vector<InputsControls>& records, VDataHandle handle, VPlug plug);
+void write(const std::vector<Inputs>& records, VDataHandle handle, VPlug plug);
+void write(const std::vector<Outputs>& records, VDataHandle handle, VPlug plug);
 
 // A whole port, with the calls that come before and after its value.
 template <typename Value>
-Value readPort(VDataBlock& block, const VPlug& plug) {
+Value readPort(VDataBlock& block, VPlug plug) {
     Value value{};
     read(block.inputValue(plug), plug, value);
     return value;
 }
 
 template <typename Value>
-void writePort(const Value& value, VDataBlock& block, const VPlug& plug) {
+void writePort(const Value& value, VDataBlock& block, VPlug plug) {
     write(value, block.outputValue(plug), plug);
     block.setClean(plug.attribute());
 }

@@ -51,7 +51,7 @@ void readNumbers(VDataHandle handle, std::vector<double>& numbers) {
 }
 
 template <typename Record>
-void readRecords(VDataHandle& handle, const VPlug& plug, std::vector<Record>& records) {
+void readRecords(VDataHandle& handle, VPlug plug, std::vector<Record>& records) {
     readArray(handle, records, [&plug](const VDataHandle& element, unsigned k, auto& elements) {
         read(element, plug.elementByLogicalIndex(k), elements.emplace_back());
     });
@@ -59,86 +59,86 @@ void readRecords(VDataHandle& handle, const VPlug& plug, std::vector<Record>& re
 
 }  // namespace
 
-void read(VDataHandle handle, const VPlug& plug, Transform& transform) {
+void read(VDataHandle handle, VPlug plug, Transform& transform) {
     for (unsigned i = 0; i < 8; ++i)
         std::memcpy(transform.matrices[i].values.data(),
                     handle.child(plug.child(i)).asMatrix().matrix, sizeof(Matrix));
 }
 
-void read(VDataHandle handle, const VPlug& plug, NamedTransforms& record) {
+void read(VDataHandle handle, VPlug plug, NamedTransforms& record) {
     readTexts(handle.child(plug.child(0)), record.names);
-    const VPlug transforms = plug.child(1);
+    VPlug transforms = plug.child(1);
     read(handle.child(transforms), transforms, record.transforms);
 }
 
-void read(VDataHandle handle, const VPlug& plug, Pins& record) {
+void read(VDataHandle handle, VPlug plug, Pins& record) {
     readTexts(handle.child(plug.child(0)), record.names);
     readMatrices(handle.child(plug.child(1)), record.matrices);
 }
 
-void read(VDataHandle handle, const VPlug& plug, InputsJoints& record) {
+void read(VDataHandle handle, VPlug plug, InputsJoints& record) {
     readTexts(handle.child(plug.child(0)), record.names);
     readMatrices(handle.child(plug.child(1)), record.matrices);
-    const VPlug namedTransforms = plug.child(2);
+    VPlug namedTransforms = plug.child(2);
     read(handle.child(namedTransforms), namedTransforms, record.namedTransforms);
 }
 
-void read(VDataHandle handle, const VPlug& plug, InputsControls& record) {
+void read(VDataHandle handle, VPlug plug, InputsControls& record) {
     readTexts(handle.child(plug.child(0)), record.names);
     readMatrices(handle.child(plug.child(1)), record.matrices);
     readNumbers(handle.child(plug.child(2)), record.weights);
-    const VPlug namedTransforms = plug.child(3);
+    VPlug namedTransforms = plug.child(3);
     read(handle.child(namedTransforms), namedTransforms, record.namedTransforms);
 }
 
-void read(VDataHandle handle, const VPlug& plug, Inputs& record) {
-    const VPlug pins = plug.child(0);
+void read(VDataHandle handle, VPlug plug, Inputs& record) {
+    VPlug pins = plug.child(0);
     read(handle.child(pins), pins, record.pins);
-    const VPlug joints = plug.child(1);
+    VPlug joints = plug.child(1);
     read(handle.child(joints), joints, record.joints);
-    const VPlug controls0 = plug.child(2);
+    VPlug controls0 = plug.child(2);
     read(handle.child(controls0), controls0, record.controls0);
-    const VPlug controls1 = plug.child(3);
+    VPlug controls1 = plug.child(3);
     read(handle.child(controls1), controls1, record.controls1);
 }
 
-void read(VDataHandle handle, const VPlug& plug, Outputs& record) {
+void read(VDataHandle handle, VPlug plug, Outputs& record) {
     record.name = handle.child(plug.child(0)).asString().asChar();
-    const VPlug pins = plug.child(1);
+    VPlug pins = plug.child(1);
     read(handle.child(pins), pins, record.pins);
-    const VPlug namedTransforms0 = plug.child(2);
+    VPlug namedTransforms0 = plug.child(2);
     read(handle.child(namedTransforms0), namedTransforms0, record.namedTransforms0);
-    const VPlug namedTransforms1 = plug.child(3);
+    VPlug namedTransforms1 = plug.child(3);
     read(handle.child(namedTransforms1), namedTransforms1, record.namedTransforms1);
-    const VPlug namedTransforms2 = plug.child(4);
+    VPlug namedTransforms2 = plug.child(4);
     read(handle.child(namedTransforms2), namedTransforms2, record.namedTransforms2);
 }
 
-void read(VDataHandle handle, const VPlug& plug, std::vector<Transform>& records) {
+void read(VDataHandle handle, VPlug plug, std::vector<Transform>& records) {
     readRecords(handle, plug, records);
 }
 
-void read(VDataHandle handle, const VPlug& plug, std::vector<NamedTransforms>& records) {
+void read(VDataHandle handle, VPlug plug, std::vector<NamedTransforms>& records) {
     readRecords(handle, plug, records);
 }
 
-void read(VDataHandle handle, const VPlug& plug, std::vector<Pins>& records) {
+void read(VDataHandle handle, VPlug plug, std::vector<Pins>& records) {
     readRecords(handle, plug, records);
 }
 
-void read(VDataHandle handle, const VPlug& plug, std::vector<InputsJoints>& records) {
+void read(VDataHandle handle, VPlug plug, std::vector<InputsJoints>& records) {
     readRecords(handle, plug, records);
 }
 
-void read(VDataHandle handle, const VPlug& plug, std::vector<InputsControls>& records) {
+void read(VDataHandle handle, VPlug plug, std::vector<InputsControls>& records) {
     readRecords(handle, plug, records);
 }
 
-void read(VDataHandle handle, const VPlug& plug, std::vector<Inputs>& records) {
+void read(VDataHandle handle, VPlug plug, std::vector<Inputs>& records) {
     readRecords(handle, plug, records);
 }
 
-void read(VDataHandle handle, const VPlug& plug, std::vector<Outputs>& records) {
+void read(VDataHandle handle, VPlug plug, std::vector<Outputs>& records) {
     readRecords(handle, plug, records);
 }
 

@@ -55,7 +55,7 @@ void writeNumbers(const std::vector<double>& numbers, VDataHandle handle) {
 }
 
 template <typename Record>
-void writeRecords(const std::vector<Record>& records, VDataHandle& handle, const VPlug& plug) {
+void writeRecords(const std::vector<Record>& records, VDataHandle& handle, VPlug plug) {
     writeArray(records, handle, [&plug](const Record& record, VDataHandle& element, unsigned k) {
         write(record, element, plug.elementByLogicalIndex(k));
     });
@@ -63,86 +63,86 @@ void writeRecords(const std::vector<Record>& records, VDataHandle& handle, const
 
 }  // namespace
 
-void write(const Transform& transform, VDataHandle handle, const VPlug& plug) {
+void write(const Transform& transform, VDataHandle handle, VPlug plug) {
     for (unsigned i = 0; i < 8; ++i)
         std::memcpy(handle.child(plug.child(i)).asMatrix().matrix,
                     transform.matrices[i].values.data(), sizeof(Matrix));
 }
 
-void write(const NamedTransforms& record, VDataHandle handle, const VPlug& plug) {
+void write(const NamedTransforms& record, VDataHandle handle, VPlug plug) {
     writeTexts(record.names, handle.child(plug.child(0)));
-    const VPlug transforms = plug.child(1);
+    VPlug transforms = plug.child(1);
     write(record.transforms, handle.child(transforms), transforms);
 }
 
-void write(const Pins& record, VDataHandle handle, const VPlug& plug) {
+void write(const Pins& record, VDataHandle handle, VPlug plug) {
     writeTexts(record.names, handle.child(plug.child(0)));
     writeMatrices(record.matrices, handle.child(plug.child(1)));
 }
 
-void write(const InputsJoints& record, VDataHandle handle, const VPlug& plug) {
+void write(const InputsJoints& record, VDataHandle handle, VPlug plug) {
     writeTexts(record.names, handle.child(plug.child(0)));
     writeMatrices(record.matrices, handle.child(plug.child(1)));
-    const VPlug namedTransforms = plug.child(2);
+    VPlug namedTransforms = plug.child(2);
     write(record.namedTransforms, handle.child(namedTransforms), namedTransforms);
 }
 
-void write(const InputsControls& record, VDataHandle handle, const VPlug& plug) {
+void write(const InputsControls& record, VDataHandle handle, VPlug plug) {
     writeTexts(record.names, handle.child(plug.child(0)));
     writeMatrices(record.matrices, handle.child(plug.child(1)));
     writeNumbers(record.weights, handle.child(plug.child(2)));
-    const VPlug namedTransforms = plug.child(3);
+    VPlug namedTransforms = plug.child(3);
     write(record.namedTransforms, handle.child(namedTransforms), namedTransforms);
 }
 
-void write(const Inputs& record, VDataHandle handle, const VPlug& plug) {
-    const VPlug pins = plug.child(0);
+void write(const Inputs& record, VDataHandle handle, VPlug plug) {
+    VPlug pins = plug.child(0);
     write(record.pins, handle.child(pins), pins);
-    const VPlug joints = plug.child(1);
+    VPlug joints = plug.child(1);
     write(record.joints, handle.child(joints), joints);
-    const VPlug controls0 = plug.child(2);
+    VPlug controls0 = plug.child(2);
     write(record.controls0, handle.child(controls0), controls0);
-    const VPlug controls1 = plug.child(3);
+    VPlug controls1 = plug.child(3);
     write(record.controls1, handle.child(controls1), controls1);
 }
 
-void write(const Outputs& record, VDataHandle handle, const VPlug& plug) {
+void write(const Outputs& record, VDataHandle handle, VPlug plug) {
     handle.child(plug.child(0)).setString(VString(record.name.c_str()));
-    const VPlug pins = plug.child(1);
+    VPlug pins = plug.child(1);
     write(record.pins, handle.child(pins), pins);
-    const VPlug namedTransforms0 = plug.child(2);
+    VPlug namedTransforms0 = plug.child(2);
     write(record.namedTransforms0, handle.child(namedTransforms0), namedTransforms0);
-    const VPlug namedTransforms1 = plug.child(3);
+    VPlug namedTransforms1 = plug.child(3);
     write(record.namedTransforms1, handle.child(namedTransforms1), namedTransforms1);
-    const VPlug namedTransforms2 = plug.child(4);
+    VPlug namedTransforms2 = plug.child(4);
     write(record.namedTransforms2, handle.child(namedTransforms2), namedTransforms2);
 }
 
-void write(const std::vector<Transform>& records, VDataHandle handle, const VPlug& plug) {
+void write(const std::vector<Transform>& records, VDataHandle handle, VPlug plug) {
     writeRecords(records, handle, plug);
 }
 
-void write(const std::vector<NamedTransforms>& records, VDataHandle handle, const VPlug& plug) {
+void write(const std::vector<NamedTransforms>& records, VDataHandle handle, VPlug plug) {
     writeRecords(records, handle, plug);
 }
 
-void write(const std::vector<Pins>& records, VDataHandle handle, const VPlug& plug) {
+void write(const std::vector<Pins>& records, VDataHandle handle, VPlug plug) {
     writeRecords(records, handle, plug);
 }
 
-void write(const std::vector<InputsJoints>& records, VDataHandle handle, const VPlug& plug) {
+void write(const std::vector<InputsJoints>& records, VDataHandle handle, VPlug plug) {
     writeRecords(records, handle, plug);
 }
 
-void write(const std::vector<InputsControls>& records, VDataHandle handle, const VPlug& plug) {
+void write(const std::vector<InputsControls>& records, VDataHandle handle, VPlug plug) {
     writeRecords(records, handle, plug);
 }
 
-void write(const std::vector<Inputs>& records, VDataHandle handle, const VPlug& plug) {
+void write(const std::vector<Inputs>& records, VDataHandle handle, VPlug plug) {
     writeRecords(records, handle, plug);
 }
 
-void write(const std::vector<Outputs>& records, VDataHandle handle, const VPlug& plug) {
+void write(const std::vector<Outputs>& records, VDataHandle handle, VPlug plug) {
     writeRecords(records, handle, plug);
 }
 

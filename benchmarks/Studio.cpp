@@ -31,9 +31,9 @@ void require(bool holds) {
     if (!holds) throw std::runtime_error("a translation fails");
 }
 
-void fillValue(VDataHandle handle, const VPlug& plug, const Lengths& lengths, unsigned number);
+void fillValue(VDataHandle handle, VPlug plug, const Lengths& lengths, unsigned number);
 
-void fillArray(VDataHandle& handle, const VPlug& plug, const Lengths& lengths, unsigned length) {
+void fillArray(VDataHandle& handle, VPlug plug, const Lengths& lengths, unsigned length) {
     VArrayDataHandle array(handle);
     VArrayDataBuilder builder = array.builder();
     for (unsigned i = builder.elementCount(); i > length; --i) builder.removeElement(i - 1);
@@ -42,9 +42,9 @@ void fillArray(VDataHandle& handle, const VPlug& plug, const Lengths& lengths, u
     array.set(builder);
 }
 
-void fillCompound(VDataHandle& handle, const VPlug& plug, const Lengths& lengths) {
+void fillCompound(VDataHandle& handle, VPlug plug, const Lengths& lengths) {
     for (unsigned i = 0; i < plug.numChildren(); ++i) {
-        const VPlug child = plug.child(i);
+        VPlug child = plug.child(i);
         VDataHandle childHandle = handle.child(child);
         const bool areTexts = VFnAttribute(child.attribute()).kind() == VFnAttribute::kTyped;
         const unsigned length = areTexts && !lengths.areNamed ? 0 : lengths.inner;
@@ -55,7 +55,7 @@ void fillCompound(VDataHandle& handle, const VPlug& plug, const Lengths& lengths
     }
 }
 
-void fillValue(VDataHandle handle, const VPlug& plug, const Lengths& lengths, unsigned number) {
+void fillValue(VDataHandle handle, VPlug plug, const Lengths& lengths, unsigned number) {
     VMatrix matrix;
     matrix.matrix[3][0] = number;
     if (plug.isCompound()) return fillCompound(handle, plug, lengths);

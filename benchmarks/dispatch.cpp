@@ -1,7 +1,7 @@
 // Finding who reads and who writes, against maps with plain strings.
 #include "benchmarks/Ratio.h"
-#include "plugin/TranslatorRegistry.h"
-#include "types/Records.h"
+#include "plugin/Records.h"
+#include "translation/TranslatorRegistry.h"
 
 #include <Pelmor/TypeInfo.h>
 
@@ -16,7 +16,7 @@
 namespace {
 
 using namespace Benchmarks;
-using Rigging::Module::TranslatorRegistry;
+using Tolvane::TranslatorRegistry;
 
 // The names of the registry's types, and what is asked for, in turn.
 struct Names {

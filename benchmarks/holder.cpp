@@ -1,6 +1,6 @@
 // The graph's value holder against std::any, and looking into it against one indirect call.
 #include "benchmarks/Ratio.h"
-#include "types/Records.h"
+#include "plugin/Records.h"
 
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Array.h>

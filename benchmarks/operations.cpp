@@ -1,7 +1,7 @@
 // One operation of a fixed set, for its instructions to be counted: operations NAME, or operations
 // for the names. What is counted is what happens inside countedOperation.
 #include "benchmarks/Studio.h"
-#include "types/Records.h"
+#include "plugin/Records.h"
 
 #include <Pelmor/AnyValue.h>
 #include <TavrikGraph/Executor/TranslationLibrary.h>

@@ -1,5 +1,6 @@
-// An array that the nearer caches cannot hold is filled at the speed of memory, and not of its
-// latency, if the processor hears ahead of time where the next elements go.
+// Prefetching for large arrays: one that the nearer caches cannot hold is filled at the bandwidth
+// of memory, instead of waiting for its latency, if the processor hears in time where the next
+// elements go.
 #pragma once
 
 #include <Pelmor/Array.h>
@@ -8,9 +9,9 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace Rigging::Module {
+namespace Tolvane {
 
-// For who fills the elements in order and is at `position`.
+// For callers that fill the elements in order, before they fill the one at `position`.
 template <typename Element>
 void fetchAheadOf(Pelmor::Array<Element>& elements, std::uint64_t position) noexcept {
     constexpr std::uint64_t kCachedBytes = 1u << 20, kLine = 64;
@@ -21,4 +22,4 @@ void fetchAheadOf(Pelmor::Array<Element>& elements, std::uint64_t position) noex
     for (std::uint64_t i = 0; i < sizeof(Element); i += kLine) __builtin_prefetch(coming + i, 1);
 }
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

@@ -6,7 +6,7 @@
 
 #include <cstring>
 
-namespace Rigging::Module {
+namespace Tolvane {
 
 static_assert(sizeof(Math::double4x4) == sizeof(VMatrix));
 
@@ -18,4 +18,4 @@ inline void copyMatrix(const Math::double4x4& source, VMatrix& destination) noex
     std::memcpy(destination.matrix, source.rows, sizeof destination.matrix);
 }
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

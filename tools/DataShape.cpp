@@ -80,12 +80,12 @@ bool fitsSingle(const DataShape& shape, const Pelmor::Type& type) {
 
 }  // namespace
 
-DataShape shapeOf(const VPlug& plug) {
+DataShape shapeOf(VPlug plug) {
     const VObject attribute = plug.attribute();
     DataShape shape{
         plug, VFnAttribute(attribute).name().asChar(), kindOf(attribute), plug.isArray(), {}};
     if (shape.kind != Kind::Compound) return shape;
-    const VPlug compound = shape.isArray ? plug.elementByLogicalIndex(0) : plug;
+    VPlug compound = shape.isArray ? plug.elementByLogicalIndex(0) : plug;
     for (unsigned i = 0; i < compound.numChildren(); ++i)
         shape.children.push_back(shapeOf(compound.child(i)));
     return shape;

@@ -23,7 +23,7 @@ struct DataShape {
     std::vector<DataShape> children;
 };
 
-DataShape shapeOf(const VPlug& plug);
+DataShape shapeOf(VPlug plug);
 
 // The attribute itself and all below it.
 std::size_t attributeCount(const DataShape& shape);

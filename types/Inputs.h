@@ -1,15 +1,18 @@
-// All that a rig module takes in. The objects travel with the record and are shared by copies; a
-// new record has the graph's default object in both.
+// All that a rig module takes in. The objects stay in the graph: they travel with the record and
+// are shared by copies, and a new record has the graph's default object in both.
 #pragma once
 
+#include "record/Elements.h"
+#include "record/Page.h"
 #include "types/InputsControls.h"
 #include "types/InputsJoints.h"
 #include "types/Pins.h"
-#include "types/RecordElements.h"
 
 #include <Pelmor/DefaultClass.h>
 #include <Pelmor/Ptr.h>
 #include <Tavrik/Object.h>
+
+#include <tuple>
 
 namespace Rigging::Module {
 
@@ -25,5 +28,9 @@ struct Inputs {
 }  // namespace Rigging::Module
 
 template <>
-struct Pelmor::Internal::ElementTraits<Rigging::Module::Inputs>
-    : Rigging::Module::RecordElementTraits<Rigging::Module::Inputs> {};
+struct Tolvane::Page<Rigging::Module::Inputs> {
+    using Record = Rigging::Module::Inputs;
+    static constexpr const char* typeName = "Rigging::Module::Inputs";
+    static constexpr std::tuple members{&Record::pins, &Record::joints, &Record::controls0,
+                                        &Record::controls1};
+};

@@ -2,25 +2,31 @@
 // never null in a new record, and never changed in place.
 #pragma once
 
+#include "record/Elements.h"
+#include "record/Page.h"
 #include "types/NamedTransforms.h"
-#include "types/RecordElements.h"
 
 #include <Math/double4x4.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
 
+#include <tuple>
+
 namespace Rigging::Module {
 
 struct InputsControls {
-    Pelmor::SharedArray<Pelmor::String> names = Pelmor::makePtr<Pelmor::Array<Pelmor::String>>();
-    Pelmor::SharedArray<Math::double4x4> matrices =
-        Pelmor::makePtr<Pelmor::Array<Math::double4x4>>();
-    Pelmor::SharedArray<double> weights = Pelmor::makePtr<Pelmor::Array<double>>();
+    Pelmor::SharedArray<Pelmor::String> names = Tolvane::newArray;
+    Pelmor::SharedArray<Math::double4x4> matrices = Tolvane::newArray;
+    Pelmor::SharedArray<double> weights = Tolvane::newArray;
     NamedTransforms namedTransforms;
 };
 
 }  // namespace Rigging::Module
 
 template <>
-struct Pelmor::Internal::ElementTraits<Rigging::Module::InputsControls>
-    : Rigging::Module::RecordElementTraits<Rigging::Module::InputsControls> {};
+struct Tolvane::Page<Rigging::Module::InputsControls> {
+    using Record = Rigging::Module::InputsControls;
+    static constexpr const char* typeName = "Rigging::Module::InputsControls";
+    static constexpr std::tuple members{&Record::names, &Record::matrices, &Record::weights,
+                                        &Record::namedTransforms};
+};

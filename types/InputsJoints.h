@@ -2,24 +2,30 @@
 // record, and never changed in place.
 #pragma once
 
+#include "record/Elements.h"
+#include "record/Page.h"
 #include "types/NamedTransforms.h"
-#include "types/RecordElements.h"
 
 #include <Math/double4x4.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
 
+#include <tuple>
+
 namespace Rigging::Module {
 
 struct InputsJoints {
-    Pelmor::SharedArray<Pelmor::String> names = Pelmor::makePtr<Pelmor::Array<Pelmor::String>>();
-    Pelmor::SharedArray<Math::double4x4> matrices =
-        Pelmor::makePtr<Pelmor::Array<Math::double4x4>>();
+    Pelmor::SharedArray<Pelmor::String> names = Tolvane::newArray;
+    Pelmor::SharedArray<Math::double4x4> matrices = Tolvane::newArray;
     NamedTransforms namedTransforms;
 };
 
 }  // namespace Rigging::Module
 
 template <>
-struct Pelmor::Internal::ElementTraits<Rigging::Module::InputsJoints>
-    : Rigging::Module::RecordElementTraits<Rigging::Module::InputsJoints> {};
+struct Tolvane::Page<Rigging::Module::InputsJoints> {
+    using Record = Rigging::Module::InputsJoints;
+    static constexpr const char* typeName = "Rigging::Module::InputsJoints";
+    static constexpr std::tuple members{&Record::names, &Record::matrices,
+                                        &Record::namedTransforms};
+};

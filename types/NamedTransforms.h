@@ -2,22 +2,27 @@
 // changed in place.
 #pragma once
 
-#include "types/RecordElements.h"
+#include "record/Elements.h"
+#include "record/Page.h"
 #include "types/Transform.h"
 
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
 
+#include <tuple>
+
 namespace Rigging::Module {
 
 struct NamedTransforms {
-    Pelmor::SharedArray<Pelmor::String> names = Pelmor::makePtr<Pelmor::Array<Pelmor::String>>();
-    Pelmor::SharedArray<Core::Transform::Transform> transforms =
-        Pelmor::makePtr<Pelmor::Array<Core::Transform::Transform>>();
+    Pelmor::SharedArray<Pelmor::String> names = Tolvane::newArray;
+    Pelmor::SharedArray<Core::Transform::Transform> transforms = Tolvane::newArray;
 };
 
 }  // namespace Rigging::Module
 
 template <>
-struct Pelmor::Internal::ElementTraits<Rigging::Module::NamedTransforms>
-    : Rigging::Module::RecordElementTraits<Rigging::Module::NamedTransforms> {};
+struct Tolvane::Page<Rigging::Module::NamedTransforms> {
+    using Record = Rigging::Module::NamedTransforms;
+    static constexpr const char* typeName = "Rigging::Module::NamedTransforms";
+    static constexpr std::tuple members{&Record::names, &Record::transforms};
+};

@@ -1,15 +1,18 @@
-// All that a rig module gives out. The objects travel with the record and are shared by copies; a
-// new record has the graph's default object in both.
+// All that a rig module gives out. The objects stay in the graph: they travel with the record and
+// are shared by copies, and a new record has the graph's default object in both.
 #pragma once
 
+#include "record/Elements.h"
+#include "record/Page.h"
 #include "types/NamedTransforms.h"
 #include "types/Pins.h"
-#include "types/RecordElements.h"
 
 #include <Pelmor/DefaultClass.h>
 #include <Pelmor/Ptr.h>
 #include <Pelmor/String.h>
 #include <Tavrik/Object.h>
+
+#include <tuple>
 
 namespace Rigging::Module {
 
@@ -26,5 +29,9 @@ struct Outputs {
 }  // namespace Rigging::Module
 
 template <>
-struct Pelmor::Internal::ElementTraits<Rigging::Module::Outputs>
-    : Rigging::Module::RecordElementTraits<Rigging::Module::Outputs> {};
+struct Tolvane::Page<Rigging::Module::Outputs> {
+    using Record = Rigging::Module::Outputs;
+    static constexpr const char* typeName = "Rigging::Module::Outputs";
+    static constexpr std::tuple members{&Record::name, &Record::pins, &Record::namedTransforms0,
+                                        &Record::namedTransforms1, &Record::namedTransforms2};
+};

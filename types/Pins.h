@@ -2,22 +2,27 @@
 // in place.
 #pragma once
 
-#include "types/RecordElements.h"
+#include "record/Elements.h"
+#include "record/Page.h"
 
 #include <Math/double4x4.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
 
+#include <tuple>
+
 namespace Rigging::Module {
 
 struct Pins {
-    Pelmor::SharedArray<Pelmor::String> names = Pelmor::makePtr<Pelmor::Array<Pelmor::String>>();
-    Pelmor::SharedArray<Math::double4x4> matrices =
-        Pelmor::makePtr<Pelmor::Array<Math::double4x4>>();
+    Pelmor::SharedArray<Pelmor::String> names = Tolvane::newArray;
+    Pelmor::SharedArray<Math::double4x4> matrices = Tolvane::newArray;
 };
 
 }  // namespace Rigging::Module
 
 template <>
-struct Pelmor::Internal::ElementTraits<Rigging::Module::Pins>
-    : Rigging::Module::RecordElementTraits<Rigging::Module::Pins> {};
+struct Tolvane::Page<Rigging::Module::Pins> {
+    using Record = Rigging::Module::Pins;
+    static constexpr const char* typeName = "Rigging::Module::Pins";
+    static constexpr std::tuple members{&Record::names, &Record::matrices};
+};

@@ -2,10 +2,12 @@
 // zeros by default.
 #pragma once
 
-#include "types/RecordElements.h"
+#include "record/Elements.h"
+#include "record/Page.h"
 
 #include <Math/double4x4.h>
 
+#include <tuple>
 #include <type_traits>
 
 namespace Core::Transform {
@@ -27,5 +29,10 @@ static_assert(std::is_trivially_copyable_v<Transform>);
 }  // namespace Core::Transform
 
 template <>
-struct Pelmor::Internal::ElementTraits<Core::Transform::Transform>
-    : Rigging::Module::RecordElementTraits<Core::Transform::Transform> {};
+struct Tolvane::Page<Core::Transform::Transform> {
+    using Record = Core::Transform::Transform;
+    static constexpr const char* typeName = "Core::Transform::Transform";
+    static constexpr std::tuple members{&Record::matrix0, &Record::matrix1, &Record::matrix2,
+                                        &Record::matrix3, &Record::matrix4, &Record::matrix5,
+                                        &Record::matrix6, &Record::matrix7};
+};

@@ -21,9 +21,6 @@ namespace Pelmor {
 template <>
 struct Internal::ElementTraits<String> : PlainElementTraits<1> {};
 
-// Says that an array is to leave its elements as the storage came.
-struct Unset {};
-
 template <typename T>
 class Array {
 public:
@@ -34,14 +31,6 @@ public:
         if (size == 0) return;
         StorageOwner storage(m_elementRep, size);
         defaultConstruct(storage.elements, size);
-        adopt(storage, size);
-    }
-    // The same, of elements that nothing has constructed: whoever asks for them sets each before
-    // anybody reads it.
-    Array(std::uint64_t size, Unset) : Array() {
-        static_assert(std::is_trivially_copyable_v<T>, "only such elements can be left unset");
-        if (size == 0) return;
-        StorageOwner storage(m_elementRep, size);
         adopt(storage, size);
     }
     Array(const Array& other) : Array() {

@@ -47,8 +47,8 @@ static_assert(offsetof(UntypedTypeRep, alignmentAndKind) == 4);
 static_assert(offsetof(UntypedTypeRep, operations) == 8);
 
 // The kind code and the operations of one element type: two constants, `kindCode` and `operations`,
-// which whoever owns the type specialises.
-template <typename T>
+// which the owner of the type specialises, or of a family of types, by `Enable`.
+template <typename T, typename Enable = void>
 struct ElementTraits;
 
 // Elements that the graph library handles by their own constructors, assignments and destructor. It

@@ -30,12 +30,12 @@ public:
 
     // The plug of the child attribute at `index` of a compound that is no array, or of an element
     // of a compound array. Fails with a null plug.
-    VPlug child(unsigned index, VStatus* status = nullptr) const;
+    VPlug child(unsigned index, VStatus* status = nullptr);
     // Fails with 0 on anything but a compound or an array of compounds.
     unsigned numChildren(VStatus* status = nullptr) const;
     // The plug of one element of an array, whether the array has that element or not. Fails with
     // a null plug on anything but an array.
-    VPlug elementByLogicalIndex(unsigned logicalIndex, VStatus* status = nullptr) const;
+    VPlug elementByLogicalIndex(unsigned logicalIndex, VStatus* status = nullptr);
     // The logical index of an element plug. Fails with 0 on any other plug.
     unsigned logicalIndex(VStatus* status = nullptr) const;
 

@@ -23,7 +23,7 @@ VPlug::VPlug(const VObject& node, const VObject& attribute, VStatus* status) {
     *this = succeed(status, PlugAccess::whole(*owned));
 }
 
-VPlug VPlug::child(unsigned index, VStatus* status) const {
+VPlug VPlug::child(unsigned index, VStatus* status) {
     if (refused(status, "VPlug::child", *this, index)) return {};
     if (isNull() || PlugAccess::isWholeArray(*this) || index >= m_attribute->children().size()) {
         return fail(status, VStatus::kInvalidParameter);
@@ -40,7 +40,7 @@ unsigned VPlug::numChildren(VStatus* status) const {
     return succeed(status, static_cast<unsigned>(m_attribute->children().size()));
 }
 
-VPlug VPlug::elementByLogicalIndex(unsigned logicalIndex, VStatus* status) const {
+VPlug VPlug::elementByLogicalIndex(unsigned logicalIndex, VStatus* status) {
     if (refused(status, "VPlug::elementByLogicalIndex", *this, logicalIndex)) return {};
     if (!PlugAccess::isWholeArray(*this)) return fail(status, VStatus::kInvalidParameter);
     VPlug element = *this;

@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace Rigging::Module;
+using namespace Tolvane;
 using TestSupport::CallRecorder;
 using Lines = CallRecorder::Lines;
 

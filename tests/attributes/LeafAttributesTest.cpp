@@ -5,7 +5,7 @@
 
 namespace {
 
-using namespace Rigging::Module;
+using namespace Tolvane;
 using Lines = TestSupport::AttributeLines;
 using TestSupport::treeOf;
 

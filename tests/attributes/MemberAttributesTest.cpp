@@ -12,7 +12,7 @@
 
 namespace {
 
-using namespace Rigging::Module;
+using namespace Tolvane;
 using Lines = TestSupport::AttributeLines;
 using Members = std::vector<Pelmor::StructType::Member>;
 

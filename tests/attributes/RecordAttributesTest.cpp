@@ -101,7 +101,7 @@ class RecordAttribute : public testing::TestWithParam<RecordCase> {
 protected:
     static Lines created(const std::string& type, bool isInput) {
         const Pelmor::Type portType = Pelmor::Library().getType(type.c_str());
-        return TestSupport::treeOf(Rigging::Module::createPortAttribute(portType, "port", isInput));
+        return TestSupport::treeOf(Tolvane::createPortAttribute(portType, "port", isInput));
     }
     static std::string arrayOf(const char* type) { return std::string("array<") + type + ">"; }
 };

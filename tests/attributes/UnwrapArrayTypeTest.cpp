@@ -6,7 +6,7 @@
 
 namespace {
 
-using Rigging::Module::unwrapArrayType;
+using Tolvane::unwrapArrayType;
 
 void expectUnwrapped(const char* type, const char* innermost, unsigned arrayLevels) {
     SCOPED_TRACE(type);

@@ -1,10 +1,10 @@
 // The array readers: what a shared array holds after it was read from the host's array.
-#include "tests/convert/HostPort.h"
 #include "tests/convert/SharedArrays.h"
 #include "tests/convert/ThrowOnCall.h"
 #include "tests/convert/Translators.h"
 #include "tests/support/AllocationCount.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <Pelmor/DefaultClass.h>
@@ -202,7 +202,7 @@ TYPED_TEST(ReadArrayWalk, TakesElementPlugsByPositionAndOnlyForRecords) {
 
 TEST(ReadPinsArray, ReadsSparseElementsInTheirOrder) {
     auto port = HostPort::ofArray<Pins>({0, 3, 7});
-    const VPlug names = port.plug.elementByLogicalIndex(0).child(0);
+    VPlug names = port.plug.elementByLogicalIndex(0).child(0);
     for (const unsigned index : {0u, 3u, 7u}) {
         const VDataHandle element = elementOf(port.handle, index).child(names);
         setIndices(element, {0});

@@ -1,8 +1,8 @@
 // The member readers: what a record holds after it was read from the host's compound.
-#include "tests/convert/HostPort.h"
 #include "tests/convert/SharedArrays.h"
 #include "tests/convert/Translators.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <Pelmor/DefaultClass.h>

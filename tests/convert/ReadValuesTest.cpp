@@ -1,9 +1,9 @@
 // The readers that the registry files: what the graph's holder holds when they return.
-#include "tests/convert/HostPort.h"
 #include "tests/convert/SharedArrays.h"
 #include "tests/convert/ThrowOnCall.h"
 #include "tests/convert/Translators.h"
 #include "tests/support/AllocationCount.h"
+#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <OpenVornik/Testing/CallObserver.h>

@@ -1,8 +1,8 @@
 // The array writers: what the host's array holds afterwards, and how it got there.
 #include "tests/convert/ErrorMessage.h"
-#include "tests/convert/HostPort.h"
 #include "tests/convert/Translators.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <string>

@@ -1,10 +1,10 @@
 // What is left in the host where a write fails, and which failures of the host a writer looks at.
 #include "tests/convert/ErrorMessage.h"
-#include "tests/convert/HostPort.h"
 #include "tests/convert/SharedArrays.h"
 #include "tests/convert/Translators.h"
 #include "tests/support/AllocationCount.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <algorithm>

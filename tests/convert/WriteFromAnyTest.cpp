@@ -1,8 +1,8 @@
 // The writers that the registry files: what becomes of the graph's holder.
 #include "tests/convert/ErrorMessage.h"
-#include "tests/convert/HostPort.h"
 #include "tests/convert/Translators.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <Pelmor/AnyValue.h>

@@ -1,8 +1,8 @@
 // The value writers: what the host holds after a record was written to its compound.
-#include "tests/convert/HostPort.h"
 #include "tests/convert/SharedArrays.h"
 #include "tests/convert/Translators.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <cstring>

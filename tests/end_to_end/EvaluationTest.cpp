@@ -1,6 +1,6 @@
 // Data through the built plugin: from the host into the graph and back, to the bit.
-#include "tests/end_to_end/CarriedTypes.h"
 #include "tests/end_to_end/RigNode.h"
+#include "tests/support/CarriedTypes.h"
 #include "tests/support/RecordLeaves.h"
 #include "tests/support/ShownErrors.h"
 
@@ -26,9 +26,9 @@ protected:
     RigNode m_node{m_library.translation(), "rig"};
 };
 
-class EvaluationOfEveryType : public Evaluation, public testing::WithParamInterface<const char*> {
+class EvaluationOfEveryType : public Evaluation, public testing::WithParamInterface<std::string> {
 protected:
-    void SetUp() override { ASSERT_TRUE(m_node.addPorts(GetParam())); }
+    void SetUp() override { ASSERT_TRUE(m_node.addPorts(GetParam().c_str())); }
 };
 
 INSTANTIATE_TEST_SUITE_P(Carried, EvaluationOfEveryType, testing::ValuesIn(carriedTypes()),
@@ -59,14 +59,14 @@ TEST_P(EvaluationOfEveryType, FollowsArraysThatGrowAndShrink) {
 
 TEST_P(EvaluationOfEveryType, HappensWhenTheHostAsksForTheOutput) {
     m_node.fill("in", Numbers());
-    const VPlug plug = m_node.plug("out");
+    VPlug plug = m_node.plug("out");
     const VDataHandle handle = m_node.hostNode().dataBlock().inputValue(plug);
     EXPECT_EQ(leavesOf(handle, plug), m_node.leaves("in"));
 }
 
 TEST_P(EvaluationOfEveryType, LeavesTheOutputDirtyWithoutAValue) {
     RigNode silent(m_library.translation(), "silent", [](const auto&, const auto&) {});
-    ASSERT_TRUE(silent.addPorts(GetParam()));
+    ASSERT_TRUE(silent.addPorts(GetParam().c_str()));
     silent.fill("in", Numbers());
     const Leaves before = silent.leaves("out");
     EXPECT_FALSE(silent.evaluate());
@@ -91,16 +91,16 @@ TEST_F(Evaluation, CarriesNumbersThatCompareUnequalOrAlike) {
 }
 
 TEST_F(Evaluation, CarriesAllTypesInOneNode) {
-    for (const char* type : carriedTypes()) {
+    for (const std::string& type : carriedTypes()) {
         const std::string name(type);
-        ASSERT_TRUE(m_node.addPort(("in " + name).c_str(), PortDirection::Input, type));
-        ASSERT_TRUE(m_node.addPort(("out " + name).c_str(), PortDirection::Output, type));
+        ASSERT_TRUE(m_node.addPort(("in " + name).c_str(), PortDirection::Input, type.c_str()));
+        ASSERT_TRUE(m_node.addPort(("out " + name).c_str(), PortDirection::Output, type.c_str()));
     }
     unsigned first = 1;
-    for (const char* type : carriedTypes())
+    for (const std::string& type : carriedTypes())
         m_node.fill(("in " + std::string(type)).c_str(), Numbers(first += 1000));
     EXPECT_TRUE(m_node.evaluate());
-    for (const char* type : carriedTypes())
+    for (const std::string& type : carriedTypes())
         EXPECT_EQ(m_node.leaves(("out " + std::string(type)).c_str()),
                   m_node.leaves(("in " + std::string(type)).c_str()))
             << type;

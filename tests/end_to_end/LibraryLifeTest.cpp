@@ -102,7 +102,7 @@ TEST(LibraryLife, LeavesTheHostWhatItWrote) {
     }
     ASSERT_FALSE(isLoaded());
     const VFnDependencyNode functions(hostNode);
-    const VPlug plug = functions.findPlug("out");
+    VPlug plug = functions.findPlug("out");
     EXPECT_EQ(leavesOf(functions.dataBlock().outputValue(plug), plug), expected);
 }
 

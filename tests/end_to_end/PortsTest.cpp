@@ -1,6 +1,6 @@
 // What the built plugin says that it carries, and the attributes that it gives a host node.
-#include "tests/end_to_end/CarriedTypes.h"
 #include "tests/end_to_end/RigNode.h"
+#include "tests/support/CarriedTypes.h"
 #include "tests/support/ShownErrors.h"
 
 #include <OpenVornik/VFnAttribute.h>
@@ -45,7 +45,7 @@ TEST(BuiltPlugin, GivesTheFourteenTypesOfALibraryOfTypes) {
     EXPECT_EQ(supported.size(), 14u);
 }
 
-class PortOfEveryType : public testing::TestWithParam<const char*> {
+class PortOfEveryType : public testing::TestWithParam<std::string> {
 protected:
     VFnAttribute attributeOf(const char* port) const {
         return VFnAttribute(m_node.plug(port).attribute());
@@ -59,13 +59,13 @@ INSTANTIATE_TEST_SUITE_P(Carried, PortOfEveryType, testing::ValuesIn(carriedType
 
 TEST_P(PortOfEveryType, IsAnAttributeThatFitsItsDirection) {
     ShownErrors errors;
-    ASSERT_TRUE(m_node.addPorts(GetParam()));
+    ASSERT_TRUE(m_node.addPorts(GetParam().c_str()));
     EXPECT_EQ(m_node.hostNode().attributeCount(), 2u);
     for (const char* port : {"in", "out"}) {
         const VFnAttribute attribute = attributeOf(port);
         const bool isInput = port == std::string("in");
         EXPECT_EQ(attribute.kind(), VFnAttribute::kCompound);
-        EXPECT_EQ(attribute.isArray(), std::string(GetParam()).find("array<") == 0);
+        EXPECT_EQ(attribute.isArray(), std::string(GetParam().c_str()).find("array<") == 0);
         EXPECT_EQ(attribute.isWritable(), isInput);
         EXPECT_EQ(attribute.isKeyable(), isInput);
         EXPECT_EQ(attribute.isReadable(), !isInput);
@@ -74,9 +74,9 @@ TEST_P(PortOfEveryType, IsAnAttributeThatFitsItsDirection) {
 }
 
 TEST_P(PortOfEveryType, IsRefusedASecondTime) {
-    ASSERT_TRUE(m_node.addPorts(GetParam()));
+    ASSERT_TRUE(m_node.addPorts(GetParam().c_str()));
     ShownErrors errors;
-    EXPECT_FALSE(m_node.addPort("in", PortDirection::Input, GetParam()));
+    EXPECT_FALSE(m_node.addPort("in", PortDirection::Input, GetParam().c_str()));
     EXPECT_EQ(errors.messages(),
               ShownErrors::Messages{"A port with the name in already exists on the node rig."});
     EXPECT_EQ(m_node.hostNode().attributeCount(), 2u);
@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(NotCarried, PortOfNoCarriedType,
 
 TEST_P(PortOfNoCarriedType, GetsNoAttributeAndAMessage) {
     ShownErrors errors;
-    EXPECT_FALSE(m_node.addPort("speed", PortDirection::Input, GetParam()));
+    EXPECT_FALSE(m_node.addPort("speed", PortDirection::Input, GetParam().c_str()));
     EXPECT_EQ(errors.messages(),
               ShownErrors::Messages{"Fail to create attribute speed on node rig."});
     EXPECT_EQ(m_node.hostNode().attributeCount(), 0u);

@@ -27,7 +27,7 @@ VPlug plugOf(const VObject& node, const char* port) {
 
 void setInput(const GraphNode& node, const char* port, double value) {
     VDataBlock data = VFnDependencyNode(node.hostNode()).dataBlock();
-    const VPlug plug = plugOf(node.hostNode(), port);
+    VPlug plug = plugOf(node.hostNode(), port);
     data.outputValue(plug).setDouble(value);
     data.setDirty(plug.attribute());
 }
@@ -39,7 +39,7 @@ double pull(const VObject& node, const char* port) {
 
 // What is there, with nothing evaluated for it.
 double stored(const GraphNode& node, const char* port) {
-    const VPlug plug = plugOf(node.hostNode(), port);
+    VPlug plug = plugOf(node.hostNode(), port);
     return VFnDependencyNode(node.hostNode()).dataBlock().outputValue(plug).asDouble();
 }
 

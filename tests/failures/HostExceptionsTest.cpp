@@ -1,8 +1,8 @@
 // What becomes of the translation's operations where a call of the host throws, at each of their
 // calls in turn. It stands for whatever may throw in the middle of them.
-#include "tests/end_to_end/CarriedTypes.h"
 #include "tests/plugin/EditedNode.h"
 #include "tests/plugin/Rig.h"
+#include "tests/support/CarriedTypes.h"
 #include "tests/support/Endings.h"
 #include "tests/support/ShownErrors.h"
 
@@ -70,9 +70,9 @@ void expectTermination(const Raise& raise, const std::function<void()>& operatio
     EXPECT_EQ(endings, times(endings.size(), Ending::kTerminates));
 }
 
-class HostExceptionsDeathTest : public testing::TestWithParam<const char*> {
+class HostExceptionsDeathTest : public testing::TestWithParam<std::string> {
 protected:
-    const Rig rig{GetParam()};
+    const Rig rig{GetParam().c_str()};
     ShownErrors errors;
 };
 INSTANTIATE_TEST_SUITE_P(Carried, HostExceptionsDeathTest,
@@ -99,7 +99,7 @@ TEST_P(HostExceptionsDeathTest, AreShownWhereAWriterMeetsARuntimeError) {
     // The last two calls mark the port clean. The writer of an array has done so by then.
     const bool isArray = rig.output.plug.isArray();
     for (std::uint64_t nth = 2; nth <= endings.size(); ++nth) {
-        const Rig fresh(GetParam());
+        const Rig fresh(GetParam().c_str());
         ShownErrors ofOneCall;
         const HostThatThrows host(nth, kRuntimeError);
         EXPECT_TRUE(fresh.write(value)) << nth;
@@ -125,7 +125,7 @@ TEST_F(HostExceptionDeathTest, EndsTheProcessFromAReaderWhateverItIs) {
 }
 
 TEST_F(HostExceptionDeathTest, EndsTheProcessWhereTheMessageOfAWriterIsShown) {
-    TestSupport::setIndices(rig.outputData().child(rig.output.plug.child(0)), {0, 5});
+    TestSupport::setIndices(rig.outputData().child(VPlug(rig.output.plug).child(0)), {0, 5});
     const Endings endings = endingsWhereTheHostThrows(kRuntimeError, [&] { rig.write(value); });
     Endings expected = times(endings.size(), Ending::kReturns);
     expected.front() = expected.back() = Ending::kTerminates;

@@ -1,8 +1,8 @@
 // What becomes of the translation's operations where the heap runs out, at each of their
 // allocations in turn.
-#include "tests/end_to_end/CarriedTypes.h"
 #include "tests/plugin/EditedNode.h"
 #include "tests/plugin/Rig.h"
+#include "tests/support/CarriedTypes.h"
 #include "tests/support/Endings.h"
 #include "tests/support/ShownErrors.h"
 
@@ -26,28 +26,28 @@ void expectTermination(const std::function<void()>& operation) {
     EXPECT_EQ(endings, times(endings.size(), Ending::kTerminates));
 }
 
-class WithoutMemoryDeathTest : public testing::TestWithParam<const char*> {};
+class WithoutMemoryDeathTest : public testing::TestWithParam<std::string> {};
 INSTANTIATE_TEST_SUITE_P(Carried, WithoutMemoryDeathTest,
                          testing::ValuesIn(TestSupport::carriedTypes()), TestSupport::nameOfTest);
 
 TEST_P(WithoutMemoryDeathTest, TranslatingFromTheHostEndsTheProcess) {
-    const Rig rig(GetParam());
+    const Rig rig(GetParam().c_str());
     Pelmor::AnyValue value = rig.value();
     ASSERT_TRUE(value.hasValue());
     expectTermination([&] { rig.read(value); });
 }
 
 TEST_P(WithoutMemoryDeathTest, TranslatingToAnEmptyHostEndsTheProcess) {
-    const Rig rig(GetParam());
+    const Rig rig(GetParam().c_str());
     const Pelmor::AnyValue value = rig.value();
     const Endings endings = endingsWithoutMemory([&] { rig.write(value); });
     EXPECT_EQ(endings, times(endings.size(), Ending::kTerminates));
     // A transform has nothing whose length the host does not know.
-    EXPECT_EQ(endings.empty(), GetParam() == std::string("Core::Transform::Transform"));
+    EXPECT_EQ(endings.empty(), GetParam().c_str() == std::string("Core::Transform::Transform"));
 }
 
 TEST_P(WithoutMemoryDeathTest, AddingAPortEndsTheProcess) {
-    const Rig rig(GetParam());
+    const Rig rig(GetParam().c_str());
     VDGModifier modifier;
     TavrikGraph::Executor::NodeEditContext context{nullptr, VFnDependencyNode().create("rig"),
                                                    nullptr, &modifier};
@@ -67,7 +67,7 @@ TEST(NamesWithoutMemoryDeathTest, EndTheProcess) {
 
 TEST(ShrinkingWithoutMemoryDeathTest, EndsTheProcess) {
     const Rig rig("Rigging::Module::Pins");
-    TestSupport::setIndices(rig.outputData().child(rig.output.plug.child(1)), {0, 1, 2});
+    TestSupport::setIndices(rig.outputData().child(VPlug(rig.output.plug).child(1)), {0, 1, 2});
     const Pelmor::AnyValue value = rig.value();
     expectTermination([&] { rig.write(value); });
 }
@@ -120,7 +120,7 @@ TEST_F(RefusalWithoutMemoryDeathTest, ToCarryOutTheModifierEndsTheProcess) {
 
 TEST(WriterFailureWithoutMemoryDeathTest, EndsTheProcess) {
     const Rig rig("Rigging::Module::Pins");
-    TestSupport::setIndices(rig.outputData().child(rig.output.plug.child(0)), {0, 5});
+    TestSupport::setIndices(rig.outputData().child(VPlug(rig.output.plug).child(0)), {0, 5});
     const TestSupport::ShownErrors errors;
     const Pelmor::AnyValue value = rig.value();
     expectTermination([&] { rig.write(value); });

@@ -1,8 +1,8 @@
 // The operations that come first build the registry, where no exception may pass. Each test has a
 // process of its own, in which that has not happened yet.
+#include "plugin/Records.h"
 #include "tests/plugin/Rig.h"
 #include "tests/support/Endings.h"
-#include "types/Records.h"
 
 #include <cstdlib>
 #include <functional>

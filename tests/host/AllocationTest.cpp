@@ -35,7 +35,7 @@ int allocationsOf(Work work) {
 
 TEST(Allocation, WalkingDataTakesNone) {
     const VObject node = makeNode("walk", {asArray(makeCompound("limbs", {makeMatrix("frame")}))});
-    const VPlug limbs = plugOf(node, "limbs");
+    VPlug limbs = plugOf(node, "limbs");
     VArrayDataHandle handle(dataOf(node, "limbs"));
     VArrayDataBuilder builder = handle.builder();
     for (unsigned i = 0; i < 8; ++i) builder.addElement(i);
@@ -46,7 +46,7 @@ TEST(Allocation, WalkingDataTakesNone) {
     EXPECT_EQ(allocationsOf([&] {
                   VArrayDataHandle walk(block.inputValue(limbs));
                   for (unsigned i = 0; i < walk.elementCount(); ++i) {
-                      const VPlug frame = limbs.elementByLogicalIndex(i).child(0);
+                      VPlug frame = limbs.elementByLogicalIndex(i).child(0);
                       walk.inputValue().child(frame).asMatrix()[0][3] = 1.0;
                       walk.outputValue().child(frame).setMatrix(VMatrix());
                       walk.next();

@@ -64,7 +64,7 @@ TEST_F(Array, JumpsByLogicalIndexAndByPosition) {
 TEST_F(Array, WritesThroughAnElementAreSeenInTheData) {
     fill(data, {{6, 1.0}});
     VArrayDataHandle(data).outputValue().setDouble(8.0);
-    const VPlug element = plugOf(node, "weights").elementByLogicalIndex(6);
+    VPlug element = plugOf(node, "weights").elementByLogicalIndex(6);
     EXPECT_EQ(blockOf(node).outputValue(element).asDouble(), 8.0);
 }
 
@@ -266,7 +266,7 @@ class NestedArray : public testing::Test {
 protected:
     const VObject node =
         makeNode("run", {asArray(makeCompound("limbs", {asArray(makeDouble("weights"))}))});
-    const VPlug weights = plugOf(node, "limbs").elementByLogicalIndex(0).child(0);
+    VPlug weights = plugOf(node, "limbs").elementByLogicalIndex(0).child(0);
     VArrayDataHandle limbs{dataOf(node, "limbs")};
 };
 

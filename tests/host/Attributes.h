@@ -82,7 +82,7 @@ inline VDataHandle dataOf(const VObject& node, const char* attribute) {
     return blockOf(node).outputValue(plugOf(node, attribute));
 }
 
-inline VStatus connect(const VPlug& source, const VPlug& destination) {
+inline VStatus connect(VPlug source, VPlug destination) {
     VDGModifier modifier;
     const VStatus status = modifier.connect(source, destination);
     return status.error() ? status : modifier.doIt();

@@ -64,7 +64,7 @@ TEST(Data, ChildrenOfDifferentSizesDoNotOverlap) {
         "walk", {makeCompound("limb", {makeNumber("on", VFnNumericData::kBoolean), makeMatrix("m"),
                                        VFnEnumAttribute().create("mode", "mode"), makeText("text"),
                                        makeNumber("i", VFnNumericData::kInt), makeDouble("d")})});
-    const VPlug plug = plugOf(node, "limb");
+    VPlug plug = plugOf(node, "limb");
     const VDataHandle limb = dataOf(node, "limb");
     VMatrix matrix;
     matrix[3][0] = 5.0;
@@ -84,14 +84,14 @@ TEST(Data, ChildrenOfDifferentSizesDoNotOverlap) {
 
 TEST(Data, ChildIsFoundByAttributeWhateverElementThePlugStandsIn) {
     const VObject node = makeNode("walk", {asArray(makeCompound("limbs", {makeDouble("weight")}))});
-    const VPlug array = plugOf(node, "limbs");
+    VPlug array = plugOf(node, "limbs");
     VArrayDataHandle handle(dataOf(node, "limbs"));
     VArrayDataBuilder builder = handle.builder();
     builder.addElement(5).child(array.elementByLogicalIndex(0).child(0)).setDouble(1.25);
     handle.set(builder);
-    const VPlug elsewhere = array.elementByLogicalIndex(99).child(0);
+    VPlug elsewhere = array.elementByLogicalIndex(99).child(0);
     EXPECT_EQ(handle.outputValue().child(elsewhere).asDouble(), 1.25);
-    const VPlug there = array.elementByLogicalIndex(5).child(0);
+    VPlug there = array.elementByLogicalIndex(5).child(0);
     EXPECT_EQ(blockOf(node).outputValue(there).asDouble(), 1.25);
 }
 
@@ -99,13 +99,13 @@ TEST(Data, HasNoChildThatIsNotItsOwn) {
     const VObject node = makeNode(
         "walk", {makeCompound("limb", {makeDouble("a")}), makeCompound("other", {makeDouble("a")}),
                  asArray(makeCompound("limbs", {makeDouble("a")}))});
-    const VPlug limb = plugOf(node, "limb");
+    VPlug limb = plugOf(node, "limb");
     EXPECT_TRUE(dataOf(node, "limb").child(plugOf(node, "other").child(0)).isNull());
     EXPECT_TRUE(dataOf(node, "limb").child(limb).isNull());
     EXPECT_TRUE(dataOf(node, "limb").child(VPlug()).isNull());
     EXPECT_TRUE(VDataHandle().child(limb.child(0)).isNull());
     EXPECT_TRUE(VDataHandle().child(limb).isNull());
-    const VPlug inElement = plugOf(node, "limbs").elementByLogicalIndex(0).child(0);
+    VPlug inElement = plugOf(node, "limbs").elementByLogicalIndex(0).child(0);
     EXPECT_TRUE(dataOf(node, "limbs").child(inElement).isNull());
 }
 
@@ -193,7 +193,7 @@ TEST(DataBlock, OfNothingFails) {
 TEST(DataBlock, AbsentElementOnThePathIsNotFound) {
     const VObject node = makeNode("walk", {asArray(makeCompound("limbs", {makeDouble("a")}))});
     VDataBlock block = blockOf(node);
-    const VPlug absent = plugOf(node, "limbs").elementByLogicalIndex(1);
+    VPlug absent = plugOf(node, "limbs").elementByLogicalIndex(1);
     VStatus status;
     EXPECT_TRUE(block.outputValue(absent, &status).isNull());
     EXPECT_EQ(status, VStatus::kNotFound);

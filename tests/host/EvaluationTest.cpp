@@ -10,9 +10,9 @@ namespace {
 
 // Gives `node` a computation out = in + 1, which notes the names of the plugs that it is called on.
 void addOne(const VObject& node, std::vector<std::string>& computed) {
-    const VPlug in = plugOf(node, "in");
-    const VPlug out = plugOf(node, "out");
-    VFnDependencyNode(node).setCompute([=, &computed](const VPlug& plug, VDataBlock& block) {
+    VPlug in = plugOf(node, "in");
+    VPlug out = plugOf(node, "out");
+    VFnDependencyNode(node).setCompute([=, &computed](VPlug plug, VDataBlock& block) {
         computed.emplace_back(plug.name().asChar());
         block.outputValue(out).setDouble(block.inputValue(in).asDouble() + 1.0);
         return block.setClean(out.attribute());
@@ -35,7 +35,7 @@ using Names = std::vector<std::string>;
 
 TEST(DirtyAndClean, NewAttributeIsDirtyAndAskingForInputCleansIt) {
     const VObject node = makeNode("walk", {makeDouble("a")});
-    const VPlug plug = plugOf(node, "a");
+    VPlug plug = plugOf(node, "a");
     VDataBlock block = blockOf(node);
     EXPECT_FALSE(block.isClean(plug.attribute()));
     block.outputValue(plug);
@@ -123,7 +123,7 @@ TEST(Evaluation, WithoutAComputationAnOutputIsJustCleaned) {
 TEST(Evaluation, WhatTheComputationLeftDirtyIsCleanAfterwards) {
     const VObject node = makeNode("walk", {asOutput(makeDouble("out"))});
     int runs = 0;
-    VFnDependencyNode(node).setCompute([&](const VPlug&, VDataBlock&) {
+    VFnDependencyNode(node).setCompute([&](VPlug, VDataBlock&) {
         ++runs;
         return VStatus();
     });
@@ -136,7 +136,7 @@ TEST(Evaluation, WhatTheComputationLeftDirtyIsCleanAfterwards) {
 TEST(Evaluation, StatusOfAFailingComputationIsHandedOnWithTheDataAsItStands) {
     const VObject source = makeNode("source", {asOutput(makeDouble("out", 3.0))});
     VFnDependencyNode(source).setCompute(
-        [](const VPlug&, VDataBlock&) { return VStatus(VStatus::kNotFound); });
+        [](VPlug, VDataBlock&) { return VStatus(VStatus::kNotFound); });
     const VObject target = makeNode("target", {makeDouble("in")});
     connect(plugOf(source, "out"), plugOf(target, "in"));
     VStatus status;
@@ -147,9 +147,9 @@ TEST(Evaluation, StatusOfAFailingComputationIsHandedOnWithTheDataAsItStands) {
 
 TEST(Evaluation, ChildOfAnOutputIsComputedWithTheWhole) {
     const VObject node = makeNode("walk", {asOutput(makeCompound("out", {makeDouble("a")}))});
-    const VPlug out = plugOf(node, "out");
+    VPlug out = plugOf(node, "out");
     Names computed;
-    VFnDependencyNode(node).setCompute([&](const VPlug& plug, VDataBlock& block) {
+    VFnDependencyNode(node).setCompute([&](VPlug plug, VDataBlock& block) {
         computed.emplace_back(plug.name().asChar());
         block.outputValue(out.child(0)).setDouble(2.0);
         return VStatus();
@@ -162,9 +162,9 @@ TEST(Evaluation, ChildOfAnOutputIsComputedWithTheWhole) {
 TEST(Evaluation, OutputInsideAWritableCompoundIsComputedWithIt) {
     const VObject node =
         makeNode("walk", {makeCompound("both", {makeDouble("in"), asOutput(makeDouble("out"))})});
-    const VPlug both = plugOf(node, "both");
+    VPlug both = plugOf(node, "both");
     Names computed;
-    VFnDependencyNode(node).setCompute([&](const VPlug& plug, VDataBlock& block) {
+    VFnDependencyNode(node).setCompute([&](VPlug plug, VDataBlock& block) {
         computed.emplace_back(plug.name().asChar());
         block.outputValue(plug).setDouble(6.0);
         return VStatus();
@@ -266,8 +266,8 @@ TEST(Connection, CopiesACompoundWithAllThatIsBelowIt) {
     const VObject source = makeNode("source", {limb()});
     const VObject target = makeNode("target", {limb()});
     EXPECT_EQ(connect(plugOf(source, "limb"), plugOf(target, "limb")), VStatus::kSuccess);
-    const VPlug from = plugOf(source, "limb");
-    const VPlug to = plugOf(target, "limb");
+    VPlug from = plugOf(source, "limb");
+    VPlug to = plugOf(target, "limb");
     const VDataHandle data = dataOf(source, "limb");
     VMatrix matrix;
     matrix[1][2] = 4.0;
@@ -287,14 +287,14 @@ TEST(Connection, CopiesACompoundWithAllThatIsBelowIt) {
     EXPECT_EQ(copy.child(to.child(1)).asMatrix(), matrix);
     EXPECT_TRUE(copy.child(to.child(2)).asBool());
     EXPECT_EQ(copy.child(to.child(3)).asInt(), 11);
-    const VPlug length = to.child(4).elementByLogicalIndex(6).child(0);
+    VPlug length = to.child(4).elementByLogicalIndex(6).child(0);
     EXPECT_EQ(blockOf(target).outputValue(length).asDouble(), 3.0);
 }
 
 TEST(Connection, BelowAPlugIsEvaluatedWithIt) {
     const VObject source = makeNode("source", {makeDouble("a", 8.0)});
     const VObject target = makeNode("target", {makeCompound("limb", {makeDouble("a")})});
-    const VPlug limb = plugOf(target, "limb");
+    VPlug limb = plugOf(target, "limb");
     connect(plugOf(source, "a"), limb.child(0));
     const VDataHandle data = blockOf(target).inputValue(limb);
     EXPECT_EQ(data.child(limb.child(0)).asDouble(), 8.0);
@@ -303,8 +303,8 @@ TEST(Connection, BelowAPlugIsEvaluatedWithIt) {
 TEST(Connection, ReachesSingleElementsAndMakesThem) {
     const VObject source = makeNode("source", {asArray(makeDouble("a"))});
     const VObject target = makeNode("target", {asArray(makeDouble("a"))});
-    const VPlug from = plugOf(source, "a");
-    const VPlug to = plugOf(target, "a");
+    VPlug from = plugOf(source, "a");
+    VPlug to = plugOf(target, "a");
     fill(dataOf(source, "a"), {{4, 40.0}});
     connect(from.elementByLogicalIndex(4), to.elementByLogicalIndex(9));
     connect(from.elementByLogicalIndex(5), to.elementByLogicalIndex(1));

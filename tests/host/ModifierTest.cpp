@@ -55,7 +55,7 @@ TEST(Modifier, ARefusedOperationTakesBackThoseBeforeIt) {
     const VObject source = makeNode("source", {makeDouble("a")});
     const VObject target = makeNode("target", {makeDouble("a"), makeDouble("taken")});
     VDataBlock block = blockOf(target);
-    const VPlug destination = plugOf(target, "a");
+    VPlug destination = plugOf(target, "a");
     block.setClean(destination.attribute());
 
     VDGModifier modifier;
@@ -104,10 +104,10 @@ TEST(Modifier, RefusesPlugsThatCannotBeConnected) {
     const VObject target = makeNode("target", {makeDouble("number"), asOutput(makeDouble("output")),
                                                makeCompound("pair", {makeText("a")})});
     VDGModifier modifier;
-    const auto refuses = [&](const VPlug& from, const VPlug& to) {
+    const auto refuses = [&](VPlug from, VPlug to) {
         return modifier.connect(from, to) == VStatus::kInvalidParameter;
     };
-    const VPlug number = plugOf(target, "number");
+    VPlug number = plugOf(target, "number");
     EXPECT_TRUE(refuses(plugOf(source, "text"), number));
     EXPECT_TRUE(refuses(plugOf(source, "numbers"), number));
     EXPECT_TRUE(refuses(plugOf(source, "input"), number));

@@ -19,8 +19,8 @@ protected:
     const VObject weight = makeDouble("weight", 2.5);
     const VObject node = makeNode(
         "walk", {asArray(makeDouble("weights")), weight, makeCompound("limb", {makeText("name")})});
-    const VPlug weights = plugOf(node, "weights");
-    const VPlug limb = plugOf(node, "limb");
+    VPlug weights = plugOf(node, "weights");
+    VPlug limb = plugOf(node, "limb");
     const VDataHandle array = dataOf(node, "weights");
     VDataBlock block = blockOf(node);
     VStatus status;

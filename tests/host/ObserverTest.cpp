@@ -20,7 +20,7 @@ protected:
     const VObject limbs =
         asArray(makeCompound("limbs", {asArray(makeText("names")), makeDouble("length")}));
     const VObject node = makeNode("walk", {makeCompound("rig", {limbs, makeDouble("weight")})});
-    const VPlug rig = plugOf(node, "rig");
+    VPlug rig = plugOf(node, "rig");
     VDataBlock block = blockOf(node);
 };
 
@@ -28,7 +28,7 @@ protected:
 
 TEST_F(Observer, IsToldOfEachCallInOrder) {
     RecordingObserver observer;
-    const VPlug weight = rig.child(1);
+    VPlug weight = rig.child(1);
     VDataHandle data = block.outputValue(rig);
     data.child(weight).setDouble(1.5);
     block.setClean(weight.attribute());
@@ -40,7 +40,7 @@ TEST_F(Observer, IsToldOfEachCallInOrder) {
 TEST_F(Observer, IsToldSubjectIndexAndArgument) {
     RecordingObserver observer;
     VStatus status;
-    const VPlug array = rig.child(0, &status);
+    VPlug array = rig.child(0, &status);
     array.elementByLogicalIndex(3);
     block.inputValue(rig).child(array);
     block.isClean(limbs);
@@ -62,7 +62,7 @@ TEST_F(Observer, IsToldSubjectIndexAndArgument) {
 }
 
 TEST_F(Observer, TellsDataByItsPathFromTheTopLevel) {
-    const VPlug names = rig.child(0).elementByLogicalIndex(0).child(0);
+    VPlug names = rig.child(0).elementByLogicalIndex(0).child(0);
     VArrayDataHandle array(block.outputValue(rig.child(0)));
     RecordingObserver observer;
     VArrayDataBuilder builder = array.builder();
@@ -176,8 +176,8 @@ TEST_F(Observer, IsNotToldOfWhatTheHostDoesInside) {
     const auto limb = [] { return asArray(makeCompound("limb", {makeText("name")})); };
     const VObject source = makeNode("source", {limb()});
     const VObject target = makeNode("target", {limb()});
-    const VPlug from = plugOf(source, "limb");
-    const VPlug to = plugOf(target, "limb");
+    VPlug from = plugOf(source, "limb");
+    VPlug to = plugOf(target, "limb");
     VDataBlock there = blockOf(target);
     RecordingObserver observer;
     VDGModifier modifier;
@@ -190,13 +190,13 @@ TEST_F(Observer, IsNotToldOfWhatTheHostDoesInside) {
 
 TEST_F(Observer, IsToldOfWhatAComputationCalls) {
     const VObject source = makeNode("source", {asOutput(makeDouble("out"))});
-    VFnDependencyNode(source).setCompute([](const VPlug& plug, VDataBlock& data) {
+    VFnDependencyNode(source).setCompute([](VPlug plug, VDataBlock& data) {
         data.outputValue(plug).setDouble(2.0);
         return VStatus();
     });
     const VObject target = makeNode("target", {makeDouble("in")});
     connect(plugOf(source, "out"), plugOf(target, "in"));
-    const VPlug in = plugOf(target, "in");
+    VPlug in = plugOf(target, "in");
     VDataBlock there = blockOf(target);
     RecordingObserver observer;
     there.inputValue(in);
@@ -209,7 +209,7 @@ TEST_F(Observer, IsToldOfWhatAComputationCalls) {
 TEST_F(Observer, IsNotToldOfItsOwnCalls) {
     class Curious : public OpenVornik::Testing::CallObserver {
     public:
-        explicit Curious(const VPlug& plug) : m_plug(plug) {}
+        explicit Curious(VPlug plug) : m_plug(plug) {}
         VStatus::Code called(const OpenVornik::Testing::Call&) override {
             ++count;
             name = m_plug.name();

@@ -22,8 +22,7 @@ protected:
 static_assert(std::is_trivially_copyable_v<VPlug>);
 
 TEST_F(Plug, GoesDownByChildAndLogicalIndex) {
-    const VPlug plug =
-        VPlug(node, limbs).elementByLogicalIndex(3).child(0).elementByLogicalIndex(7);
+    VPlug plug = VPlug(node, limbs).elementByLogicalIndex(3).child(0).elementByLogicalIndex(7);
     EXPECT_EQ(plug.name(), "walk.limbs[3].names[7]");
     EXPECT_EQ(plug.attribute(), names);
     EXPECT_EQ(plug.node(), node);
@@ -31,22 +30,22 @@ TEST_F(Plug, GoesDownByChildAndLogicalIndex) {
 }
 
 TEST_F(Plug, AbsentElementIsStillAPlug) {
-    const VPlug plug = VPlug(node, limbs).elementByLogicalIndex(4000000000U, &status);
+    VPlug plug = VPlug(node, limbs).elementByLogicalIndex(4000000000U, &status);
     EXPECT_EQ(status, VStatus::kSuccess);
     EXPECT_EQ(plug.logicalIndex(), 4000000000U);
     EXPECT_TRUE(blockOf(node).outputValue(plug).isNull());
 }
 
 TEST_F(Plug, TellsWholeArraysElementsAndCompounds) {
-    const VPlug array(node, limbs);
+    VPlug array(node, limbs);
     EXPECT_TRUE(array.isArray());
     EXPECT_FALSE(array.isElement());
     EXPECT_TRUE(array.isCompound());
-    const VPlug element = array.elementByLogicalIndex(0);
+    VPlug element = array.elementByLogicalIndex(0);
     EXPECT_FALSE(element.isArray());
     EXPECT_TRUE(element.isElement());
     EXPECT_TRUE(element.isCompound());
-    const VPlug leaf = element.child(1);
+    VPlug leaf = element.child(1);
     EXPECT_FALSE(leaf.isArray());
     EXPECT_FALSE(leaf.isElement());
     EXPECT_FALSE(leaf.isCompound());
@@ -60,7 +59,7 @@ TEST_F(Plug, MadeFromAnAttributeStandsInTheElementsAtZero) {
 }
 
 TEST_F(Plug, EqualityComparesTheWholePath) {
-    const VPlug array(node, limbs);
+    VPlug array(node, limbs);
     EXPECT_EQ(array.elementByLogicalIndex(2).child(1), array.elementByLogicalIndex(2).child(1));
     EXPECT_NE(array.elementByLogicalIndex(2).child(1), array.elementByLogicalIndex(3).child(1));
     EXPECT_NE(array, array.elementByLogicalIndex(0));
@@ -85,7 +84,7 @@ TEST_F(Plug, ChildPastTheLastFails) {
 TEST_F(Plug, OnlyAWholeArrayHasElements) {
     EXPECT_TRUE(VPlug(node, root).elementByLogicalIndex(0, &status).isNull());
     EXPECT_EQ(status, VStatus::kInvalidParameter);
-    const VPlug element = VPlug(node, limbs).elementByLogicalIndex(1);
+    VPlug element = VPlug(node, limbs).elementByLogicalIndex(1);
     EXPECT_TRUE(element.elementByLogicalIndex(0, &status).isNull());
     EXPECT_EQ(status, VStatus::kInvalidParameter);
     EXPECT_EQ(element.child(1).logicalIndex(&status), 0U);
@@ -102,7 +101,7 @@ TEST_F(Plug, IsRefusedAnAttributeThatIsNotTheNodes) {
 }
 
 TEST_F(Plug, EveryOperationOnANullPlugFails) {
-    const VPlug none;
+    VPlug none;
     EXPECT_TRUE(none.isNull());
     const auto fails = [&](auto operation) {
         status = VStatus::kSuccess;

@@ -10,11 +10,11 @@ namespace {
 
 using namespace Model;
 
-Difference compare(VDataHandle handle, const VPlug& plug, const HostNode& node);
+Difference compare(VDataHandle handle, VPlug plug, const HostNode& node);
 
 struct Comparison {
     VDataHandle handle;
-    const VPlug& plug;
+    VPlug plug;
 
     Difference operator()(std::monostate) const { return {}; }
 
@@ -37,7 +37,7 @@ struct Comparison {
     Difference operator()(const Compound& children) const {
         Difference found;
         for (unsigned i = 0; i < children.size() && !found; ++i) {
-            const VPlug child = plug.child(i);
+            VPlug child = VPlug(plug).child(i);
             found = at("." + std::to_string(i), compare(handle.child(child), child, children[i]));
         }
         return found;
@@ -54,7 +54,7 @@ struct Comparison {
             if (product.elementIndex() != index)
                 return at(place,
                           differ("one at " + std::to_string(product.elementIndex()), "this"));
-            const VPlug elementPlug = plug.elementByLogicalIndex(index);
+            VPlug elementPlug = VPlug(plug).elementByLogicalIndex(index);
             if (auto found = at(place, compare(product.outputValue(), elementPlug, element)))
                 return found;
             product.next();
@@ -63,16 +63,16 @@ struct Comparison {
     }
 };
 
-Difference compare(VDataHandle handle, const VPlug& plug, const HostNode& node) {
+Difference compare(VDataHandle handle, VPlug plug, const HostNode& node) {
     return std::visit(Comparison{handle, plug}, node.content);
 }
 
-Difference compareClean(const VDataBlock& block, const VPlug& plug, const HostAttribute& model) {
+Difference compareClean(const VDataBlock& block, VPlug plug, const HostAttribute& model) {
     const bool isClean = block.isClean(plug.attribute());
     if (isClean != model.isClean)
         return differ(isClean ? "clean" : "dirty", model.isClean ? "clean" : "dirty");
     // The whole of an array has no children, only an element of it.
-    const VPlug above = plug.isArray() ? plug.elementByLogicalIndex(0) : plug;
+    VPlug above = plug.isArray() ? VPlug(plug).elementByLogicalIndex(0) : plug;
     Difference found;
     for (unsigned i = 0; i < model.children.size() && !found; ++i)
         found =
@@ -86,7 +86,7 @@ Difference compareHosts(const ProductWorld& product, const ModelWorld& model) {
     Difference found;
     for (std::size_t i = 0; i < model.ports().size() && !found; ++i) {
         const Port& port = model.ports()[i];
-        const VPlug& plug = product.ports()[i];
+        VPlug plug = product.ports()[i];
         VDataBlock block = product.block();
         found = compare(block.outputValue(plug), plug, port.data);
         if (!found) found = compareClean(block, plug, *port.attribute);

@@ -13,7 +13,7 @@ using namespace Model;
 
 struct Filling {
     VDataHandle handle;
-    const VPlug& plug;
+    VPlug plug;
 
     void operator()(std::monostate) const {}
     void operator()(Number number) const { handle.asDouble() = valueOf(number); }
@@ -23,7 +23,7 @@ struct Filling {
     }
     void operator()(const Compound& children) const {
         for (unsigned i = 0; i < children.size(); ++i)
-            fillHost(handle.child(plug.child(i)), plug.child(i), children[i]);
+            fillHost(handle.child(VPlug(plug).child(i)), VPlug(plug).child(i), children[i]);
     }
     void operator()(const HostArray& elements) const {
         std::vector<unsigned> indices;
@@ -31,7 +31,7 @@ struct Filling {
         TestSupport::setIndices(handle, indices);
         VArrayDataHandle array(handle);
         for (const auto& [index, element] : elements) {
-            fillHost(array.outputValue(), plug.elementByLogicalIndex(index), element);
+            fillHost(array.outputValue(), VPlug(plug).elementByLogicalIndex(index), element);
             array.next();
         }
     }
@@ -39,7 +39,7 @@ struct Filling {
 
 }  // namespace
 
-void fillHost(VDataHandle handle, const VPlug& plug, const HostNode& node) {
+void fillHost(VDataHandle handle, VPlug plug, const HostNode& node) {
     std::visit(Filling{handle, plug}, node.content);
 }
 

@@ -8,6 +8,6 @@
 
 namespace ModelTests {
 
-void fillHost(VDataHandle handle, const VPlug& plug, const Model::HostNode& node);
+void fillHost(VDataHandle handle, VPlug plug, const Model::HostNode& node);
 
 }  // namespace ModelTests

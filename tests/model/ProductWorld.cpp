@@ -98,7 +98,7 @@ Outcome ProductWorld::carryOut(const Write& step) {
 }
 
 Outcome ProductWorld::carryOut(const Fill& step) {
-    const VPlug& plug = m_ports[step.port];
+    VPlug plug = m_ports[step.port];
     fillHost(block().outputValue(plug), plug, step.data);
     return {};
 }

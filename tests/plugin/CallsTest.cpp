@@ -1,6 +1,7 @@
 // The whole sequence of host calls of each operation of the translation object, down to the
 // plugin's own readers, writers and attributes.
 #include "attributes/PortAttribute.h"
+#include "plugin/Records.h"
 #include "tests/plugin/EditedNode.h"
 #include "tests/plugin/HostPort.h"
 #include "tests/plugin/Translation.h"
@@ -8,7 +9,6 @@
 #include "tests/support/HostData.h"
 #include "tests/support/RecordLeaves.h"
 #include "tests/support/ShownErrors.h"
-#include "types/Records.h"
 
 #include <Pelmor/Library.h>
 
@@ -75,7 +75,7 @@ protected:
 
     const Pelmor::Type type = Pelmor::Library().getType("array<Rigging::Module::Pins>");
     Translation translation = newTranslation();
-    HostPort port{Rigging::Module::createPortAttribute(type, "port", false)};
+    HostPort port{Tolvane::createPortAttribute(type, "port", false)};
     TestSupport::ShownErrors errors;
 };
 

@@ -1,8 +1,8 @@
 // The way to a reader or a writer takes no memory: a translation takes what that function takes.
-#include "plugin/TranslatorRegistry.h"
-#include "tests/end_to_end/CarriedTypes.h"
 #include "tests/plugin/Rig.h"
 #include "tests/support/AllocationCount.h"
+#include "tests/support/CarriedTypes.h"
+#include "translation/TranslatorRegistry.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@ namespace {
 
 using namespace PluginTests;
 using Pelmor::AnyValue;
-using Rigging::Module::TranslatorRegistry;
 using TestSupport::AllocationCount;
+using Tolvane::TranslatorRegistry;
 
 template <typename Operation>
 std::uint64_t allocationsOf(Operation operation) {
@@ -20,9 +20,9 @@ std::uint64_t allocationsOf(Operation operation) {
     return count.allocations();
 }
 
-class DispatchAllocations : public testing::TestWithParam<const char*> {
+class DispatchAllocations : public testing::TestWithParam<std::string> {
 protected:
-    const Rig rig{GetParam()};
+    const Rig rig{GetParam().c_str()};
     const AnyValue value = rig.value();
 };
 INSTANTIATE_TEST_SUITE_P(Carried, DispatchAllocations,
@@ -31,7 +31,8 @@ INSTANTIATE_TEST_SUITE_P(Carried, DispatchAllocations,
 TEST_P(DispatchAllocations, OfReadingAreTheReadersAlone) {
     AnyValue read;
     VDataHandle data = rig.inputData();
-    const auto reader = TranslatorRegistry::instance().findReader(GetParam());
+    const auto reader =
+        TranslatorRegistry::instance<Rigging::Module::Records>().findReader(GetParam().c_str());
     const auto ofReader = allocationsOf([&] { reader(read, data, rig.input.plug); });
     EXPECT_GT(ofReader, 0u);
     EXPECT_EQ(allocationsOf([&] { rig.read(read); }), ofReader);
@@ -40,7 +41,8 @@ TEST_P(DispatchAllocations, OfReadingAreTheReadersAlone) {
 TEST_P(DispatchAllocations, OfWritingAreTheWritersAlone) {
     ASSERT_TRUE(rig.write(value));
     VDataHandle data = rig.outputData();
-    const auto writer = TranslatorRegistry::instance().findWriter(value.type());
+    const auto writer =
+        TranslatorRegistry::instance<Rigging::Module::Records>().findWriter(value.type());
     const auto ofWriter = allocationsOf([&] { writer(value, data, rig.output.plug); });
     EXPECT_EQ(allocationsOf([&] { rig.write(value); }), ofWriter);
 }

@@ -1,10 +1,11 @@
 // When the registry is built. Each test looks at a process in which that has not happened yet.
-#include "plugin/TranslatorRegistry.h"
+#include "plugin/Records.h"
 #include "tests/plugin/HostPort.h"
 #include "tests/plugin/Translation.h"
 #include "tests/support/AllocationCount.h"
 #include "tests/support/AllocationFailure.h"
 #include "tests/support/AllocationYield.h"
+#include "translation/TranslatorRegistry.h"
 
 #include <Pelmor/Library.h>
 
@@ -20,10 +21,10 @@
 namespace {
 
 using namespace PluginTests;
-using Rigging::Module::TranslatorRegistry;
 using TavrikGraph::Executor::TypeTranslation;
 using TestSupport::AllocationCount;
 using TestSupport::AllocationFailure;
+using Tolvane::TranslatorRegistry;
 
 // The registry has twenty-eight entries, each with a place of its own on the heap; no operation
 // takes as much for anything else.
@@ -67,7 +68,8 @@ protected:
     RegistryLifeDeathTest() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
 
     static bool isComplete() {
-        const TranslatorRegistry& registry = TranslatorRegistry::instance();
+        const TranslatorRegistry& registry =
+            TranslatorRegistry::instance<Rigging::Module::Records>();
         return registry.readers().size() == 14 && registry.writers().size() == 14;
     }
 
@@ -122,7 +124,8 @@ TEST_F(RegistryLifeDeathTest, IsNotBuiltBeforeItIsNeeded) {
             Translation translation = newTranslation();
             addPort(*translation);
             translation = newTranslation();
-            const bool first = builds([] { TranslatorRegistry::instance(); });
+            const bool first =
+                builds([] { TranslatorRegistry::instance<Rigging::Module::Records>(); });
             leave(first && isComplete());
         },
         m_asExpected, "");
@@ -134,10 +137,11 @@ TEST_F(RegistryLifeDeathTest, IsNotBuiltAgain) {
             Translation translation = newTranslation();
             Pelmor::Array<Pelmor::String> names;
             translation->getSupportedTypeNames(names);
-            const TranslatorRegistry* before = &TranslatorRegistry::instance();
+            const TranslatorRegistry* before =
+                &TranslatorRegistry::instance<Rigging::Module::Records>();
             translation = newTranslation();
             const bool again = builds([&] { translation->getSupportedTypeNames(names); });
-            leave(!again && before == &TranslatorRegistry::instance());
+            leave(!again && before == &TranslatorRegistry::instance<Rigging::Module::Records>());
         },
         m_asExpected, "");
 }
@@ -149,7 +153,7 @@ TEST_F(RegistryLifeDeathTest, IsBuiltByTheNextCallWhereTheFirstThrows) {
             for (std::uint64_t nth = 1; nth <= kAllocationsOfABuild; ++nth) {
                 const AllocationFailure failure(nth);
                 try {
-                    TranslatorRegistry::instance();
+                    TranslatorRegistry::instance<Rigging::Module::Records>();
                 } catch (const std::bad_alloc&) {
                     ++refused;
                 }
@@ -165,7 +169,7 @@ TEST_F(RegistryLifeDeathTest, LeaksNothingWhereItsConstructionThrows) {
             const AllocationCount count;
             const AllocationFailure failure(kAllocationsOfABuild);
             try {
-                TranslatorRegistry::instance();
+                TranslatorRegistry::instance<Rigging::Module::Records>();
             } catch (const std::bad_alloc&) {
                 leave(count.outstanding() == 0);
             }
@@ -178,9 +182,9 @@ TEST(RegistryLife, OutlivesTheObjects) {
     Translation translation = newTranslation();
     Pelmor::Array<Pelmor::String> names;
     translation->getSupportedTypeNames(names);
-    const TranslatorRegistry* before = &TranslatorRegistry::instance();
+    const TranslatorRegistry* before = &TranslatorRegistry::instance<Rigging::Module::Records>();
     translation.reset();
-    EXPECT_EQ(&TranslatorRegistry::instance(), before);
+    EXPECT_EQ(&TranslatorRegistry::instance<Rigging::Module::Records>(), before);
     EXPECT_EQ(before->readers().size(), 14u);
 }
 

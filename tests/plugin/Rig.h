@@ -17,8 +17,8 @@ public:
     // Every array of the input has one element.
     explicit Rig(const char* typeName)
         : type(Pelmor::Library().getType(typeName)),
-          input(Rigging::Module::createPortAttribute(type, "port", true)),
-          output(Rigging::Module::createPortAttribute(type, "port", false)) {
+          input(Tolvane::createPortAttribute(type, "port", true)),
+          output(Tolvane::createPortAttribute(type, "port", false)) {
         TestSupport::Numbers numbers(1, {1});
         TestSupport::number(numbers, inputData(), input.plug);
     }

@@ -1,9 +1,8 @@
 #include "tests/plugin/ScriptedTranslators.h"
 
-#include "convert/ReadArrays.h"
-#include "convert/ReadRecords.h"
-#include "convert/WriteArrays.h"
-#include "convert/WriteRecords.h"
+#include "convert/Translators.h"
+#include "types/Inputs.h"
+#include "types/Outputs.h"
 
 namespace PluginTests {
 namespace {
@@ -27,22 +26,31 @@ ScriptedTranslators::~ScriptedTranslators() { s_script = nullptr; }
 
 }  // namespace PluginTests
 
-namespace Rigging::Module {
+namespace Tolvane {
 
-#define SCRIPTED_TRANSLATORS(Record)                                                            \
-    void read##Record##Value(Pelmor::AnyValue& value, VDataHandle& handle, const VPlug& plug) { \
-        PluginTests::read("read" #Record "Value", value, handle, plug);                         \
-    }                                                                                           \
-    void read##Record##ArrayValue(Pelmor::AnyValue& value, VDataHandle& handle,                 \
-                                  const VPlug& plug) {                                          \
-        PluginTests::read("read" #Record "ArrayValue", value, handle, plug);                    \
-    }                                                                                           \
-    void write##Record(const Record& record, VDataHandle& handle, const VPlug& plug) {          \
-        PluginTests::write("write" #Record, &record, handle, plug);                             \
-    }                                                                                           \
-    void write##Record##Array(const Pelmor::SharedArray<Record>& array, VDataHandle& handle,    \
-                              const VPlug& plug) {                                              \
-        PluginTests::write("write" #Record "Array", &array, handle, plug);                      \
+using namespace Rigging::Module;
+using Core::Transform::Transform;
+using Pelmor::AnyValue;
+using Pelmor::SharedArray;
+
+#define SCRIPTED_TRANSLATORS(Record)                                                               \
+    template <>                                                                                    \
+    void Translators<Record>::readValue(AnyValue& value, VDataHandle& handle, const VPlug& plug) { \
+        PluginTests::read("read" #Record "Value", value, handle, plug);                            \
+    }                                                                                              \
+    template <>                                                                                    \
+    void Translators<Record>::readArrayValue(AnyValue& value, VDataHandle& handle,                 \
+                                             const VPlug& plug) {                                  \
+        PluginTests::read("read" #Record "ArrayValue", value, handle, plug);                       \
+    }                                                                                              \
+    template <>                                                                                    \
+    void Translators<Record>::write(const Record& record, VDataHandle& handle, VPlug& plug) {      \
+        PluginTests::write("write" #Record, &record, handle, plug);                                \
+    }                                                                                              \
+    template <>                                                                                    \
+    void Translators<Record>::writeArray(const SharedArray<Record>& array, VDataHandle& handle,    \
+                                         VPlug& plug) {                                            \
+        PluginTests::write("write" #Record "Array", &array, handle, plug);                         \
     }
 
 SCRIPTED_TRANSLATORS(Transform)
@@ -55,4 +63,4 @@ SCRIPTED_TRANSLATORS(Outputs)
 
 #undef SCRIPTED_TRANSLATORS
 
-}  // namespace Rigging::Module
+}  // namespace Tolvane

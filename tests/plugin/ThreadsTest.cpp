@@ -1,8 +1,8 @@
 // One translation object, used by many threads at once.
-#include "tests/end_to_end/CarriedTypes.h"
 #include "tests/plugin/Rig.h"
 #include "tests/support/AllocationCount.h"
 #include "tests/support/AllocationYield.h"
+#include "tests/support/CarriedTypes.h"
 #include "types/Transform.h"
 
 #include <atomic>
@@ -104,15 +104,15 @@ TEST(TranslationThreads, ShareTheObjectForAllThreeOperations) {
     }));
 }
 
-class NodesOnTwoThreads : public testing::TestWithParam<const char*> {};
+class NodesOnTwoThreads : public testing::TestWithParam<std::string> {};
 INSTANTIATE_TEST_SUITE_P(Carried, NodesOnTwoThreads, testing::ValuesIn(TestSupport::carriedTypes()),
                          TestSupport::nameOfTest);
 
 // Each thread carries its own values through its own node, and between them the one that both
 // share.
 TEST_P(NodesOnTwoThreads, CarryTheirOwnValuesAndOneThatTheyShare) {
-    const Rigs rigs = rigsOf(GetParam(), 2);
-    const Rig other(GetParam());
+    const Rigs rigs = rigsOf(GetParam().c_str(), 2);
+    const Rig other(GetParam().c_str());
     const AnyValue shared = other.value();
     const auto leavesOfInput = [](const Rig& rig) {
         return TestSupport::leavesOf(rig.inputData(), rig.input.plug);

@@ -1,9 +1,9 @@
+#include "plugin/Records.h"
 #include "tests/plugin/HostPort.h"
 #include "tests/plugin/ScriptedTranslators.h"
 #include "tests/plugin/Translation.h"
 #include "tests/support/CallRecorder.h"
 #include "tests/support/ShownErrors.h"
-#include "types/Records.h"
 
 #include <Pelmor/Library.h>
 
@@ -65,7 +65,7 @@ TEST_F(TranslateFromHost, HandsOverTheHolderThePortsDataAndItsPlug) {
     const AnyValue* holder = nullptr;
     double number = 0;
     VPlug plug;
-    translators.read = [&](AnyValue& toFill, VDataHandle& handle, const VPlug& ofPort) {
+    translators.read = [&](AnyValue& toFill, VDataHandle& handle, VPlug ofPort) {
         holder = &toFill;
         number = handle.asDouble();
         plug = ofPort;
@@ -79,7 +79,7 @@ TEST_F(TranslateFromHost, HandsOverTheHolderThePortsDataAndItsPlug) {
 TEST_F(TranslateFromHost, AsksForTheInputBeforeItReads) {
     CallRecorder calls;
     CallRecorder::Lines before;
-    translators.read = [&](AnyValue&, VDataHandle&, const VPlug&) { before = calls.take(); };
+    translators.read = [&](AnyValue&, VDataHandle&, VPlug) { before = calls.take(); };
     translate("Rigging::Module::Pins");
     EXPECT_EQ(before, CallRecorder::Lines{"VDataBlock::inputValue rig rig.port"});
     EXPECT_EQ(calls.take(), CallRecorder::Lines());
@@ -94,14 +94,14 @@ TEST_F(TranslateFromHost, AsksForTheInputOfATypeThatItDoesNotCarryAndNothingElse
 }
 
 TEST_F(TranslateFromHost, IsTrueWhereTheReaderStoredAValue) {
-    translators.read = [](AnyValue& holder, VDataHandle&, const VPlug&) { store(holder); };
+    translators.read = [](AnyValue& holder, VDataHandle&, VPlug) { store(holder); };
     EXPECT_TRUE(translate("Rigging::Module::Pins"));
     EXPECT_NE(value.getIf<Pins>(), nullptr);
 }
 
 TEST_F(TranslateFromHost, IsTrueWhereTheReaderReplacedAValue) {
     value = AnyValue::holding(Rigging::Module::Inputs());
-    translators.read = [](AnyValue& holder, VDataHandle&, const VPlug&) { store(holder); };
+    translators.read = [](AnyValue& holder, VDataHandle&, VPlug) { store(holder); };
     EXPECT_TRUE(translate("Rigging::Module::Pins"));
     EXPECT_NE(value.getIf<Pins>(), nullptr);
 }
@@ -109,7 +109,7 @@ TEST_F(TranslateFromHost, IsTrueWhereTheReaderReplacedAValue) {
 TEST_F(TranslateFromHost, IsFalseWhereTheReaderLeftTheHolderEmpty) {
     EXPECT_FALSE(translate("Rigging::Module::Pins"));
     value = AnyValue::holding(Pins());
-    translators.read = [](AnyValue& holder, VDataHandle&, const VPlug&) { holder.reset(); };
+    translators.read = [](AnyValue& holder, VDataHandle&, VPlug) { holder.reset(); };
     EXPECT_FALSE(translate("Rigging::Module::Pins"));
     EXPECT_EQ(translators.called.size(), 2u);
     EXPECT_EQ(errors.messages(), ShownErrors::Messages());
@@ -157,9 +157,7 @@ TEST_F(TranslateFromHost, ReadsOnWhereTheHostHasNoInput) {
     CallRecorder calls;
     calls.fail("VDataBlock::inputValue");
     bool isNull = false;
-    translators.read = [&](AnyValue&, VDataHandle& handle, const VPlug&) {
-        isNull = handle.isNull();
-    };
+    translators.read = [&](AnyValue&, VDataHandle& handle, VPlug) { isNull = handle.isNull(); };
     translate("Rigging::Module::Pins");
     EXPECT_TRUE(isNull);
     EXPECT_EQ(errors.messages(), ShownErrors::Messages());
@@ -168,7 +166,7 @@ TEST_F(TranslateFromHost, ReadsOnWhereTheHostHasNoInput) {
 using TranslateFromHostDeathTest = TranslateFromHost;
 
 TEST_F(TranslateFromHostDeathTest, EndsTheProcessWhereAReaderThrows) {
-    translators.read = [](AnyValue&, VDataHandle&, const VPlug&) {
+    translators.read = [](AnyValue&, VDataHandle&, VPlug) {
         throw std::runtime_error("thrown by a reader");
     };
     EXPECT_DEATH(translate("Rigging::Module::Pins"), "terminate called");

@@ -1,9 +1,9 @@
+#include "plugin/Records.h"
 #include "tests/plugin/HostPort.h"
 #include "tests/plugin/ScriptedTranslators.h"
 #include "tests/plugin/Translation.h"
 #include "tests/support/CallRecorder.h"
 #include "tests/support/ShownErrors.h"
-#include "types/Records.h"
 
 #include <new>
 #include <stdexcept>
@@ -36,7 +36,7 @@ protected:
     std::string writerOf() {
         const AnyValue value = AnyValue::holding(Held());
         const void* written = nullptr;
-        translators.write = [&](const void* held, VDataHandle&, const VPlug&) { written = held; };
+        translators.write = [&](const void* held, VDataHandle&, VPlug) { written = held; };
         EXPECT_TRUE(translate(value));
         EXPECT_EQ(written, value.getIf<Held>());
         EXPECT_EQ(translators.called.size(), 1u);
@@ -45,9 +45,7 @@ protected:
 
     template <typename Exception>
     void letTheWriterThrow(Exception exception) {
-        translators.write = [exception](const void*, VDataHandle&, const VPlug&) {
-            throw exception;
-        };
+        translators.write = [exception](const void*, VDataHandle&, VPlug) { throw exception; };
     }
 
     Translation translation = newTranslation();
@@ -75,7 +73,7 @@ TEST_F(TranslateToHost, HandsTheHeldValueToTheWriterOfItsType) {
 
 TEST_F(TranslateToHost, HandsOverThePortsDataAndItsPlug) {
     VPlug plug;
-    translators.write = [&](const void*, VDataHandle& handle, const VPlug& ofPort) {
+    translators.write = [&](const void*, VDataHandle& handle, VPlug ofPort) {
         handle.setDouble(6.5);
         plug = ofPort;
     };
@@ -87,7 +85,7 @@ TEST_F(TranslateToHost, HandsOverThePortsDataAndItsPlug) {
 TEST_F(TranslateToHost, TakesTheOutputThenWritesThenMarksThePortClean) {
     CallRecorder calls;
     CallRecorder::Lines before;
-    translators.write = [&](const void*, VDataHandle&, const VPlug&) { before = calls.take(); };
+    translators.write = [&](const void*, VDataHandle&, VPlug) { before = calls.take(); };
     EXPECT_TRUE(translatePins());
     EXPECT_EQ(before, CallRecorder::Lines{"VDataBlock::outputValue rig rig.port"});
     EXPECT_EQ(calls.take(),
@@ -143,7 +141,7 @@ TEST_F(TranslateToHost, ShowsTheTextOfADerivedFailureToo) {
 }
 
 TEST_F(TranslateToHost, KeepsWhatAFailingWriterWrote) {
-    translators.write = [](const void*, VDataHandle& handle, const VPlug&) {
+    translators.write = [](const void*, VDataHandle& handle, VPlug) {
         handle.setDouble(6.5);
         throw std::runtime_error("then it failed");
     };
@@ -154,7 +152,7 @@ TEST_F(TranslateToHost, KeepsWhatAFailingWriterWrote) {
 TEST_F(TranslateToHost, WritesOnceItHasFailed) {
     letTheWriterThrow(std::runtime_error("once"));
     EXPECT_TRUE(translatePins());
-    translators.write = [](const void*, VDataHandle&, const VPlug&) {};
+    translators.write = [](const void*, VDataHandle&, VPlug) {};
     EXPECT_TRUE(translatePins());
     EXPECT_TRUE(port.isClean());
     EXPECT_EQ(errors.messages(), ShownErrors::Messages{"once"});
@@ -171,9 +169,7 @@ TEST_F(TranslateToHost, WritesOnWhereTheHostHasNoOutput) {
     CallRecorder calls;
     calls.fail("VDataBlock::outputValue");
     bool isNull = false;
-    translators.write = [&](const void*, VDataHandle& handle, const VPlug&) {
-        isNull = handle.isNull();
-    };
+    translators.write = [&](const void*, VDataHandle& handle, VPlug) { isNull = handle.isNull(); };
     EXPECT_TRUE(translatePins());
     EXPECT_TRUE(isNull);
     EXPECT_EQ(errors.messages(), ShownErrors::Messages());

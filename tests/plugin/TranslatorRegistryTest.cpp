@@ -1,10 +1,6 @@
-#include "convert/ReadArrays.h"
-#include "convert/ReadRecords.h"
-#include "convert/WriteArrays.h"
-#include "convert/WriteFromAny.h"
-#include "convert/WriteRecords.h"
-#include "plugin/TranslatorRegistry.h"
-#include "types/Records.h"
+#include "convert/Write.h"
+#include "plugin/Records.h"
+#include "translation/TranslatorRegistry.h"
 
 #include <Pelmor/AnyValue.h>
 
@@ -20,8 +16,13 @@ using namespace Rigging::Module;
 using Pelmor::SharedArray;
 using Pelmor::Internal::HeldIdentity;
 using Pelmor::Internal::TypeInfo;
+using Tolvane::HostWriter;
+using Tolvane::TranslatorRegistry;
+using Tolvane::writeFromAny;
 
-const TranslatorRegistry& registry() { return TranslatorRegistry::instance(); }
+const TranslatorRegistry& registry() {
+    return TranslatorRegistry::instance<Rigging::Module::Records>();
+}
 
 TEST(TranslatorRegistry, HasFourteenReadersInTheOrderOfTheirNames) {
     std::vector<std::string> names;
@@ -73,7 +74,7 @@ TEST(TranslatorRegistry, FindsNoReaderForAnyOtherName) {
         EXPECT_EQ(registry().findReader(name), nullptr) << name;
 }
 
-template <typename Record, auto write, auto writeArray>
+template <typename Record, auto& write, auto& writeArray>
 void expectWriters() {
     using Array = SharedArray<Record>;
     HostWriter ofRecord = &writeFromAny<Record, write>;

@@ -1,11 +1,11 @@
 // What a user sees of a failure of the host while one of the plugin's own writers is at work.
 #include "attributes/PortAttribute.h"
+#include "plugin/Records.h"
 #include "tests/plugin/HostPort.h"
 #include "tests/plugin/Translation.h"
 #include "tests/support/CallRecorder.h"
 #include "tests/support/HostData.h"
 #include "tests/support/ShownErrors.h"
-#include "types/Records.h"
 
 #include <Pelmor/Library.h>
 
@@ -32,8 +32,8 @@ protected:
     }
 
     Translation translation = newTranslation();
-    HostPort port{Rigging::Module::createPortAttribute(
-        Pelmor::Library().getType("Rigging::Module::Pins"), "port", false)};
+    HostPort port{Tolvane::createPortAttribute(Pelmor::Library().getType("Rigging::Module::Pins"),
+                                               "port", false)};
     ShownErrors errors;
 };
 

@@ -11,17 +11,17 @@ namespace TestSupport {
 namespace {
 
 template <typename Visitor>
-void walk(VDataHandle handle, const VPlug& plug, Visitor& visitor);
+void walk(VDataHandle handle, VPlug plug, Visitor& visitor);
 
 template <typename Visitor>
-void walkElements(VDataHandle array, const VPlug& plug, Visitor& visitor) {
+void walkElements(VDataHandle array, VPlug plug, Visitor& visitor) {
     VArrayDataHandle elements(array);
     for (unsigned i = 0, count = elements.elementCount(); i < count; ++i, elements.next())
         walk(elements.outputValue(), plug.elementByLogicalIndex(elements.elementIndex()), visitor);
 }
 
 template <typename Visitor>
-void walkLeaf(VDataHandle handle, const VPlug& plug, Visitor& visitor) {
+void walkLeaf(VDataHandle handle, VPlug plug, Visitor& visitor) {
     switch (VFnAttribute(plug.attribute()).kind()) {
         case VFnAttribute::kNumeric:
             return visitor.visit(handle.asDouble());
@@ -37,7 +37,7 @@ void walkLeaf(VDataHandle handle, const VPlug& plug, Visitor& visitor) {
 }
 
 template <typename Visitor>
-void walk(VDataHandle handle, const VPlug& plug, Visitor& visitor) {
+void walk(VDataHandle handle, VPlug plug, Visitor& visitor) {
     if (plug.isArray()) {
         visitor.beginArray(handle);
         walkElements(handle, plug, visitor);
@@ -73,17 +73,17 @@ struct Listing {
 
 }  // namespace
 
-void number(Numbers& numbers, VDataHandle handle, const VPlug& plug) {
+void number(Numbers& numbers, VDataHandle handle, VPlug plug) {
     Numbering numbering{numbers};
     walk(handle, plug, numbering);
 }
 
-void numberElements(Numbers& numbers, VDataHandle array, const VPlug& plug) {
+void numberElements(Numbers& numbers, VDataHandle array, VPlug plug) {
     Numbering numbering{numbers};
     walkElements(array, plug, numbering);
 }
 
-Leaves leavesOf(VDataHandle handle, const VPlug& plug) {
+Leaves leavesOf(VDataHandle handle, VPlug plug) {
     Listing listing;
     walk(handle, plug, listing);
     return listing.leaves;

@@ -14,11 +14,11 @@
 namespace TestSupport {
 
 // Arrays get the lengths that `numbers` gives, at logical indices from 0.
-void number(Numbers& numbers, VDataHandle handle, const VPlug& plug);
+void number(Numbers& numbers, VDataHandle handle, VPlug plug);
 // The same for each element that the array has, whatever its logical index.
-void numberElements(Numbers& numbers, VDataHandle array, const VPlug& plug);
+void numberElements(Numbers& numbers, VDataHandle array, VPlug plug);
 
-Leaves leavesOf(VDataHandle handle, const VPlug& plug);
+Leaves leavesOf(VDataHandle handle, VPlug plug);
 
 // Gives an array exactly the elements at these logical indices; it keeps those that it has.
 void setIndices(VDataHandle array, const std::vector<unsigned>& indices);

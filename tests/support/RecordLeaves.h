@@ -1,72 +1,15 @@
-// Fills the graph's records and arrays with Numbers, and tells their Leaves. The members stand here
-// in the order of the children of the host's attributes; the objects, which have none that the
-// plugin uses, are left out.
+// Fills the graph's records and arrays with Numbers, and tells their Leaves. The objects, which
+// stay in the graph, are left out.
 #pragma once
 
 #include "tests/support/Leaves.h"
 #include "tests/support/Numbers.h"
-#include "types/Records.h"
+#include "tests/support/RecordTrees.h"
 
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
 
 namespace TestSupport {
-
-template <typename Visit>
-void eachMember(Core::Transform::Transform& record, Visit visit) {
-    visit(record.matrix0);
-    visit(record.matrix1);
-    visit(record.matrix2);
-    visit(record.matrix3);
-    visit(record.matrix4);
-    visit(record.matrix5);
-    visit(record.matrix6);
-    visit(record.matrix7);
-}
-
-template <typename Visit>
-void eachMember(Rigging::Module::NamedTransforms& record, Visit visit) {
-    visit(record.names);
-    visit(record.transforms);
-}
-
-template <typename Visit>
-void eachMember(Rigging::Module::Pins& record, Visit visit) {
-    visit(record.names);
-    visit(record.matrices);
-}
-
-template <typename Visit>
-void eachMember(Rigging::Module::InputsJoints& record, Visit visit) {
-    visit(record.names);
-    visit(record.matrices);
-    visit(record.namedTransforms);
-}
-
-template <typename Visit>
-void eachMember(Rigging::Module::InputsControls& record, Visit visit) {
-    visit(record.names);
-    visit(record.matrices);
-    visit(record.weights);
-    visit(record.namedTransforms);
-}
-
-template <typename Visit>
-void eachMember(Rigging::Module::Inputs& record, Visit visit) {
-    visit(record.pins);
-    visit(record.joints);
-    visit(record.controls0);
-    visit(record.controls1);
-}
-
-template <typename Visit>
-void eachMember(Rigging::Module::Outputs& record, Visit visit) {
-    visit(record.name);
-    visit(record.pins);
-    visit(record.namedTransforms0);
-    visit(record.namedTransforms1);
-    visit(record.namedTransforms2);
-}
 
 inline void number(Numbers& numbers, double& value) { value = numbers.number(); }
 inline void number(Numbers& numbers, Pelmor::String& text) { text = numbers.text().c_str(); }
@@ -111,8 +54,7 @@ void append(Leaves& leaves, const Pelmor::SharedArray<Element>& array) {
 
 template <typename Record>
 void append(Leaves& leaves, const Record& record) {
-    Record copy = record;
-    eachMember(copy, [&](const auto& member) { append(leaves, member); });
+    eachMember(record, [&](const auto& member) { append(leaves, member); });
 }
 
 template <typename T>

@@ -1,6 +1,6 @@
+#include "plugin/Records.h"
 #include "tests/support/AllocationCount.h"
 #include "tests/types/TransformNumbers.h"
-#include "types/Records.h"
 
 #include <Pelmor/AnyValue.h>
 

@@ -1,4 +1,4 @@
-#include "types/Records.h"
+#include "plugin/Records.h"
 
 #include <Pelmor/TypeInfo.h>
 

@@ -2,7 +2,7 @@
 // for them, which write down when they are released.
 #pragma once
 
-#include "types/Records.h"
+#include "tests/support/CarriedTypes.h"
 
 #include <cstdint>
 #include <functional>
@@ -39,20 +39,38 @@ Pointees pointees(const Record& record) {
     return found;
 }
 
+template <typename T>
+constexpr std::size_t sharedMembers();
+template <typename Record, typename... Types>
+constexpr std::size_t sharedAmong(const std::tuple<TestSupport::Member<Record, Types>...>&) {
+    return (sharedMembers<Types>() + ...);
+}
+template <typename T>
+constexpr std::size_t sharedMembers() {
+    if constexpr (TestSupport::kIsRecord<T>)
+        return sharedAmong(TestSupport::RecordTree<T>::members);
+    else
+        return TestSupport::kIsPlain<T> ? 0 : 1;
+}
 template <typename Record>
-constexpr std::size_t kSharedMembers = 0;
-template <>
-inline constexpr std::size_t kSharedMembers<Rigging::Module::NamedTransforms> = 2;
-template <>
-inline constexpr std::size_t kSharedMembers<Rigging::Module::Pins> = 2;
-template <>
-inline constexpr std::size_t kSharedMembers<Rigging::Module::InputsJoints> = 4;
-template <>
-inline constexpr std::size_t kSharedMembers<Rigging::Module::InputsControls> = 5;
-template <>
-inline constexpr std::size_t kSharedMembers<Rigging::Module::Inputs> = 18;
-template <>
-inline constexpr std::size_t kSharedMembers<Rigging::Module::Outputs> = 10;
+constexpr std::size_t kSharedMembers = sharedMembers<Record>();
+
+// How many of the shared members are arrays; the others are objects.
+template <typename T>
+constexpr std::size_t arrays();
+template <typename Record, typename... Types>
+constexpr std::size_t arraysAmong(const std::tuple<TestSupport::Member<Record, Types>...>&) {
+    return (arrays<Types>() + ...);
+}
+template <typename T>
+constexpr std::size_t arrays() {
+    if constexpr (TestSupport::kIsRecord<T>)
+        return arraysAmong(TestSupport::RecordTree<T>::members);
+    else
+        return TestSupport::kIsArray<T> ? 1 : 0;
+}
+template <typename Record>
+constexpr std::size_t kArrays = arrays<Record>();
 
 // `count` for every shared member.
 template <typename Record>
@@ -64,14 +82,6 @@ template <typename Record>
 Pointees allNull() {
     return Pointees(kSharedMembers<Record>, nullptr);
 }
-
-// How many of the shared members are arrays; the others are objects.
-template <typename Record>
-constexpr std::size_t kArrays = kSharedMembers<Record>;
-template <>
-inline constexpr std::size_t kArrays<Rigging::Module::Inputs> = 16;
-template <>
-inline constexpr std::size_t kArrays<Rigging::Module::Outputs> = 8;
 
 // Expects of every array of `record` what a new record has, an empty array that nothing shares, and
 // adds it to `arrays`.
@@ -129,45 +139,15 @@ void WatchedPointees::putInto(Record& record) {
 
 template <typename Record, typename Visit>
 void forEachShared(Record& record, const Visit& visit) {
-    using namespace Rigging::Module;
-    using Plain = std::remove_const_t<Record>;
-    if constexpr (std::is_same_v<Plain, NamedTransforms>) {
-        visit(record.names);
-        visit(record.transforms);
-    } else if constexpr (std::is_same_v<Plain, Pins>) {
-        visit(record.names);
-        visit(record.matrices);
-    } else if constexpr (std::is_same_v<Plain, InputsJoints>) {
-        visit(record.names);
-        visit(record.matrices);
-        forEachShared(record.namedTransforms, visit);
-    } else if constexpr (std::is_same_v<Plain, InputsControls>) {
-        visit(record.names);
-        visit(record.matrices);
-        visit(record.weights);
-        forEachShared(record.namedTransforms, visit);
-    } else if constexpr (std::is_same_v<Plain, Inputs>) {
-        forEachShared(record.pins, visit);
-        forEachShared(record.joints, visit);
-        forEachShared(record.controls0, visit);
-        forEachShared(record.controls1, visit);
-        visit(record.object0);
-        visit(record.object1);
-    } else if constexpr (std::is_same_v<Plain, Outputs>) {
-        forEachShared(record.pins, visit);
-        forEachShared(record.namedTransforms0, visit);
-        forEachShared(record.namedTransforms1, visit);
-        forEachShared(record.namedTransforms2, visit);
-        visit(record.object0);
-        visit(record.object1);
-    } else {
-        static_assert(std::is_same_v<Plain, Transform>, "a transform shares nothing");
-    }
+    TestSupport::eachMemberAndObject(record, [&](auto& member) {
+        using T = std::remove_const_t<std::remove_reference_t<decltype(member)>>;
+        if constexpr (TestSupport::kIsRecord<T>)
+            forEachShared(member, visit);
+        else if constexpr (!TestSupport::kIsPlain<T>)
+            visit(member);
+    });
 }
 
-using SharingRecords =
-    testing::Types<Rigging::Module::NamedTransforms, Rigging::Module::Pins,
-                   Rigging::Module::InputsJoints, Rigging::Module::InputsControls,
-                   Rigging::Module::Inputs, Rigging::Module::Outputs>;
+using SharingRecords = TestSupport::RecordTypesWithArrays;
 
 }  // namespace TypesTests

@@ -1,0 +1,55 @@
+// The translation object for a list of records: it carries them and arrays of them, and gives nodes
+// attributes for ports of any struct or enum type. It has no state of its own, so any number of
+// them may exist and be used by any number of threads; what they share is the list's registry.
+#pragma once
+
+#include "attributes/AddPort.h"
+#include "translation/Dispatch.h"
+#include "translation/TranslatorRegistry.h"
+
+#include <TavrikGraph/Executor/TypeTranslation.h>
+
+#include <cstdint>
+
+namespace Tolvane {
+
+template <typename Records>
+class RecordTranslation : public TavrikGraph::Executor::TypeTranslation {
+public:
+    using TypeTranslation::TypeTranslation;
+
+    // The framework may release an object that it never got, so `this` may be null here. The
+    // compiler takes it for non-null, but not what it reads from a volatile: deleting checks that.
+    void release() noexcept override {
+        TypeTranslation* volatile object = this;
+        delete object;
+    }
+
+    void getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept override {
+        supportedTypeNames(registry, names);
+    }
+
+    bool translateFromHost(
+        const Pelmor::Type& type, Pelmor::AnyValue& value,
+        const TavrikGraph::Executor::HostContext& context) const noexcept override {
+        return readFromHost(registry, type, value, context);
+    }
+
+    bool translateToHost(
+        const Pelmor::AnyValue& value,
+        const TavrikGraph::Executor::HostContext& context) const noexcept override {
+        return writeToHost(registry, value, context);
+    }
+
+    bool portAdded(const Pelmor::String& portName, TavrikGraph::Executor::PortDirection direction,
+                   const Pelmor::Type& type, std::uint32_t, std::uint32_t,
+                   TavrikGraph::Executor::NodeEditContext* context) const noexcept override {
+        const bool isInput = direction == TavrikGraph::Executor::PortDirection::Input;
+        return addPort(portName, isInput, type, context->node, *context->modifier);
+    }
+
+private:
+    static constexpr GetRegistry registry = &TranslatorRegistry::instance<Records>;
+};
+
+}  // namespace Tolvane
