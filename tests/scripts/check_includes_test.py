@@ -11,7 +11,8 @@ CHECK = Path(__file__).parents[2] / "scripts/check_includes"
 HEADERS = [
     "plugin/Registry.h", "attributes/Mapping.h", "types/Pins.h", "convert/ReadRecords.h",
     "version/BuildRecord.h", "graph/Pelmor/Type.h", "graph/src/Types.h", "host/src/Node.h",
-    "executor/src/Loader.h", "tools/Rig.h", "tests/Rigs.h",
+    "executor/src/Loader.h", "tests/Rigs.h", "tools/commands/Run.h", "tools/report/Table.h",
+    "tools/node/RoundTrip.h", "tools/rig/Rig.h", "tools/support/Error.h",
 ]  # fmt: skip
 
 
@@ -55,7 +56,7 @@ class CheckIncludes(unittest.TestCase):
             '"convert/ReadRecords.h"', '"version/BuildRecord.h"', "<Pelmor/Type.h>",
             "<OpenVornik/VPlug.h>", "<memory>",
         )  # fmt: skip
-        self.assert_refused("plugin", '"tools/Rig.h"', '"tests/Rigs.h"')
+        self.assert_refused("plugin", '"tools/rig/Rig.h"', '"tests/Rigs.h"')
 
     def test_plugin_knows_the_executor_by_one_header(self):
         self.assert_allowed("plugin", "<TavrikGraph/Executor/TypeTranslation.h>")
@@ -92,12 +93,45 @@ class CheckIncludes(unittest.TestCase):
 
     def test_tools_never_see_the_inside_of_the_plugin(self):
         self.assert_allowed(
-            "tools", "<TavrikGraph/Executor/Library.h>", "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>",
-            '"types/Pins.h"', '"tools/Rig.h"', "<assimp/scene.h>",
+            "tools/node", "<TavrikGraph/Executor/Library.h>", "<Pelmor/Type.h>",
+            "<OpenVornik/VPlug.h>", '"types/Pins.h"', '"tools/node/RoundTrip.h"',
         )  # fmt: skip
+        for folder in ("tools", "tools/commands", "tools/node"):
+            self.assert_refused(
+                folder, '"plugin/Registry.h"', '"attributes/Mapping.h"', '"convert/ReadRecords.h"'
+            )
+
+    def test_rooms_of_tools_include_each_other_in_one_direction(self):
+        rooms = {
+            "commands": '"tools/commands/Run.h"', "report": '"tools/report/Table.h"',
+            "node": '"tools/node/RoundTrip.h"', "rig": '"tools/rig/Rig.h"',
+            "support": '"tools/support/Error.h"',
+        }  # fmt: skip
+        headers = list(rooms.values())
+        for place, room in enumerate(rooms):
+            self.assert_allowed(f"tools/{room}", *headers[place:])
+            self.assert_refused(f"tools/{room}", *headers[:place], why=f"tools/{room} may not")
+
+    def test_the_top_of_tools_includes_commands_and_support_alone(self):
+        self.assert_allowed("tools", '"tools/commands/Run.h"', '"tools/support/Error.h"')
         self.assert_refused(
-            "tools", '"plugin/Registry.h"', '"attributes/Mapping.h"', '"convert/ReadRecords.h"'
+            "tools", '"tools/report/Table.h"', '"tools/node/RoundTrip.h"', '"tools/rig/Rig.h"'
         )
+
+    def test_each_library_of_tools_has_its_room(self):
+        rooms = {
+            "commands": "<CLI/CLI.hpp>", "report": "<nlohmann/json.hpp>", "rig": "<assimp/scene.h>"
+        }  # fmt: skip
+        for room in ("", "commands", "report", "node", "rig", "support"):
+            folder = f"tools/{room}".rstrip("/")
+            others = [header for owner, header in rooms.items() if owner != room]
+            self.assert_refused(folder, *others, why="alone$")
+            self.assert_allowed(folder, *(rooms[room],) if room in rooms else ())
+
+    def test_every_room_of_tools_needs_a_row(self):
+        self.assert_refused("tools/attic", "<vector>", why="no row")
+        self.assert_refused("tools/rig/attic", "<vector>", why="no row")
+        self.assert_refused("tests", '"tools/Rig.h"', why="root$")
 
     def test_tests_may_include_everything(self):
         self.assert_allowed(

@@ -1,4 +1,4 @@
-#include "tools/Animation.h"
+#include "tools/rig/Animation.h"
 
 #include <cmath>
 
@@ -6,7 +6,7 @@
 
 namespace {
 
-using Tolvane::Channel;
+using Tolvane::Tools::Channel;
 
 Channel channelWithPositions(std::vector<aiVectorKey> positions) {
     return {std::move(positions), {{0, {}}}, {{0, {1, 1, 1}}}};

@@ -7,8 +7,8 @@
 #include "tests/tools/RigFormats.h"
 #include "tests/tools/TemporaryFolder.h"
 #include "tests/tools/TolvaneProcess.h"
-#include "tools/FrameRange.h"
-#include "tools/LoadRig.h"
+#include "tools/rig/FrameRange.h"
+#include "tools/rig/LoadRig.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -25,9 +25,9 @@ using testing::StartsWith;
 
 constexpr const char* kFormerPicture = "the picture of another run";
 
-Tolvane::FrameRange seeds() {
+Tolvane::Tools::FrameRange seeds() {
     const char* asked = std::getenv("TOLVANE_BAD_RIGS");
-    return Tolvane::parseFrameRange(asked ? asked : "1:10");
+    return Tolvane::Tools::parseFrameRange(asked ? asked : "1:10");
 }
 
 // Keeps a file that made trouble, and what belongs to it, and tells how to see the trouble again.
@@ -81,7 +81,7 @@ TEST_P(RigFormats, AnUndamagedFileIsReadIfItsReaderTakesIt) {
     EXPECT_EQ(runTolvane({"run", file}).status, isRead ? 0 : 2);
     if (!isRead) return;
     const bool moves = GetParam().readAgain == RigFormat::Readable::Motion;
-    EXPECT_EQ(Tolvane::loadRig(file).frameCount > 1, moves);
+    EXPECT_EQ(Tolvane::Tools::loadRig(file).frameCount > 1, moves);
 }
 
 class BadRig : public testing::TestWithParam<std::tuple<RigFormat, Damage>> {};
@@ -101,7 +101,7 @@ TEST_P(BadRig, IsRunOrRefused) {
     const TemporaryFolder folder;
     const std::string file = writeExample(format, folder.path(""));
     const std::string whole = readFile(file);
-    const Tolvane::FrameRange range = seeds();
+    const Tolvane::Tools::FrameRange range = seeds();
     for (std::size_t seed = range.first; seed <= range.last; ++seed) {
         std::string content = whole;
         damage.inflict(content, static_cast<std::uint32_t>(seed));

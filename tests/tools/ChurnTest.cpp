@@ -1,11 +1,11 @@
-#include "tools/Churn.h"
-#include "tools/FrameData.h"
+#include "tools/node/Churn.h"
+#include "tools/node/FrameData.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 
 std::vector<std::size_t> countsOf(std::size_t total) {
     std::vector<std::size_t> counts;

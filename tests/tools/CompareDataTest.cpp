@@ -1,6 +1,6 @@
 #include "tests/tools/PluginNode.h"
-#include "tools/CompareData.h"
-#include "tools/SpoilData.h"
+#include "tools/node/CompareData.h"
+#include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 
 enum Member : std::size_t {
     kMatrixMember,

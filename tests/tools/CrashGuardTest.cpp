@@ -1,4 +1,4 @@
-#include "tools/CrashGuard.h"
+#include "tools/rig/CrashGuard.h"
 
 #include <csignal>
 #include <cstdio>
@@ -8,7 +8,7 @@
 
 namespace {
 
-using Tolvane::CrashGuard;
+using Tolvane::Tools::CrashGuard;
 
 TEST(CrashGuardDeathTest, ACrashBecomesOneLineAndStatus2) {
     EXPECT_EXIT(

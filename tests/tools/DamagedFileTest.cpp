@@ -1,7 +1,7 @@
 #include "tests/tools/SampleRigs.h"
 #include "tests/tools/TemporaryFolder.h"
-#include "tools/Error.h"
-#include "tools/LoadRig.h"
+#include "tools/rig/LoadRig.h"
+#include "tools/support/Error.h"
 
 #include <filesystem>
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 using testing::HasSubstr;
 using testing::StartsWith;
 

@@ -1,5 +1,5 @@
 #include "tests/tools/PluginNode.h"
-#include "tools/FillInputs.h"
+#include "tools/node/FillInputs.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -1,12 +1,12 @@
-#include "tools/Limbs.h"
+#include "tools/rig/Limbs.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using Tolvane::Limb;
-using Tolvane::Rig;
-using Tolvane::splitIntoLimbs;
+using Tolvane::Tools::Limb;
+using Tolvane::Tools::Rig;
+using Tolvane::Tools::splitIntoLimbs;
 
 constexpr int kRoot = -1;
 

@@ -1,15 +1,15 @@
 #include "tests/tools/SampleRigs.h"
 #include "tests/tools/TemporaryFolder.h"
-#include "tools/Error.h"
-#include "tools/LoadAnimation.h"
-#include "tools/RigFrame.h"
+#include "tools/node/RigFrame.h"
+#include "tools/rig/LoadAnimation.h"
+#include "tools/support/Error.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 using testing::HasSubstr;
 
 class LoadAnimation : public testing::Test {

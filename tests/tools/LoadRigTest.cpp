@@ -1,13 +1,13 @@
 #include "tests/tools/SampleRigs.h"
 #include "tests/tools/TemporaryFolder.h"
-#include "tools/LoadRig.h"
-#include "tools/RigFrame.h"
+#include "tools/node/RigFrame.h"
+#include "tools/rig/LoadRig.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 
 class LoadRig : public testing::Test {
 protected:

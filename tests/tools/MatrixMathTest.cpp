@@ -1,4 +1,4 @@
-#include "tools/MatrixMath.h"
+#include "tools/rig/MatrixMath.h"
 
 #include <limits>
 
@@ -6,8 +6,8 @@
 
 namespace {
 
-using Tolvane::inverse;
-using Tolvane::multiply;
+using Tolvane::Tools::inverse;
+using Tolvane::Tools::multiply;
 
 VMatrix translation(double x, double y, double z) {
     VMatrix matrix;

@@ -1,5 +1,5 @@
-#include "tools/Picture.h"
-#include "tools/Projection.h"
+#include "tools/report/Picture.h"
+#include "tools/report/Projection.h"
 
 #include <limits>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 using testing::HasSubstr;
 using testing::Not;
 

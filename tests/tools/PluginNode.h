@@ -2,7 +2,7 @@
 // and to compare.
 #pragma once
 
-#include "tools/DataShape.h"
+#include "tools/node/DataShape.h"
 
 #include <OpenVornik/VDataBlock.h>
 #include <OpenVornik/VFnDependencyNode.h>
@@ -14,13 +14,13 @@
 
 class PluginNode {
 public:
-    Tolvane::DataShape addInput(const char* name, const Pelmor::Type& type) {
+    Tolvane::Tools::DataShape addInput(const char* name, const Pelmor::Type& type) {
         if (!m_node.addPort(name, TavrikGraph::Executor::PortDirection::Input, type))
             throw std::runtime_error("the plugin made no attribute");
-        return Tolvane::shapeOf(m_node.ports().back().plug);
+        return Tolvane::Tools::shapeOf(m_node.ports().back().plug);
     }
 
-    Tolvane::DataPlace place(const Tolvane::DataShape& shape) {
+    Tolvane::Tools::DataPlace place(const Tolvane::Tools::DataShape& shape) {
         return {shape, VFnDependencyNode(m_node.hostNode()).dataBlock().outputValue(shape.plug)};
     }
 

@@ -1,13 +1,13 @@
 #include "tests/tools/SampleRigs.h"
 #include "tests/tools/TemporaryFolder.h"
-#include "tools/LoadRig.h"
-#include "tools/RigFrame.h"
+#include "tools/node/RigFrame.h"
+#include "tools/rig/LoadRig.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 
 // A rig of two joints: the root is moved by its channel and stands on something at (100, 0, 0); its
 // child, one above it, is turned a quarter about z. At rest the root is at (10, 0, 0) and the child

@@ -1,8 +1,8 @@
 #include "tests/tools/SampleRigs.h"
 #include "tests/tools/TemporaryFolder.h"
-#include "tools/Error.h"
-#include "tools/LoadRig.h"
-#include "tools/Run.h"
+#include "tools/node/RunFrames.h"
+#include "tools/rig/LoadRig.h"
+#include "tools/support/Error.h"
 
 #include <TavrikGraph/Executor/TranslationLibrary.h>
 
@@ -11,12 +11,12 @@
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 
 class Run : public testing::Test {
 protected:
     RunResult runWith(const RunOptions& options, const RunListener& listener = {}) {
-        return run(rig, library.translation(), options, listener);
+        return runFrames(rig, library.translation(), options, listener);
     }
 
     static std::vector<std::size_t> framesDrawn(const RunResult& result) {
@@ -113,12 +113,6 @@ TEST_F(Run, GoesThroughTheFramesAgainWhereMoreEvaluationsAreAsked) {
     options.frames = FrameRange{1, 3};
     options.draw = true;
     EXPECT_EQ(framesDrawn(runWith(options)), (std::vector<std::size_t>{1, 2, 3, 1, 2}));
-}
-
-TEST_F(Run, FramesThatTheRigLacksAreRefused) {
-    EXPECT_EQ(framesOf(rig, std::nullopt).size(), 4U);
-    EXPECT_EQ(framesOf(rig, FrameRange{3, 3}).first, 3U);
-    EXPECT_THROW(framesOf(rig, FrameRange{3, 4}), Error);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "tests/tools/TemporaryFolder.h"
-#include "tools/Error.h"
-#include "tools/OneLine.h"
-#include "tools/OutputFile.h"
-#include "tools/Table.h"
+#include "tools/report/OutputFile.h"
+#include "tools/report/Table.h"
+#include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
 
 #include <sstream>
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 
 TEST(Table, NumbersAreSetToTheRightAndCharactersCounted) {
     Table table({"Name", "Time"});

@@ -1,7 +1,7 @@
 // Evaluates a rig under churn a hundred thousand times in one process, and fails unless memory at
 // the end is what it was after the first thousand: soak PLUGIN RIG
-#include "tools/LoadRig.h"
-#include "tools/Run.h"
+#include "tools/node/RunFrames.h"
+#include "tools/rig/LoadRig.h"
 
 #include <TavrikGraph/Executor/TranslationLibrary.h>
 
@@ -14,7 +14,7 @@
 
 namespace {
 
-using namespace Tolvane;
+using namespace Tolvane::Tools;
 
 constexpr std::size_t kEvaluations = 100'000;
 constexpr std::size_t kWarmUp = 1'000;
@@ -43,7 +43,7 @@ bool staysWithinItsMemory(const char* plugin, const char* rigFile) {
         if (done == kWarmUp) before = residentMegabytes();
         if (done == total) after = residentMegabytes();
     };
-    const RunResult result = run(rig, library.translation(), options, {{}, measure});
+    const RunResult result = runFrames(rig, library.translation(), options, {{}, measure});
     const double change = after / before - 1;
     std::printf(
         "%zu evaluations, %zu mismatches: %.2f MB after %zu, %.2f MB at the end (%+.2f %%)\n",

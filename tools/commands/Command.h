@@ -1,0 +1,17 @@
+// What a command of `tolvane` hands to the command line: its options, and what carries it out.
+#pragma once
+
+#include <functional>
+
+#include <CLI/CLI.hpp>
+
+namespace Tolvane::Tools {
+
+struct Command {
+    // Belongs to the application that the command was added to.
+    CLI::App* options;
+    // Called once the options have been read. Returns and throws what `runCommandLine` does.
+    std::function<bool()> carryOut;
+};
+
+}  // namespace Tolvane::Tools

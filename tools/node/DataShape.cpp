@@ -1,0 +1,106 @@
+#include "tools/node/DataShape.h"
+
+#include <OpenVornik/VFnAttribute.h>
+#include <OpenVornik/VFnNumericAttribute.h>
+#include <OpenVornik/VFnTypedAttribute.h>
+#include <Pelmor/ArrayType.h>
+#include <Pelmor/StructType.h>
+
+#include <numeric>
+
+namespace Tolvane::Tools {
+namespace {
+
+using Kind = DataShape::Kind;
+
+Kind kindOfNumber(const VObject& attribute) {
+    switch (VFnNumericAttribute(attribute).unitType()) {
+        case VFnNumericData::kBoolean:
+            return Kind::Bool;
+        case VFnNumericData::kInt:
+            return Kind::Int;
+        case VFnNumericData::kDouble:
+            return Kind::Double;
+        case VFnNumericData::kInvalid:
+            break;
+    }
+    return Kind::Empty;
+}
+
+Kind kindOf(const VObject& attribute) {
+    switch (VFnAttribute(attribute).kind()) {
+        case VFnAttribute::kCompound:
+            return Kind::Compound;
+        case VFnAttribute::kMatrix:
+            return Kind::Matrix;
+        case VFnAttribute::kNumeric:
+            return kindOfNumber(attribute);
+        case VFnAttribute::kTyped:
+            return VFnTypedAttribute(attribute).attrType() == VFnData::kString ? Kind::String
+                                                                               : Kind::Empty;
+        case VFnAttribute::kEnum:
+            return Kind::Enum;
+        case VFnAttribute::kGeneric:
+            break;
+    }
+    return Kind::Empty;
+}
+
+bool fitsStruct(const DataShape& shape, const Pelmor::StructType& type) {
+    if (shape.kind != Kind::Compound) return false;
+    auto child = shape.children.begin();
+    for (auto member = type.begin(); member != type.end(); ++member, ++child)
+        if (child == shape.children.end() || !fits(*child, member->getType())) return false;
+    return child == shape.children.end();
+}
+
+bool fitsSingle(const DataShape& shape, const Pelmor::Type& type) {
+    switch (type.getTypeKind()) {
+        case Pelmor::TypeKind::Struct:
+            return fitsStruct(shape, Pelmor::StructType(type));
+        case Pelmor::TypeKind::Matrix:
+            return shape.kind == Kind::Matrix;
+        case Pelmor::TypeKind::String:
+            return shape.kind == Kind::String;
+        case Pelmor::TypeKind::Double:
+            return shape.kind == Kind::Double;
+        case Pelmor::TypeKind::Bool:
+            return shape.kind == Kind::Bool;
+        case Pelmor::TypeKind::Int:
+            return shape.kind == Kind::Int;
+        case Pelmor::TypeKind::Enum:
+            return shape.kind == Kind::Enum;
+        case Pelmor::TypeKind::Object:
+            return shape.kind == Kind::Empty;
+        case Pelmor::TypeKind::Array:
+            break;
+    }
+    return false;
+}
+
+}  // namespace
+
+DataShape shapeOf(VPlug plug) {
+    const VObject attribute = plug.attribute();
+    DataShape shape{
+        plug, VFnAttribute(attribute).name().asChar(), kindOf(attribute), plug.isArray(), {}};
+    if (shape.kind != Kind::Compound) return shape;
+    VPlug compound = shape.isArray ? plug.elementByLogicalIndex(0) : plug;
+    for (unsigned i = 0; i < compound.numChildren(); ++i)
+        shape.children.push_back(shapeOf(compound.child(i)));
+    return shape;
+}
+
+std::size_t attributeCount(const DataShape& shape) {
+    return std::accumulate(
+        shape.children.begin(), shape.children.end(), std::size_t{1},
+        [](std::size_t sum, const DataShape& child) { return sum + attributeCount(child); });
+}
+
+bool fits(const DataShape& shape, const Pelmor::Type& type) {
+    const bool isArray = type.getTypeKind() == Pelmor::TypeKind::Array;
+    if (shape.isArray != isArray) return false;
+    return fitsSingle(shape, isArray ? Pelmor::ArrayType(type).getElementType() : type);
+}
+
+}  // namespace Tolvane::Tools

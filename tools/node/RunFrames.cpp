@@ -1,0 +1,78 @@
+#include "tools/node/RunFrames.h"
+
+#include <OpenVornik/VErrorListener.h>
+#include <Pelmor/Library.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <numeric>
+#include <set>
+
+namespace Tolvane::Tools {
+namespace {
+
+// Which evaluations a picture shows: evenly spread, and under churn only those with all joints.
+std::set<std::size_t> evaluationsToDraw(std::size_t evaluations, bool churn) {
+    const std::size_t step = churn ? kShareCount : 1;
+    const std::size_t candidates = (evaluations + step - 1) / step;
+    const std::size_t count = std::min(candidates, kMostSnapshots);
+    std::set<std::size_t> chosen;
+    for (std::size_t i = 0; i < count; ++i)
+        chosen.insert(step * (count == 1 ? 0 : i * (candidates - 1) / (count - 1)));
+    return chosen;
+}
+
+// A type of which nothing was ever compared has not been shown to work, for every rig has joints.
+void refuseEmptyComparisons(std::vector<TypeResult>& types) {
+    for (TypeResult& type : types)
+        if (type.comparison.leavesCompared == 0 && type.comparison.mismatches == 0)
+            type.comparison.addMismatch(type.typeName + ": nothing was compared");
+}
+
+}  // namespace
+
+RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& translation,
+                    const RunOptions& options, const RunListener& listener) {
+    RunResult result;
+    const VErrorListener errors(
+        [&result](const VString& message) { result.hostMessages.emplace_back(message.asChar()); });
+    const FrameRange frames = framesOf(rig, options.frames);
+    const std::size_t evaluations = options.evaluations.value_or(
+        options.churn ? std::max(frames.size(), kShareCount) : frames.size());
+    const auto drawn =
+        options.draw ? evaluationsToDraw(evaluations, options.churn) : std::set<std::size_t>();
+
+    const std::vector<Limb> limbs = splitIntoLimbs(rig);
+    const std::string rigName = std::filesystem::path(rig.file).stem().string();
+    RigFrame pose(rig);
+    RoundTrip roundTrip(translation, Pelmor::Library());
+    if (listener.begins) listener.begins(roundTrip);
+
+    for (; result.evaluated < evaluations; ++result.evaluated) {
+        const std::size_t frame = frames.first + result.evaluated % frames.size();
+        const Share share = options.churn ? churnShare(result.evaluated) : Share::All;
+        pose.pose(frame);
+        roundTrip.carry(frameData(rigName.c_str(), pose.joints(), limbs, share));
+        if (drawn.count(result.evaluated) != 0)
+            result.snapshots.push_back({frame, roundTrip.worldMatricesThatCameOut()});
+        if (listener.evaluated) listener.evaluated(result.evaluated + 1, evaluations);
+    }
+    result.types = roundTrip.results();
+    refuseEmptyComparisons(result.types);
+    return result;
+}
+
+std::size_t RunResult::leavesCompared() const {
+    return std::accumulate(types.begin(), types.end(), std::size_t{0},
+                           [](std::size_t sum, const TypeResult& type) {
+                               return sum + type.comparison.leavesCompared;
+                           });
+}
+
+std::size_t RunResult::mismatches() const {
+    return std::accumulate(
+        types.begin(), types.end(), std::size_t{0},
+        [](std::size_t sum, const TypeResult& type) { return sum + type.comparison.mismatches; });
+}
+
+}  // namespace Tolvane::Tools

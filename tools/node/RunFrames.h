@@ -1,0 +1,53 @@
+// Sends frames of a rig through a translation, one evaluation of a node each, into the graph and
+// back, and compares what comes back with what went in.
+#pragma once
+
+#include "tools/node/RoundTrip.h"
+#include "tools/node/Snapshot.h"
+#include "tools/rig/FrameRange.h"
+#include "tools/rig/Rig.h"
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tolvane::Tools {
+
+struct RunOptions {
+    // All frames if unset.
+    std::optional<FrameRange> frames = {};
+    // How often the node is evaluated; after the last frame it begins again with the first. If
+    // unset, once for each frame, and under churn at least once for each share.
+    std::optional<std::size_t> evaluations = {};
+    bool churn = false;
+    // Whether to take snapshots for a picture.
+    bool draw = false;
+};
+
+struct RunResult {
+    std::vector<TypeResult> types;
+    // What the host displayed, in order.
+    std::vector<std::string> hostMessages;
+    std::size_t evaluated = 0;
+    std::vector<Snapshot> snapshots;
+
+    std::size_t leavesCompared() const;
+    std::size_t mismatches() const;
+    bool ok() const { return mismatches() == 0 && hostMessages.empty(); }
+};
+
+// Whoever wants to follow a run. Both may be empty.
+struct RunListener {
+    // Called once, before the first evaluation.
+    std::function<void(const RoundTrip& roundTrip)> begins = {};
+    // Called after each evaluation with the number of those done.
+    std::function<void(std::size_t done, std::size_t total)> evaluated = {};
+};
+
+// Throws Error where the rig lacks some of the frames.
+RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& translation,
+                    const RunOptions& options, const RunListener& listener = {});
+
+}  // namespace Tolvane::Tools

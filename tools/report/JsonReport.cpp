@@ -1,0 +1,50 @@
+#include "tools/report/Report.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include <nlohmann/json.hpp>
+
+namespace Tolvane::Tools {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json jsonOf(const TypeResult& type, std::size_t evaluated) {
+    const auto mean = [evaluated](std::chrono::nanoseconds sum) {
+        return static_cast<double>(sum.count()) /
+               static_cast<double>(std::max<std::size_t>(evaluated, 1));
+    };
+    return {{"name", type.typeName},
+            {"attributes", type.attributeCount},
+            {"leavesCompared", type.comparison.leavesCompared},
+            {"mismatches", type.comparison.mismatches},
+            {"nsFromHost", mean(type.fromHost)},
+            {"nsToHost", mean(type.toHost)}};
+}
+
+}  // namespace
+
+void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
+               const RunResult& result) {
+    Json types = Json::array();
+    for (const TypeResult& type : result.types) types.push_back(jsonOf(type, result.evaluated));
+    const Json report{
+        {"plugin",
+         {{"path", plugin.path}, {"name", plugin.name}, {"types", Json(plugin.typeNames)}}},
+        {"rig",
+         {{"file", rig.file},
+          {"joints", rig.joints},
+          {"limbs", rig.limbs},
+          {"frames", rig.frames},
+          {"fps", rig.framesPerSecond}}},
+        {"types", types},
+        {"hostMessages", Json(result.hostMessages)},
+        {"evaluated", result.evaluated},
+        {"mismatches", result.mismatches()},
+        {"ok", result.ok()}};
+    // File names and messages need not be UTF-8, which JSON is.
+    out << report.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+}  // namespace Tolvane::Tools

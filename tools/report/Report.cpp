@@ -1,0 +1,22 @@
+#include "tools/report/Report.h"
+
+#include "tools/rig/Limbs.h"
+
+#include <Pelmor/Array.h>
+
+namespace Tolvane::Tools {
+
+PluginSummary summarise(const TavrikGraph::Executor::TranslationLibrary& library) {
+    Pelmor::Array<Pelmor::String> names;
+    library.translation().getSupportedTypeNames(names);
+    PluginSummary summary{library.path(), library.translation().name().c_str(), {}};
+    for (const Pelmor::String& name : names) summary.typeNames.emplace_back(name.c_str());
+    return summary;
+}
+
+RigSummary summarise(const Rig& rig) {
+    return {rig.file, rig.joints.size(), splitIntoLimbs(rig).size(), rig.frameCount,
+            rig.framesPerSecond};
+}
+
+}  // namespace Tolvane::Tools

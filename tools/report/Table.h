@@ -1,0 +1,36 @@
+// Text laid out for a terminal: tables, numbers and paragraphs.
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace Tolvane::Tools {
+
+// The first column is set to the left, the others, which are numbers, to the right.
+class Table {
+public:
+    using Row = std::vector<std::string>;
+
+    explicit Table(Row head) : m_rows{std::move(head)} {}
+
+    // As many cells as the head has.
+    void addRow(Row row) { m_rows.push_back(std::move(row)); }
+    void print(std::ostream& out) const;
+
+private:
+    std::vector<std::size_t> columnWidths() const;
+    static void printRow(std::ostream& out, const Row& row, const std::vector<std::size_t>& widths);
+
+    std::vector<Row> m_rows;
+};
+
+// 1234567 as "1,234,567".
+std::string grouped(std::size_t number);
+
+// Breaks text at blanks into lines of at most `width` characters, each indented. A longer word
+// stands alone.
+std::string wrapped(const std::string& text, std::size_t indent, std::size_t width);
+
+}  // namespace Tolvane::Tools

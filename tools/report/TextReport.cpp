@@ -1,0 +1,109 @@
+#include "tools/report/Report.h"
+#include "tools/report/Table.h"
+#include "tools/support/OneLine.h"
+
+#include <algorithm>
+#include <map>
+#include <ostream>
+#include <sstream>
+
+namespace Tolvane::Tools {
+namespace {
+
+constexpr std::size_t kMostLines = 10;
+
+std::string counted(std::size_t count, const std::string& one, const std::string& many) {
+    return grouped(count) + " " + (count == 1 ? one : many);
+}
+
+std::string joined(const std::vector<std::string>& parts) {
+    std::string text;
+    for (const std::string& part : parts) text += (text.empty() ? "" : ", ") + part;
+    return text;
+}
+
+std::string rate(double framesPerSecond) {
+    std::ostringstream text;
+    text << framesPerSecond;
+    return text.str();
+}
+
+// In microseconds, the mean of all evaluations.
+std::string meanTime(std::chrono::nanoseconds sum, std::size_t evaluations) {
+    const double mean = static_cast<double>(sum.count()) / 1e3 /
+                        static_cast<double>(std::max<std::size_t>(evaluations, 1));
+    std::ostringstream text;
+    text.precision(1);
+    text << std::fixed << mean << " µs";
+    return text.str();
+}
+
+void printTable(std::ostream& out, const RunResult& result) {
+    Table table({"Graph type", "Attributes", "Leaves", "From host", "To host", "Mismatches"});
+    for (const TypeResult& type : result.types)
+        table.addRow(
+            {type.typeName, grouped(type.attributeCount), grouped(type.comparison.leavesCompared),
+             meanTime(type.fromHost, result.evaluated), meanTime(type.toHost, result.evaluated),
+             grouped(type.comparison.mismatches)});
+    table.print(out);
+}
+
+void printFirstMismatches(std::ostream& out, const RunResult& result) {
+    for (const TypeResult& type : result.types)
+        if (type.comparison.mismatches != 0)
+            out << "First mismatch of " << type.typeName << ": "
+                << oneLine(type.comparison.firstMismatch) << "\n";
+}
+
+// The same message often comes in every frame.
+void printHostMessages(std::ostream& out, const std::vector<std::string>& messages) {
+    std::map<std::string, std::size_t> counts;
+    std::size_t lines = 0;
+    for (const std::string& message : messages) ++counts[message];
+    for (const auto& [message, count] : counts) {
+        if (lines++ == kMostLines) {
+            out << "... and " << counted(counts.size() - kMostLines, "other message", "others")
+                << "\n";
+            break;
+        }
+        out << "The host displayed, " << counted(count, "time", "times") << ": " << oneLine(message)
+            << "\n";
+    }
+}
+
+void printVerdict(std::ostream& out, const RunResult& result) {
+    out << counted(result.evaluated, "evaluation", "evaluations") << ", "
+        << counted(result.leavesCompared(), "value", "values") << " compared: ";
+    if (result.ok())
+        out << "all came back as they went in.\n";
+    else
+        out << "FAILED, with " << counted(result.mismatches(), "mismatch", "mismatches") << " and "
+            << counted(result.hostMessages.size(), "message", "messages") << " of the host.\n";
+}
+
+}  // namespace
+
+void printIntroduction(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
+                       const std::vector<std::string>& portNames) {
+    out << "Library  " << oneLine(plugin.path) << "\n"
+        << "         \"" << oneLine(plugin.name) << "\", for "
+        << counted(plugin.typeNames.size(), "type", "types") << ":\n";
+    for (const std::string& name : plugin.typeNames) out << "           " << oneLine(name) << "\n";
+    out << "Rig      " << oneLine(rig.file) << "\n"
+        << "         " << counted(rig.joints, "joint", "joints") << " in "
+        << counted(rig.limbs, "limb", "limbs") << ", " << counted(rig.frames, "frame", "frames")
+        << " at " << rate(rig.framesPerSecond) << " per second\n"
+        << "Ports    " << portNames.size() << " added:\n"
+        << wrapped(joined(portNames), 11, 100) << "\n\n"
+        << std::flush;
+}
+
+void printFindings(std::ostream& out, const RunResult& result) {
+    printTable(out, result);
+    out << "\n";
+    printFirstMismatches(out, result);
+    printHostMessages(out, result.hostMessages);
+    printVerdict(out, result);
+}
+
+}  // namespace Tolvane::Tools

@@ -1,0 +1,78 @@
+#include "tools/rig/ImportScene.h"
+
+#include "tools/rig/CrashGuard.h"
+#include "tools/support/Error.h"
+
+#include <filesystem>
+#include <fstream>
+#include <new>
+#include <string_view>
+
+#include <assimp/DefaultIOSystem.h>
+#include <assimp/config.h>
+
+namespace Tolvane::Tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+void refuseUnreadable(const std::string& path) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    if (!fs::exists(status)) throw Error(path + ": there is no such file");
+    if (fs::is_directory(status)) throw Error(path + ": is a folder, not a file");
+    if (!fs::is_regular_file(status)) throw Error(path + ": is no ordinary file");
+    if (!std::ifstream(path)) throw Error(path + ": cannot be opened for reading");
+    if (fs::file_size(path, ignored) == 0) throw Error(path + ": is empty");
+}
+
+// Notes what is opened: a rig may refer to other files.
+class NotedFiles : public Assimp::DefaultIOSystem {
+public:
+    explicit NotedFiles(std::vector<std::string>& files) : m_files(files) {}
+
+    Assimp::IOStream* Open(const char* file, const char* mode) override {
+        Assimp::IOStream* stream = DefaultIOSystem::Open(file, mode);
+        if (stream) m_files.emplace_back(file);
+        return stream;
+    }
+
+private:
+    std::vector<std::string>& m_files;
+};
+
+// Assimp's own words, less the path that they may begin with.
+std::string causeOf(std::string_view message, std::string_view path) {
+    if (message.substr(0, 18) == "No suitable reader")
+        return "is no rig, or so damaged that its format cannot be told";
+    if (message.substr(0, path.size()) == path && message.size() > path.size() + 1) {
+        message.remove_prefix(path.size() + 1);
+        return "cannot be read: line " + std::string(message);
+    }
+    return "cannot be read: " +
+           std::string(message.empty() ? "the reader gives no cause" : message);
+}
+
+}  // namespace
+
+const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
+                           std::vector<std::string>& filesRead) {
+    refuseUnreadable(path);
+    importer.SetIOHandler(new NotedFiles(filesRead));  // which the importer then owns
+    // Otherwise a file of joints alone is given a mesh that it does not have, and the joints of
+    // some formats are split into several nodes each.
+    importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
+    importer.SetPropertyBool(AI_CONFIG_IMPORT_FBX_PRESERVE_PIVOTS, false);
+
+    const CrashGuard guard(
+        path + ": crashes its reader; it is damaged, or holds what the reader cannot take");
+    try {
+        const aiScene* scene = importer.ReadFile(path, 0);
+        if (scene && scene->mRootNode) return *scene;
+    } catch (const std::exception& exception) {
+        throw Error(path + ": cannot be read: " + exception.what());
+    }
+    throw Error(path + ": " + causeOf(importer.GetErrorString(), path));
+}
+
+}  // namespace Tolvane::Tools
