@@ -24,10 +24,10 @@ enum Member : std::size_t {
     kNested
 };
 
-// Two attributes of a struct with every kind of member, equal at first.
-class CompareData : public testing::Test {
+// Two attributes of a struct that has a member of each kind. Their data is equal at first.
+class TwoAttributes : public testing::Test {
 protected:
-    CompareData() {
+    TwoAttributes() {
         const auto type = [&](const char* name) { return node.types.getType(name); };
         const auto choice = node.types.defineEnum("Choice", {{"first", 0}, {"second", 1}});
         const auto inner = node.types.defineStruct("Inner", {{"value", type("double")}});
@@ -75,7 +75,11 @@ protected:
     DataShape actualShape;
 };
 
-TEST_F(CompareData, EqualDataHasNoMismatchAndEveryLeafIsCounted) {
+class CompareData : public TwoAttributes {};
+class SpoilData : public TwoAttributes {};
+class ShapeOfAttributes : public TwoAttributes {};
+
+TEST_F(CompareData, FindsNoMismatchInEqualDataAndCountsEveryLeaf) {
     const Comparison comparison = compare();
     EXPECT_EQ(comparison.mismatches, 0U);
     EXPECT_EQ(comparison.firstMismatch, "");
@@ -102,7 +106,7 @@ TEST_F(CompareData, TellsNegativeZeroFromZero) {
     expectOneMismatch("actual.number: differs");
 }
 
-TEST_F(CompareData, ANanEqualsItselfAlone) {
+TEST_F(CompareData, TakesANanAsEqualToItselfAlone) {
     expected().child(kNumber).handle.asDouble() = std::numeric_limits<double>::quiet_NaN();
     actual(kNumber).setDouble(std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ(compare().mismatches, 0U);
@@ -159,7 +163,7 @@ TEST_F(CompareData, FindsAttributesOfAnotherShape) {
     EXPECT_EQ(comparison.firstMismatch, "other: is another kind of attribute");
 }
 
-TEST_F(CompareData, MismatchesAddUpAndTheFirstIsKept) {
+TEST_F(CompareData, AddsUpMismatchesAndKeepsTheFirst) {
     actual(kText).setString("a");
     actual(kNumber).setDouble(1);
     Comparison comparison;
@@ -170,18 +174,28 @@ TEST_F(CompareData, MismatchesAddUpAndTheFirstIsKept) {
     EXPECT_EQ(comparison.firstMismatch, "actual.text: differs");
 }
 
-TEST_F(CompareData, SpoiltDataDiffersInEveryMatrixTextAndNumberAndKeepsItsElements) {
+TEST_F(SpoilData, MakesEveryLeafDifferAndKeepsElements) {
     spoilData(actual());
-    // The matrix, the text, the number, two names and the nested number.
-    EXPECT_EQ(compare().mismatches, 6U);
+    // The matrix, the text, the number, the flag, the count, the choice, two names, the nested
+    // number.
+    const Comparison comparison = compare();
+    EXPECT_EQ(comparison.leavesCompared, 9U);
+    EXPECT_EQ(comparison.mismatches, 9U);
     EXPECT_EQ(VArrayDataHandle(actual(kNames)).elementCount(), 2U);
 }
 
-TEST_F(CompareData, AttributesAreCountedWithAllBelowThem) {
+TEST_F(SpoilData, InvertsABoolEachTime) {
+    spoilData(actual());
+    EXPECT_TRUE(actual(kFlag).asBool());
+    spoilData(actual());
+    EXPECT_FALSE(actual(kFlag).asBool());
+}
+
+TEST_F(ShapeOfAttributes, CountsAnAttributeWithAllBelowIt) {
     EXPECT_EQ(attributeCount(expectedShape), 11U);
 }
 
-TEST_F(CompareData, AShapeFitsItsOwnTypeAlone) {
+TEST_F(ShapeOfAttributes, FitsItsOwnTypeAlone) {
     EXPECT_TRUE(fits(expectedShape, node.types.getType("All")));
     EXPECT_FALSE(fits(expectedShape, node.types.getType("array<All>")));
     EXPECT_FALSE(fits(expectedShape, node.types.getType("Inner")));
@@ -190,6 +204,14 @@ TEST_F(CompareData, AShapeFitsItsOwnTypeAlone) {
     EXPECT_FALSE(fits(incomplete, node.types.getType("All")));
     std::swap(incomplete.children[kText], incomplete.children[kNumber]);
     EXPECT_FALSE(fits(incomplete, node.types.getType("All")));
+}
+
+TEST_F(ShapeOfAttributes, FitsNoTypeWithALeafOfUnknownKind) {
+    for (std::size_t i = 0; i < expectedShape.children.size(); ++i) {
+        DataShape shape = expectedShape;
+        shape.children[i].kind = DataShape::Kind::Unknown;
+        EXPECT_FALSE(fits(shape, node.types.getType("All"))) << shape.children[i].name;
+    }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// How much of a rig takes part in an evaluation. Under churn that changes each time, so that host
-// arrays fill, empty, grow and shrink.
+// How much of a rig takes part in an evaluation. Under churn this changes from one evaluation to
+// the next, so that host arrays fill, empty, grow and shrink.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@ namespace Tolvane::Tools {
 
 enum class Share { All, None, Half, OneMoreThanHalf };
 
-// Churn goes through all shares, in their order, at least once.
+// Under churn the shares follow each other in their order, again and again.
 constexpr std::size_t kShareCount = 4;
 
 constexpr Share churnShare(std::size_t evaluation) {

@@ -9,7 +9,8 @@
 namespace Tolvane::Tools {
 namespace {
 
-// The way from the top attribute to what is being compared. Text is made of it for a mismatch only.
+// The way from the top attribute to what is being compared. It becomes text only for a mismatch,
+// for most comparisons find none.
 struct Path {
     const Path* above;
     const std::string& name;
@@ -43,9 +44,10 @@ bool sameLeaf(DataShape::Kind kind, const VDataHandle& a, const VDataHandle& b) 
             return a.asShort() == b.asShort();
         case DataShape::Kind::Compound:
         case DataShape::Kind::Empty:
+        case DataShape::Kind::Unknown:
             break;
     }
-    return true;
+    return false;
 }
 
 class Comparer {
@@ -85,7 +87,7 @@ private:
         }
     }
 
-    // A value that is no whole array.
+    // Compares a single attribute or one element of an array.
     void compareOne(const DataPlace& expected, const DataPlace& actual, const Path& path) {
         const DataShape& shape = expected.shape;
         if (shape.kind == DataShape::Kind::Empty) return;

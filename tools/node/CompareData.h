@@ -1,5 +1,5 @@
-// Compares the data of two attributes leaf by leaf and bit by bit, and the arrays among them by
-// their element counts and logical indices too. A NaN equals itself; 0.0 does not equal -0.0.
+// Compares the data of two attributes leaf by leaf and bit by bit; of arrays, also the number of
+// elements and their logical indices. A NaN equals one of the same bits; 0.0 does not equal -0.0.
 #pragma once
 
 #include "tools/node/DataShape.h"

@@ -24,7 +24,17 @@ Kind kindOfNumber(const VObject& attribute) {
         case VFnNumericData::kInvalid:
             break;
     }
-    return Kind::Empty;
+    return Kind::Unknown;
+}
+
+Kind kindOfTyped(const VObject& attribute) {
+    switch (VFnTypedAttribute(attribute).attrType()) {
+        case VFnData::kString:
+            return Kind::String;
+        case VFnData::kInvalid:
+            break;
+    }
+    return Kind::Unknown;
 }
 
 Kind kindOf(const VObject& attribute) {
@@ -36,14 +46,13 @@ Kind kindOf(const VObject& attribute) {
         case VFnAttribute::kNumeric:
             return kindOfNumber(attribute);
         case VFnAttribute::kTyped:
-            return VFnTypedAttribute(attribute).attrType() == VFnData::kString ? Kind::String
-                                                                               : Kind::Empty;
+            return kindOfTyped(attribute);
         case VFnAttribute::kEnum:
             return Kind::Enum;
         case VFnAttribute::kGeneric:
-            break;
+            return Kind::Empty;
     }
-    return Kind::Empty;
+    return Kind::Unknown;
 }
 
 bool fitsStruct(const DataShape& shape, const Pelmor::StructType& type) {

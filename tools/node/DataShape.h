@@ -1,5 +1,5 @@
-// The tree of attributes that a plug stands for, asked of the host once, so that data can be walked
-// again and again without asking.
+// The tree of attributes that a plug stands for. It is read from the host once, so that data can be
+// walked many times without asking for attributes again.
 #pragma once
 
 #include <OpenVornik/VDataHandle.h>
@@ -13,9 +13,12 @@
 namespace Tolvane::Tools {
 
 struct DataShape {
-    enum class Kind { Compound, Matrix, String, Double, Bool, Int, Enum, Empty };
+    // Empty is an attribute without data in the host, as objects of the graph have. Unknown is one
+    // whose data this program cannot read; it fits no type.
+    enum class Kind { Compound, Matrix, String, Double, Bool, Int, Enum, Empty, Unknown };
 
-    // Below an array it leads through element 0; it finds the child in the data of any element.
+    // Below an array this plug leads through element 0. It serves for every element, because a
+    // child's data is found by its attribute alone.
     VPlug plug;
     std::string name;
     Kind kind;
@@ -25,13 +28,14 @@ struct DataShape {
 
 DataShape shapeOf(VPlug plug);
 
-// The attribute itself and all below it.
+// The number of attributes: this one and all below it.
 std::size_t attributeCount(const DataShape& shape);
 
-// Whether data of `type` fits: arrays for arrays, a child for each member, the right leaves.
+// Whether the attributes can hold a value of `type`: an array for an array, a child for each member
+// and a leaf of the right kind for each value.
 bool fits(const DataShape& shape, const Pelmor::Type& type);
 
-// Data, and what it looks like.
+// Data, together with its shape.
 struct DataPlace {
     const DataShape& shape;
     VDataHandle handle;

@@ -102,7 +102,7 @@ void fillInputsControls(const DataPlace& record, const JointList& joints) {
     fillNamedTransforms(record.child(3), reversed(joints));
 }
 
-// The two objects at the end of this record and the next have no data in the host.
+// The two objects at the end of this record and of the next have no data in the host.
 void fillInputs(const DataPlace& record, const JointList& joints) {
     fillPins(record.child(0), joints);
     fillInputsJoints(record.child(1), fromTheSecondOn(joints));
@@ -129,15 +129,19 @@ void fillFromFirst(const DataPlace& record, const JointGroup& group) {
 
 }  // namespace
 
-const std::array<RecordType, 7> kRecordTypes{{
-    {"Core::Transform::Transform", "Transform", fillFromFirst},
-    {"Rigging::Module::NamedTransforms", "NamedTransforms", fillFromJoints<fillNamedTransforms>},
-    {"Rigging::Module::Pins", "Pins", fillFromJoints<fillPins>},
-    {"Rigging::Module::InputsJoints", "InputsJoints", fillFromJoints<fillInputsJoints>},
-    {"Rigging::Module::InputsControls", "InputsControls", fillFromJoints<fillInputsControls>},
-    {"Rigging::Module::Inputs", "Inputs", fillFromJoints<fillInputs>},
-    {"Rigging::Module::Outputs", "Outputs", fillOutputs},
-}};
+const std::vector<RecordType>& recordTypes() {
+    static const std::vector<RecordType> s_types{
+        {"Core::Transform::Transform", "Transform", fillFromFirst},
+        {"Rigging::Module::NamedTransforms", "NamedTransforms",
+         fillFromJoints<fillNamedTransforms>},
+        {"Rigging::Module::Pins", "Pins", fillFromJoints<fillPins>},
+        {"Rigging::Module::InputsJoints", "InputsJoints", fillFromJoints<fillInputsJoints>},
+        {"Rigging::Module::InputsControls", "InputsControls", fillFromJoints<fillInputsControls>},
+        {"Rigging::Module::Inputs", "Inputs", fillFromJoints<fillInputs>},
+        {"Rigging::Module::Outputs", "Outputs", fillOutputs},
+    };
+    return s_types;
+}
 
 void fillRecordArray(const RecordType& type, const DataPlace& array,
                      const std::vector<JointGroup>& limbs) {

@@ -1,5 +1,5 @@
-// What goes into a node's inputs for one evaluation: the whole rig for a port of a record, one limb
-// for each element of a port of an array of records.
+// What goes into a node's inputs for one evaluation: into a port of a record the whole rig, into a
+// port of an array of records one limb per element.
 #pragma once
 
 #include "tools/node/Churn.h"
@@ -17,7 +17,7 @@ using JointList = std::vector<const PosedJoint*>;
 // Joints that go into one record.
 struct JointGroup {
     VString name;
-    // Stands for the group as a single transform, and is there even if `joints` is empty.
+    // The joint that a single transform is made of. Never null, even if `joints` is empty.
     const PosedJoint* first;
     JointList joints;
 };
@@ -27,7 +27,8 @@ struct FrameData {
     std::vector<JointGroup> limbs;
 };
 
-// `name` is the rig's. A limb's is that of its first joint. The result is good while `joints` is.
+// `name` is the name of the rig; a limb is named after its first joint. There is at least one
+// joint, and the result points into `joints`.
 FrameData frameData(const VString& name, const std::vector<PosedJoint>& joints,
                     const std::vector<Limb>& limbs, Share share);
 

@@ -12,16 +12,16 @@ RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
     : m_node(translation, "roundTrip",
              [this](const auto& inputs, const auto& outputs) { handOver(inputs, outputs); }),
       m_data(VFnDependencyNode(m_node.hostNode()).dataBlock()) {
-    for (const RecordType& record : kRecordTypes)
+    for (const RecordType& record : recordTypes())
         addPorts(record, library.getType(record.typeName));
-    for (const RecordType& record : kRecordTypes)
+    for (const RecordType& record : recordTypes())
         addPorts(record, Pelmor::Library::arrayOf(library.getType(record.typeName)));
 }
 
 void RoundTrip::carry(const FrameData& data) {
     for (const PortPair& pair : m_pairs) {
         fillInput(pair, data);
-        // Whatever is not written in this evaluation shall not pass for what is.
+        // Otherwise a value left by an earlier evaluation could pass for one that was written now.
         spoilData(place(pair.output));
     }
     m_evaluated = false;
@@ -48,7 +48,7 @@ std::optional<RoundTrip::Port> RoundTrip::addPort(const std::string& name, Direc
         result.comparison.addMismatch(name + ": could not be added");
         return std::nullopt;
     }
-    // An output port is added right after the input port that it belongs to.
+    // An output port takes the value of the input port that was added right before it.
     if (direction == Direction::Input)
         ++m_inputCount;
     else
@@ -90,7 +90,7 @@ void RoundTrip::judge(const PortPair& pair) {
         compareData(place(pair.input), place(pair.output), result.comparison);
 }
 
-// What stands in the node, without evaluating anything for it.
+// The data that the node holds, read as an output value so that nothing is evaluated for it.
 DataPlace RoundTrip::place(const Port& port) {
     return {port.shape, m_data.outputValue(port.shape.plug)};
 }

@@ -1,6 +1,6 @@
-// A host node with an input and an output port of each of the fourteen graph types. The graph in it
-// hands each input's value to the output of the same type, so that after an evaluation each output
-// attribute must hold what its input attribute holds.
+// A host node with an input and an output port of each record type and of an array of each. The
+// graph in it hands each input's value to the output of the same type, so that after an evaluation
+// each output attribute must hold what its input attribute holds.
 #pragma once
 
 #include "tools/node/CompareData.h"
@@ -19,11 +19,12 @@
 
 namespace Tolvane::Tools {
 
-// What came of one graph type.
+// How one graph type fared.
 struct TypeResult {
     std::string typeName;
     std::size_t attributeCount = 0;
-    // Of all evaluations. A port that is missing or was not translated is a mismatch too.
+    // Summed over all evaluations, like the times. A port that is missing or was not translated is
+    // a mismatch too.
     Comparison comparison = {};
     std::chrono::nanoseconds fromHost{};
     std::chrono::nanoseconds toHost{};
@@ -31,18 +32,18 @@ struct TypeResult {
 
 class RoundTrip {
 public:
-    // `translation` outlives the round trip. A port that it gives no fitting attribute for is left
-    // out, and is a mismatch of its type.
+    // `translation` must outlive the round trip. A port for which it makes no fitting attribute is
+    // left out, which is a mismatch of its type.
     RoundTrip(TavrikGraph::Executor::TypeTranslation& translation, const Pelmor::Library& library);
 
-    // Evaluates the node with `data` in its inputs, and compares.
+    // Evaluates the node with `data` in its inputs, and compares its outputs with them.
     void carry(const FrameData& data);
 
     const std::vector<TypeResult>& results() const noexcept { return m_results; }
     std::vector<std::string> portNames() const;
 
-    // The world matrices that the last evaluation left in the output of the record of named
-    // transforms.
+    // The world matrices in the output port of a single NamedTransforms record, as the last
+    // evaluation left them. None if there is no such port.
     std::vector<VMatrix> worldMatricesThatCameOut();
 
 private:
@@ -55,7 +56,7 @@ private:
     struct PortPair {
         const RecordType& record;
         bool isArray;
-        // In m_results.
+        // The place of its type in m_results.
         std::size_t result;
         Port input;
         Port output;
@@ -71,7 +72,7 @@ private:
     DataPlace place(const Port& port);
 
     std::size_t m_inputCount = 0;
-    // For each output port, which input port it takes its value from.
+    // For each output port, the index of the input port whose value it takes.
     std::vector<std::size_t> m_sources;
     bool m_evaluated = false;
     TavrikGraph::Executor::GraphNode m_node;

@@ -22,7 +22,7 @@ std::set<std::size_t> evaluationsToDraw(std::size_t evaluations, bool churn) {
     return chosen;
 }
 
-// A type of which nothing was ever compared has not been shown to work, for every rig has joints.
+// Every rig has joints, so a type of which nothing was compared has not been shown to work.
 void refuseEmptyComparisons(std::vector<TypeResult>& types) {
     for (TypeResult& type : types)
         if (type.comparison.leavesCompared == 0 && type.comparison.mismatches == 0)

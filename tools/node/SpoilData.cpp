@@ -9,6 +9,8 @@ namespace Tolvane::Tools {
 namespace {
 
 constexpr double kSpoiltNumber = -8.7654321e300;
+constexpr int kSpoiltInteger = -876'543'219;
+constexpr short kSpoiltChoice = -8765;
 constexpr const char* kSpoiltText = "\x01 spoilt";
 
 const VMatrix kSpoiltMatrix = [] {
@@ -33,10 +35,18 @@ void spoilOne(const DataPlace& place) {
             handle.setDouble(kSpoiltNumber);
             break;
         case DataShape::Kind::Bool:
+            // Either value may be right, so it is inverted: a bool that is never written then
+            // changes each time, and is soon wrong.
+            handle.setBool(!handle.asBool());
+            break;
         case DataShape::Kind::Int:
+            handle.setInt(kSpoiltInteger);
+            break;
         case DataShape::Kind::Enum:
+            handle.setShort(kSpoiltChoice);
+            break;
         case DataShape::Kind::Empty:
-            // No record of a rig has any of these.
+        case DataShape::Kind::Unknown:
             break;
     }
 }
