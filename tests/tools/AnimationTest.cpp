@@ -12,26 +12,26 @@ Channel channelWithPositions(std::vector<aiVectorKey> positions) {
     return {std::move(positions), {{0, {}}}, {{0, {1, 1, 1}}}};
 }
 
-TEST(Animation, PositionsAreInterpolatedLinearly) {
+TEST(Channel, InterpolatesPositionsLinearly) {
     const Channel channel = channelWithPositions({{0, {0, 0, 0}}, {2, {8, 0, -4}}});
     const VMatrix quarter = channel.sample(0.5);
     EXPECT_DOUBLE_EQ(quarter[3][0], 2);
     EXPECT_DOUBLE_EQ(quarter[3][2], -1);
 }
 
-TEST(Animation, AKeysOwnValueComesOutAtItsTime) {
+TEST(Channel, HasTheExactValueOfAKeyAtItsTime) {
     const Channel channel =
         channelWithPositions({{0, {0, 0, 0}}, {1, {0.1F, 0, 0}}, {2, {9, 0, 0}}});
     EXPECT_EQ(channel.sample(1)[3][0], static_cast<double>(0.1F));
 }
 
-TEST(Animation, OutsideTheKeysTheNearestOneHolds) {
+TEST(Channel, HoldsTheNearestKeyBeforeTheFirstAndAfterTheLast) {
     const Channel channel = channelWithPositions({{1, {3, 0, 0}}, {2, {5, 0, 0}}});
     EXPECT_EQ(channel.sample(-7)[3][0], 3);
     EXPECT_EQ(channel.sample(100)[3][0], 5);
 }
 
-TEST(Animation, RotationsTurnEvenlyBetweenKeys) {
+TEST(Channel, TurnsEvenlyBetweenTwoRotations) {
     const float half = std::sqrt(0.5F);
     const Channel channel{
         {{0, {}}}, {{0, {1, 0, 0, 0}}, {2, {half, 0, 0, half}}}, {{0, {1, 1, 1}}}};
@@ -41,7 +41,7 @@ TEST(Animation, RotationsTurnEvenlyBetweenKeys) {
     EXPECT_NEAR(middle[1][0], -std::sin(M_PI / 4), 1e-6);
 }
 
-TEST(Animation, ScalingComesBeforeRotationAndRotationBeforePosition) {
+TEST(Channel, ScalesThenRotatesThenMoves) {
     const float half = std::sqrt(0.5F);
     const Channel channel{{{0, {5, 6, 7}}}, {{0, {half, 0, 0, half}}}, {{0, {2, 3, 4}}}};
     const VMatrix matrix = channel.sample(0);
@@ -53,7 +53,7 @@ TEST(Animation, ScalingComesBeforeRotationAndRotationBeforePosition) {
     EXPECT_DOUBLE_EQ(matrix[3][2], 7);
 }
 
-TEST(Animation, TheLastTickIsThatOfTheLongestListOfKeys) {
+TEST(Channel, EndsWithTheLastOfAllItsKeys) {
     const Channel channel{{{0, {}}, {3, {}}}, {{0, {}}, {8, {}}}, {{0, {1, 1, 1}}}};
     EXPECT_EQ(channel.lastTick(), 8);
 }

@@ -1,240 +1,49 @@
-// `tolvane run` from outside, with the built plugin.
-
-#include "tests/tools/SampleRigs.h"
+// `tolvane` from outside, as far as it is the same for every command.
 #include "tests/tools/TolvaneProcess.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 namespace {
 
-using testing::AllOf;
-using testing::Each;
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::SizeIs;
-using Json = nlohmann::ordered_json;
 
-std::vector<std::string> keysOf(const Json& object) {
-    std::vector<std::string> keys;
-    for (const auto& item : object.items()) keys.push_back(item.key());
-    return keys;
-}
-
-class CommandLine : public testing::Test {
-protected:
-    std::string rig() const { return folder.write("rig.bvh", sampleBvh()); }
-
-    static Json jsonOf(std::vector<std::string> arguments, int status = 0,
-                       const std::string& fault = "") {
-        arguments.insert(arguments.begin(), "run");
-        arguments.push_back("--json");
-        const TolvaneProcess process = runTolvane(arguments, "TOLVANE_TEST_FAULT=" + fault);
-        EXPECT_EQ(process.status, status);
-        EXPECT_EQ(process.errors, "");
-        return Json::parse(process.output);
-    }
-
-    static Json result(const Json& report, const std::string& typeName) {
-        for (const Json& type : report["types"])
-            if (type["name"] == typeName) return type;
-        return {};
-    }
-
-    TemporaryFolder folder;
-};
-
-TEST_F(CommandLine, HelpAndVersionSucceed) {
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"--help"}, {"run", "--help"}, {"--version"}}) {
-        const TolvaneProcess process = runTolvane(arguments);
-        EXPECT_EQ(process.status, 0);
-        EXPECT_EQ(process.errors, "");
-        EXPECT_THAT(process.output, HasSubstr("tolvane"));
-    }
-    EXPECT_EQ(runTolvane({"--version"}).output, "tolvane 2.11.0.0\n");
-    EXPECT_THAT(runTolvane({"run", "--help"}).output,
-                AllOf(HasSubstr("--frames"), HasSubstr("--fps"), HasSubstr("--animation"),
-                      HasSubstr("--churn"), HasSubstr("--svg"), HasSubstr("--json"),
-                      HasSubstr("--plugin")));
-}
-
-TEST_F(CommandLine, RunsTheBundledExampleWithoutAFile) {
-    const TolvaneProcess process = runTolvane({"run"});
+TEST(TolvaneCommandLine, PrintsItsHelp) {
+    const TolvaneProcess process = runTolvane({"--help"});
     EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.errors, "");
-    EXPECT_THAT(process.output, HasSubstr("walk.bvh"));
-    EXPECT_THAT(process.output, HasSubstr("31 joints in 13 limbs, 60 frames at 30 per second"));
-    EXPECT_THAT(process.output, HasSubstr("60 evaluations"));
-    EXPECT_THAT(process.output, HasSubstr("all came back as they went in."));
+    EXPECT_THAT(process.output, HasSubstr("tolvane"));
+    EXPECT_THAT(process.output, HasSubstr("\n  run "));
 }
 
-TEST_F(CommandLine, JsonHasTheseKeysAndNoOthers) {
-    const Json report = jsonOf({rig()});
-    EXPECT_THAT(keysOf(report), ElementsAre("plugin", "rig", "types", "hostMessages", "evaluated",
-                                            "mismatches", "ok"));
-    EXPECT_THAT(keysOf(report["plugin"]), ElementsAre("path", "name", "types"));
-    EXPECT_THAT(keysOf(report["rig"]), ElementsAre("file", "joints", "limbs", "frames", "fps"));
-    ASSERT_THAT(report["types"], SizeIs(14));
-    for (const Json& type : report["types"])
-        EXPECT_THAT(keysOf(type), ElementsAre("name", "attributes", "leavesCompared", "mismatches",
-                                              "nsFromHost", "nsToHost"));
-}
-
-TEST_F(CommandLine, JsonTellsWhatWasLoadedAndFound) {
-    const Json report = jsonOf({rig(), "--frames", "1:2"});
-    EXPECT_EQ(report["plugin"]["name"], "Rigging Translation Table");
-    EXPECT_THAT(report["plugin"]["types"], SizeIs(14));
-    EXPECT_EQ(report["rig"]["file"], rig());
-    EXPECT_EQ(report["rig"]["joints"], 5);
-    EXPECT_EQ(report["rig"]["limbs"], 4);
-    EXPECT_EQ(report["rig"]["frames"], 4);
-    EXPECT_EQ(report["rig"]["fps"], 10);
-    EXPECT_EQ(report["hostMessages"], Json::array());
-    EXPECT_EQ(report["evaluated"], 2);
-    EXPECT_EQ(report["mismatches"], 0);
-    EXPECT_EQ(report["ok"], true);
-}
-
-// Five joints in four limbs, in one evaluation; the counts of attributes and leaves are those of
-// the records' definitions.
-TEST_F(CommandLine, EveryLeafOfEveryTypeIsCompared) {
-    const Json report = jsonOf({rig(), "--frames", "0:0"});
-    const auto expect = [&](const std::string& name, int attributes, int leaves, int arrayLeaves) {
-        EXPECT_EQ(result(report, name)["attributes"], attributes) << name;
-        EXPECT_EQ(result(report, name)["leavesCompared"], leaves) << name;
-        EXPECT_EQ(result(report, "array<" + name + ">")["leavesCompared"], arrayLeaves) << name;
-        EXPECT_GT(result(report, name)["nsFromHost"], 0) << name;
-        EXPECT_GT(result(report, name)["nsToHost"], 0) << name;
-    };
-    const int named = 5 * (1 + 8);
-    const int pins = 5 * 2;
-    const int joints = pins + named;
-    const int controls = joints + 5;
-    expect("Core::Transform::Transform", 1 + 8, 8, 4 * 8);
-    expect("Rigging::Module::NamedTransforms", 1 + 1 + 9, named, named);
-    expect("Rigging::Module::Pins", 1 + 2, pins, pins);
-    expect("Rigging::Module::InputsJoints", 1 + 2 + 11, joints, joints);
-    expect("Rigging::Module::InputsControls", 1 + 3 + 11, controls, controls);
-    expect("Rigging::Module::Inputs", 1 + 3 + 14 + 2 * 15 + 2, pins + joints + controls,
-           pins + joints + controls);
-    expect("Rigging::Module::Outputs", 1 + 1 + 3 + 3 * 11 + 2, 1 + pins + 2 * named,
-           4 + pins + 2 * named);
-}
-
-TEST_F(CommandLine, ChurnGoesThroughItsStatesHoweverFewFramesThereAre) {
-    const std::string still = folder.write("still.bvh", stillBvh());
-    EXPECT_EQ(jsonOf({still})["evaluated"], 1);
-    const Json report = jsonOf({still, "--churn"});
-    EXPECT_EQ(report["evaluated"], 4);
-    EXPECT_EQ(report["ok"], true);
-    // Five, no, two and three joints.
-    EXPECT_EQ(result(report, "Rigging::Module::Pins")["leavesCompared"], 2 * (5 + 0 + 2 + 3));
-}
-
-TEST_F(CommandLine, FpsSetsTheRate) {
-    const Json report = jsonOf({rig(), "--fps", "20"});
-    EXPECT_EQ(report["rig"]["fps"], 20);
-    EXPECT_EQ(report["rig"]["frames"], 7);
-    EXPECT_EQ(report["evaluated"], 7);
-}
-
-TEST_F(CommandLine, ReadsGltf) {
-    const Json report = jsonOf({folder.write("rig.gltf", sampleGltf())});
-    EXPECT_EQ(report["rig"]["joints"], 2);
-    EXPECT_EQ(report["evaluated"], 31);
-    EXPECT_EQ(report["ok"], true);
-}
-
-TEST_F(CommandLine, TheTableHasARowForEachType) {
-    const std::string output = runTolvane({"run", rig()}).output;
-    std::istringstream lines(output.substr(output.find("Graph type")));
-    std::string head, rule, row;
-    std::getline(lines, head);
-    EXPECT_THAT(head, AllOf(HasSubstr("Attributes"), HasSubstr("Leaves"), HasSubstr("From host"),
-                            HasSubstr("To host"), HasSubstr("Mismatches")));
-    std::getline(lines, rule);
-    int rows = 0;
-    while (std::getline(lines, row) && !row.empty()) {
-        EXPECT_THAT(row, AllOf(HasSubstr("::"), HasSubstr(" µs "), testing::EndsWith(" 0")));
-        ++rows;
-    }
-    EXPECT_EQ(rows, 14);
-}
-
-TEST_F(CommandLine, NoProgressIsShownWhereThereIsNoTerminal) {
-    const TolvaneProcess process = runTolvane({"run", rig()});
+TEST(TolvaneCommandLine, PrintsItsVersion) {
+    const TolvaneProcess process = runTolvane({"--version"});
+    EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.errors, "");
-    EXPECT_EQ(process.output.find('\r'), std::string::npos);
+    EXPECT_EQ(process.output, "tolvane 2.11.0.0\n");
 }
 
-TEST_F(CommandLine, SvgIsWrittenBesideTheReport) {
-    const std::string picture = folder.path("out.svg");
-    const std::string file = rig();
-    EXPECT_EQ(jsonOf({file, "--svg", picture})["ok"], true);
-    EXPECT_THAT(readFile(picture), testing::StartsWith("<svg "));
-    EXPECT_EQ(folder.fileCount(), 2U);
+TEST(TolvaneCommandLine, RefusesAMissingCommand) {
+    const TolvaneProcess process = runTolvane({});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_EQ(process.output, "");
+    EXPECT_EQ(process.errors,
+              "tolvane: a command is missing; \"tolvane run\" runs the bundled example\n");
 }
 
-TEST_F(CommandLine, AFullDiskUnderTheReportIsAFailure) {
-    const std::string command =
-        quoted(TOLVANE) + " run " + quoted(rig()) + " >/dev/full 2>" + quoted(folder.path("err"));
-    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
-    EXPECT_EQ(readFile(folder.path("err")), "tolvane: standard output: cannot be written to\n");
+TEST(TolvaneCommandLine, RefusesAnUnknownCommandAndNamesTheHelp) {
+    const TolvaneProcess process = runTolvane({"walk"});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_EQ(process.output, "");
+    EXPECT_THAT(process.errors, HasSubstr("not expected: walk"));
+    EXPECT_THAT(process.errors, HasSubstr("(try \"tolvane --help\")\n"));
 }
 
-// ---- Libraries that translate, but wrongly ----
-
-class FaultyLibrary : public CommandLine, public testing::WithParamInterface<const char*> {};
-
-TEST_P(FaultyLibrary, IsFoundOutAndReported) {
-    const std::vector<std::string> arguments{rig(), "--plugin", FAULTY_LIBRARY};
-    const Json report = jsonOf(arguments, 1, GetParam());
-    EXPECT_EQ(report["ok"], false);
-    EXPECT_GT(report["mismatches"], 0);
-    EXPECT_GT(result(report, "Rigging::Module::Pins")["mismatches"], 0);
-    EXPECT_EQ(result(report, "Rigging::Module::Inputs")["mismatches"], 0);
-
-    const TolvaneProcess process = runTolvane({"run", rig(), "--plugin", FAULTY_LIBRARY},
-                                              std::string("TOLVANE_TEST_FAULT=") + GetParam());
-    EXPECT_EQ(process.status, 1);
-    EXPECT_THAT(process.output, HasSubstr("FAILED"));
-    EXPECT_THAT(process.output, HasSubstr("First mismatch of Rigging::Module::Pins: "));
-}
-
-INSTANTIATE_TEST_SUITE_P(EachFault, FaultyLibrary,
-                         testing::Values("writes a wrong name", "writes nothing",
-                                         "writes only once", "refuses to write", "reads nothing",
-                                         "adds no port"));
-
-TEST_F(CommandLine, DataThatAnEarlierFrameLeftBehindDoesNotPassEvenWhereItIsEqual) {
-    const std::string waiting = folder.write("rig.bvh", waitingBvh());
-    const Json report = jsonOf({waiting, "--plugin", FAULTY_LIBRARY}, 1, "writes only once");
-    // Of the second frame, every name and matrix of five pins.
-    EXPECT_EQ(report["evaluated"], 2);
-    EXPECT_EQ(report["mismatches"], 5 * 2);
-}
-
-TEST_F(CommandLine, AFaultlessLibraryOfAnotherNameIsTaken) {
-    const Json report = jsonOf({rig(), "--plugin", FAULTY_LIBRARY});
-    EXPECT_EQ(report["plugin"]["name"], "Faulty");
-    EXPECT_EQ(report["plugin"]["path"], FAULTY_LIBRARY);
-    EXPECT_EQ(report["ok"], true);
-}
-
-TEST_F(CommandLine, MessagesOfTheHostAreReportedAndAFailure) {
-    const std::string fault = "shows a message";
-    const Json report = jsonOf({rig(), "--plugin", FAULTY_LIBRARY}, 1, fault);
-    EXPECT_EQ(report["mismatches"], 0);
-    EXPECT_EQ(report["ok"], false);
-    EXPECT_THAT(report["hostMessages"], SizeIs(4));
-    EXPECT_THAT(report["hostMessages"], Each(Json("Something is\nwrong")));
-
-    const TolvaneProcess process =
-        runTolvane({"run", rig(), "--plugin", FAULTY_LIBRARY}, "TOLVANE_TEST_FAULT=" + fault);
-    EXPECT_EQ(process.status, 1);
-    EXPECT_THAT(process.output, HasSubstr("The host displayed, 4 times: Something is wrong\n"));
+TEST(TolvaneCommandLine, NamesTheHelpOfTheCommandWhoseOptionIsUnknown) {
+    const TolvaneProcess process = runTolvane({"run", "--fast"});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_THAT(process.errors, HasSubstr("not expected: --fast"));
+    EXPECT_THAT(process.errors, HasSubstr("(try \"tolvane run --help\")\n"));
 }
 
 }  // namespace

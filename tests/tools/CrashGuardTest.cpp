@@ -10,7 +10,7 @@ namespace {
 
 using Tolvane::Tools::CrashGuard;
 
-TEST(CrashGuardDeathTest, ACrashBecomesOneLineAndStatus2) {
+TEST(CrashGuardDeathTest, TurnsACrashIntoOneLineAndStatus2) {
     EXPECT_EXIT(
         {
             const CrashGuard guard("rig.bvh: is\nso damaged");
@@ -19,7 +19,7 @@ TEST(CrashGuardDeathTest, ACrashBecomesOneLineAndStatus2) {
         testing::ExitedWithCode(2), "^tolvane: rig.bvh: is so damaged\n$");
 }
 
-TEST(CrashGuardDeathTest, AnAbortBecomesThatToo) {
+TEST(CrashGuardDeathTest, TurnsAnAbortIntoOneLineAndStatus2) {
     EXPECT_EXIT(
         {
             const CrashGuard guard("rig.bvh: is so damaged");
@@ -28,7 +28,7 @@ TEST(CrashGuardDeathTest, AnAbortBecomesThatToo) {
         testing::ExitedWithCode(2), "^tolvane: rig.bvh: is so damaged\n$");
 }
 
-TEST(CrashGuardDeathTest, WhatIsSaidBeforeTheCrashIsLeftOut) {
+TEST(CrashGuardDeathTest, SilencesWhatIsPrintedBeforeTheCrash) {
     EXPECT_EXIT(
         {
             const CrashGuard guard("rig.bvh: is so damaged");
@@ -38,7 +38,7 @@ TEST(CrashGuardDeathTest, WhatIsSaidBeforeTheCrashIsLeftOut) {
         testing::ExitedWithCode(2), "^tolvane: rig.bvh: is so damaged\n$");
 }
 
-TEST(CrashGuardDeathTest, AfterTheGuardStandardErrorIsHeardAgain) {
+TEST(CrashGuardDeathTest, RestoresStandardErrorAtItsEnd) {
     EXPECT_EXIT(
         {
             { const CrashGuard guard("rig.bvh: is so damaged"); }
@@ -48,7 +48,7 @@ TEST(CrashGuardDeathTest, AfterTheGuardStandardErrorIsHeardAgain) {
         testing::ExitedWithCode(0), "^heard$");
 }
 
-TEST(CrashGuardDeathTest, AfterTheGuardACrashIsACrash) {
+TEST(CrashGuardDeathTest, RestoresCrashesAtItsEnd) {
     EXPECT_EXIT(
         {
             { const CrashGuard guard("rig.bvh: is so damaged"); }

@@ -23,7 +23,8 @@ void truncate(std::string& content, std::uint32_t seed) {
     content.resize(Chance(seed).below(content.size()));
 }
 
-// Half of the flips hit the head of the file, where formats say what they are and how much follows.
+// Half of the flips hit the head of the file, where most formats have their signature and their
+// sizes.
 void flipBits(std::string& content, std::uint32_t seed) {
     Chance chance(seed);
     const std::size_t mostFlips = std::size_t{1} << chance.below(7);

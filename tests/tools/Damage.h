@@ -1,4 +1,4 @@
-// Ways in which a file comes to harm, each decided by a seed alone.
+// Ways to damage a file. The same seed always does the same damage.
 #pragma once
 
 #include <cstdint>

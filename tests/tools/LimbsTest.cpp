@@ -19,26 +19,26 @@ Rig rigOf(const std::vector<int>& parents) {
     return rig;
 }
 
-TEST(Limbs, AChainIsOneLimb) {
+TEST(SplitIntoLimbs, MakesOneLimbOfAChain) {
     EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, 1, 2})), (std::vector<Limb>{{0, 1, 2, 3}}));
 }
 
-TEST(Limbs, ASingleJointIsALimb) {
+TEST(SplitIntoLimbs, MakesALimbOfASingleJoint) {
     EXPECT_EQ(splitIntoLimbs(rigOf({kRoot})), (std::vector<Limb>{{0}}));
 }
 
-TEST(Limbs, ABranchingEndsItsLimbAndBeginsOneForEachChild) {
+TEST(SplitIntoLimbs, EndsALimbAtABranchingAndBeginsOneForEachChild) {
     // 0 - 1 - 2 - 3
     //      \- 4 - 5
     EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, 1, 2, 1, 4})),
               (std::vector<Limb>{{0, 1}, {2, 3}, {4, 5}}));
 }
 
-TEST(Limbs, EachRootBeginsALimb) {
+TEST(SplitIntoLimbs, BeginsALimbAtEachRoot) {
     EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, kRoot, 2})), (std::vector<Limb>{{0, 1}, {2, 3}}));
 }
 
-TEST(Limbs, AChainMayBeInterruptedByOthersInTheOrderOfJoints) {
+TEST(SplitIntoLimbs, KeepsAChainTogetherWhoseJointsAreNotNeighboursInTheRig) {
     EXPECT_EQ(splitIntoLimbs(rigOf({kRoot, 0, 0, 1, 2})), (std::vector<Limb>{{0}, {1, 3}, {2, 4}}));
 }
 

@@ -11,6 +11,7 @@ namespace {
 
 using namespace Tolvane::Tools;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 class LoadAnimation : public testing::Test {
 protected:
@@ -26,26 +27,26 @@ double tipsX(const Rig& rig, std::size_t frame) {
     return pose.joints()[1].matrices[kLocal][3][0];
 }
 
-TEST_F(LoadAnimation, ABvhIsSampledAtItsOwnRate) {
+TEST_F(LoadAnimation, SamplesABvhAtItsOwnRate) {
     const Rig rig = loadRig(bvh());
     EXPECT_EQ(rig.framesPerSecond, 10);
     EXPECT_EQ(rig.frameCount, 4U);
     EXPECT_EQ(rig.ticksPerFrame, 1);
 }
 
-TEST_F(LoadAnimation, AFrameLengthOfFewDigitsMeansTheWholeRate) {
+TEST_F(LoadAnimation, RoundsARateThatIsAlmostWhole) {
     std::string text = sampleBvh();
     text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: 0.0083333");
     EXPECT_EQ(loadRig(folder.write("rig.bvh", text)).framesPerSecond, 120);
 }
 
-TEST_F(LoadAnimation, ARateThatIsNoWholeNumberStays) {
+TEST_F(LoadAnimation, KeepsARateThatIsNotWhole) {
     std::string text = sampleBvh();
     text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: 0.0333667");
     EXPECT_NEAR(loadRig(folder.write("rig.bvh", text)).framesPerSecond, 29.97, 0.001);
 }
 
-TEST_F(LoadAnimation, AFileWithoutARateIsSampledAtThirtyFramesPerSecond) {
+TEST_F(LoadAnimation, SamplesAFileWithoutARateAtThirtyFramesPerSecond) {
     const Rig rig = loadRig(gltf());
     EXPECT_EQ(rig.framesPerSecond, 30);
     EXPECT_EQ(rig.frameCount, 31U);
@@ -53,7 +54,7 @@ TEST_F(LoadAnimation, AFileWithoutARateIsSampledAtThirtyFramesPerSecond) {
     EXPECT_NEAR(tipsX(rig, 30), 4, 1e-4);
 }
 
-TEST_F(LoadAnimation, AnotherRateSamplesTheSameMovement) {
+TEST_F(LoadAnimation, SamplesTheSameMovementAtAnotherRate) {
     LoadOptions options;
     options.framesPerSecond = 8;
     const Rig rig = loadRig(gltf(), options);
@@ -63,7 +64,7 @@ TEST_F(LoadAnimation, AnotherRateSamplesTheSameMovement) {
     EXPECT_NEAR(tipsX(rig, 8), 4, 1e-4);
 }
 
-TEST_F(LoadAnimation, HalfTheRateOfABvhSkipsEveryOtherFrame) {
+TEST_F(LoadAnimation, SkipsEveryOtherFrameOfABvhAtHalfItsRate) {
     LoadOptions options;
     options.framesPerSecond = 5;
     const Rig rig = loadRig(bvh(), options);
@@ -73,7 +74,7 @@ TEST_F(LoadAnimation, HalfTheRateOfABvhSkipsEveryOtherFrame) {
     EXPECT_EQ(pose.joints()[0].matrices[kLocal][3][0], 2);
 }
 
-TEST_F(LoadAnimation, AnAnimationIsFoundByItsName) {
+TEST_F(LoadAnimation, FindsAnAnimationByItsName) {
     LoadOptions options;
     options.animation = "still";
     EXPECT_EQ(loadRig(gltf(), options).frameCount, 1U);
@@ -81,31 +82,45 @@ TEST_F(LoadAnimation, AnAnimationIsFoundByItsName) {
     EXPECT_EQ(loadRig(gltf(), options).frameCount, 31U);
 }
 
-TEST_F(LoadAnimation, AnUnknownNameIsRefusedWithThoseThatThereAre) {
+TEST_F(LoadAnimation, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {
     LoadOptions options;
     options.animation = "run";
     try {
         loadRig(gltf(), options);
-        FAIL() << "it was taken";
+        FAIL() << "it was found";
     } catch (const Error& error) {
         EXPECT_THAT(error.what(), HasSubstr("\"run\""));
         EXPECT_THAT(error.what(), HasSubstr("\"move\", \"still\""));
     }
 }
 
-TEST_F(LoadAnimation, AnAbsurdNumberOfFramesIsRefused) {
+TEST_F(LoadAnimation, RefusesAnAbsurdNumberOfFrames) {
     LoadOptions options;
     options.framesPerSecond = 1e12;
     EXPECT_THROW(loadRig(gltf(), options), Error);
 }
 
-TEST_F(LoadAnimation, FramesOfNoLengthAreRefused) {
+TEST_F(LoadAnimation, RefusesKeysThatGoBackInTime) {
+    std::string text = sampleGltf();
+    // The times 0, 1/2, 1 become 1, 1/2, 1.
+    text.replace(text.find("AAAAAAAAAD8AAIA/"), 16, "AACAPwAAAD8AAIA/");
+    const std::string file = folder.write("rig.gltf", text);
+    try {
+        loadRig(file);
+        FAIL() << "it was read";
+    } catch (const Error& error) {
+        EXPECT_THAT(error.what(), StartsWith(file + ": "));
+        EXPECT_THAT(error.what(), HasSubstr("out of order"));
+    }
+}
+
+TEST_F(LoadAnimation, RefusesFramesOfNoLength) {
     std::string text = sampleBvh();
     text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: 0.0");
     EXPECT_THROW(loadRig(folder.write("rig.bvh", text)), Error);
 }
 
-// An animation of one channel, whose two keys are `apart` ticks apart.
+// The rate of an animation with one channel, whose two keys are `apart` ticks apart.
 std::optional<double> rateOf(double ticksPerSecond, double apart) {
     aiAnimation animation;
     animation.mTicksPerSecond = ticksPerSecond;
@@ -116,19 +131,19 @@ std::optional<double> rateOf(double ticksPerSecond, double apart) {
     return ownRate(animation);
 }
 
-TEST(OwnRate, TicksAreFramesAtARateThatFramesHave) {
+TEST(OwnRate, IsTheTickRateWhereThatIsUsualForFrames) {
     EXPECT_EQ(rateOf(24, 20), 24);
     EXPECT_EQ(rateOf(240, 20), 240);
 }
 
-TEST(OwnRate, TicksThatAreAUnitOfTimeTellNoRate) {
+TEST(OwnRate, IsUnknownWhereATickIsAUnitOfTime) {
     EXPECT_EQ(rateOf(0, 20), std::nullopt);
     EXPECT_EQ(rateOf(1, 0.04), std::nullopt);
     EXPECT_EQ(rateOf(1000, 41.7), std::nullopt);
     EXPECT_EQ(rateOf(4800, 160), std::nullopt);
 }
 
-TEST(OwnRate, KeysOneTickApartMakeAnyTickAFrame) {
+TEST(OwnRate, IsTheTickRateWhereKeysAreOneTickApart) {
     EXPECT_EQ(rateOf(1000, 1), 1000);
     EXPECT_EQ(rateOf(1, 1), 1);
 }

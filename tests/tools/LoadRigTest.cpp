@@ -26,7 +26,7 @@ protected:
 
 using Names = std::vector<std::string>;
 
-TEST_F(LoadRig, JointsOfABvhAreThoseWithChannelsAndNotItsEndSites) {
+TEST_F(LoadRig, TakesTheJointsOfABvhButNotItsEndSites) {
     const Rig rig = load("rig.bvh", sampleBvh());
     EXPECT_EQ(names(rig), (Names{"Hips", "Spine", "Chest", "LeftLeg", "RightLeg"}));
     EXPECT_EQ(rig.joints[0].parent, std::nullopt);
@@ -34,14 +34,14 @@ TEST_F(LoadRig, JointsOfABvhAreThoseWithChannelsAndNotItsEndSites) {
     EXPECT_EQ(rig.joints[4].parent, 0U);
 }
 
-TEST_F(LoadRig, JointsOfAGltfAreThoseThatSkinOrMove) {
+TEST_F(LoadRig, TakesTheNodesOfAGltfThatSkinOrMoveAsJoints) {
     const Rig rig = load("rig.gltf", sampleGltf());
     EXPECT_EQ(names(rig), (Names{"Base", "Tip"}));
     EXPECT_EQ(rig.joints[0].aboveRoot[3][1], 5);
     EXPECT_EQ(rig.joints[1].parent, 0U);
 }
 
-TEST_F(LoadRig, WhatLiesBetweenTwoJointsIsAJoint) {
+TEST_F(LoadRig, TakesNodesBetweenTwoJointsAsJoints) {
     const Rig rig = load("rig.gltf", R"({"asset": {"version": "2.0"}, "scene": 0,
         "scenes": [{"nodes": [0]}],
         "nodes": [{"name": "world", "children": [1]}, {"name": "top", "children": [2, 4]},
@@ -58,7 +58,7 @@ TEST_F(LoadRig, WhatLiesBetweenTwoJointsIsAJoint) {
     EXPECT_EQ(names(rig), (Names{"top", "between", "bottom"}));
 }
 
-TEST_F(LoadRig, AllNodesAreJointsWhereNoneSkinsOrMoves) {
+TEST_F(LoadRig, TakesAllNodesAsJointsWhereNoneSkinsOrMoves) {
     const Rig rig = load("rig.gltf", R"({"asset": {"version": "2.0"}, "scene": 0,
         "scenes": [{"nodes": [0]}],
         "nodes": [{"name": "a", "children": [1]}, {"name": "b", "translation": [1, 2, 3]}]})");
@@ -67,7 +67,7 @@ TEST_F(LoadRig, AllNodesAreJointsWhereNoneSkinsOrMoves) {
     EXPECT_EQ(rig.joints[1].restWorld[3][2], 3);
 }
 
-TEST_F(LoadRig, TranslationsStandInTheLastRow) {
+TEST_F(LoadRig, PutsTranslationsIntoTheLastRow) {
     const Rig rig = load("rig.bvh", sampleBvh());
     const VMatrix& chest = rig.joints[2].restWorld;
     EXPECT_EQ(chest[3][0], 0);
@@ -76,7 +76,7 @@ TEST_F(LoadRig, TranslationsStandInTheLastRow) {
     EXPECT_EQ(chest[1][3], 0);
 }
 
-TEST_F(LoadRig, PoseOfAFrameIsThatOfTheFile) {
+TEST_F(LoadRig, ReadsThePoseOfAFrame) {
     const Rig rig = load("rig.bvh", sampleBvh());
     RigFrame frame(rig);
     frame.pose(3);
@@ -89,13 +89,13 @@ TEST_F(LoadRig, PoseOfAFrameIsThatOfTheFile) {
     EXPECT_NEAR(chest[1][0], -1, 1e-6);
 }
 
-TEST_F(LoadRig, WeightsAreSharesOfTheSkinsWhereThereAreSkins) {
+TEST_F(LoadRig, WeighsJointsByTheirShareOfTheSkins) {
     const Rig rig = load("rig.gltf", sampleGltf());
     EXPECT_DOUBLE_EQ(rig.joints[0].weight, 0.75);
     EXPECT_DOUBLE_EQ(rig.joints[1].weight, 0.25);
 }
 
-TEST_F(LoadRig, WeightsAreSharesOfTheBonesLengthWhereThereAreNoSkins) {
+TEST_F(LoadRig, WeighsJointsByTheLengthOfTheirBonesWhereThereAreNoSkins) {
     const Rig rig = load("rig.bvh", sampleBvh());
     const double total = 2 + 3 + 2 * std::sqrt(2.0);
     EXPECT_DOUBLE_EQ(rig.joints[0].weight, 0);
@@ -104,7 +104,7 @@ TEST_F(LoadRig, WeightsAreSharesOfTheBonesLengthWhereThereAreNoSkins) {
     EXPECT_NEAR(rig.joints[3].weight, std::sqrt(2.0) / total, 1e-6);
 }
 
-TEST_F(LoadRig, ALoneJointHasTheWholeWeight) {
+TEST_F(LoadRig, GivesALoneJointTheWholeWeight) {
     const Rig rig = load("rig.gltf", R"({"asset": {"version": "2.0"}, "scene": 0,
         "scenes": [{"nodes": [0]}], "nodes": [{"name": "a"}]})");
     ASSERT_EQ(rig.joints.size(), 1U);

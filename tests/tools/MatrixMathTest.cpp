@@ -26,7 +26,7 @@ VMatrix quarterTurnAboutZ() {
     return matrix;
 }
 
-TEST(MatrixMath, ProductDoesTheFirstAndThenTheSecond) {
+TEST(MatrixProduct, DoesTheFirstAndThenTheSecond) {
     VMatrix movedThenTurned = quarterTurnAboutZ();
     movedThenTurned[3][1] = 7;
     EXPECT_EQ(multiply(translation(7, 0, 0), quarterTurnAboutZ()), movedThenTurned);
@@ -36,14 +36,14 @@ TEST(MatrixMath, ProductDoesTheFirstAndThenTheSecond) {
     EXPECT_EQ(multiply(quarterTurnAboutZ(), translation(7, 0, 0)), turnedThenMoved);
 }
 
-TEST(MatrixMath, InverseUndoesBothTurnAndMove) {
+TEST(MatrixInverse, UndoesBothTurnAndMove) {
     const VMatrix matrix = multiply(quarterTurnAboutZ(), translation(1, 2, 3));
     EXPECT_NE(inverse(matrix), matrix);
     EXPECT_EQ(multiply(matrix, inverse(matrix)), VMatrix());
     EXPECT_EQ(multiply(inverse(matrix), matrix), VMatrix());
 }
 
-TEST(MatrixMath, InverseOfAScalingIsExactForPowersOfTwo) {
+TEST(MatrixInverse, IsExactForPowersOfTwo) {
     VMatrix matrix = translation(8, 0, 0);
     matrix[0][0] = 2;
     matrix[1][1] = 4;
@@ -53,13 +53,13 @@ TEST(MatrixMath, InverseOfAScalingIsExactForPowersOfTwo) {
     EXPECT_EQ(inverse(matrix), expected);
 }
 
-TEST(MatrixMath, InverseOfAFlattenedMatrixIsTheIdentity) {
+TEST(MatrixInverse, IsTheIdentityForAFlattenedMatrix) {
     VMatrix flat = translation(1, 2, 3);
     flat[1][1] = 0;
     EXPECT_EQ(inverse(flat), VMatrix());
 }
 
-TEST(MatrixMath, InverseOfAMatrixWithNanHasNoNan) {
+TEST(MatrixInverse, HasNoNanForAMatrixWithNan) {
     VMatrix matrix;
     for (unsigned i = 0; i < 4; ++i) matrix[i][i] = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(inverse(matrix), VMatrix());

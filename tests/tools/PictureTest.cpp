@@ -49,26 +49,28 @@ protected:
     Snapshot pose{7, {}};
 };
 
-TEST_F(Picture, SidesAreToldByTheRestPose) {
+class Projection : public Picture {};
+
+TEST_F(Projection, TellsTheSidesOfTheBodyByTheRestPose) {
     EXPECT_EQ(bodySides(rig), (std::vector<BodySide>{BodySide::Middle, BodySide::Left,
                                                      BodySide::Right, BodySide::Middle}));
 }
 
-TEST_F(Picture, FromTheFrontTheBodysLeftIsAtTheRight) {
+TEST_F(Projection, HasTheLeftOfTheBodyAtTheRightInTheViewFromTheFront) {
     const Figure figure = project(rig, pose, bodySides(rig));
     EXPECT_DOUBLE_EQ(figure.front[1].across, 3);
     EXPECT_DOUBLE_EQ(figure.front[2].across, -3);
     EXPECT_DOUBLE_EQ(figure.front[3].up, 9);
 }
 
-TEST_F(Picture, FromTheSideTheBodyLooksToTheRight) {
+TEST_F(Projection, HasTheBodyLookToTheRightInTheViewFromTheSide) {
     pose.worlds[3] = at(0, 9, 4);
     const Figure figure = project(rig, pose, bodySides(rig));
     EXPECT_DOUBLE_EQ(figure.side[3].across - figure.side[0].across, 4);
     EXPECT_DOUBLE_EQ(figure.side[1].across, figure.side[2].across);
 }
 
-TEST_F(Picture, TheViewTurnsWithTheBody) {
+TEST_F(Projection, TurnsWithTheBody) {
     // Turned to look along x: its left is at negative z.
     pose.worlds = {at(50, 4, 0), at(50, 4, -3), at(50, 4, 3), at(54, 9, 0)};
     const Figure figure = project(rig, pose, bodySides(rig));
@@ -91,7 +93,7 @@ TEST_F(Picture, ShowsEachSnapshotInBothViews) {
     EXPECT_EQ(count(svg, "L"), 3 * 2 * 2);
 }
 
-TEST_F(Picture, BonesStandWhereTheSnapshotHasThem) {
+TEST_F(Picture, DrawsBonesWhereTheSnapshotHasThem) {
     const std::string before = drawPicture(rig, {pose});
     pose.worlds[3] = at(1, 8, 0);
     EXPECT_NE(drawPicture(rig, {pose}), before);
@@ -107,7 +109,7 @@ TEST_F(Picture, HasABackgroundOfItsOwn) {
     EXPECT_THAT(drawPicture(rig, {pose}), HasSubstr("fill=\"#ffffff\""));
 }
 
-TEST_F(Picture, LeavesOutWhatIsNowhere) {
+TEST_F(Picture, LeavesOutJointsWithoutAFinitePosition) {
     pose.worlds[1][3][0] = std::numeric_limits<double>::quiet_NaN();
     pose.worlds[1][3][1] = std::numeric_limits<double>::infinity();
     const std::string svg = drawPicture(rig, {pose});
@@ -115,7 +117,7 @@ TEST_F(Picture, LeavesOutWhatIsNowhere) {
     EXPECT_THAT(svg, Not(HasSubstr("inf")));
 }
 
-TEST_F(Picture, ASingleJointIsADot) {
+TEST_F(Picture, DrawsASingleJointAsADot) {
     rig.joints.resize(1);
     pose.worlds.resize(1);
     const std::string svg = drawPicture(rig, {pose});
@@ -124,7 +126,7 @@ TEST_F(Picture, ASingleJointIsADot) {
     EXPECT_THAT(svg, Not(HasSubstr("inf")));
 }
 
-TEST_F(Picture, JointsThatWereNotThereAreNotDrawn) {
+TEST_F(Picture, DrawsOnlyTheJointsThatTheSnapshotHas) {
     pose.worlds.resize(2);
     EXPECT_EQ(count(drawPicture(rig, {pose}), "h0"), 2 * 2);
 }

@@ -1,5 +1,5 @@
-// A node whose ports the built plugin makes: attributes of any shape that a graph type has, to fill
-// and to compare.
+// A node whose attributes the built plugin makes: one of the shape of any graph type, to be filled
+// and compared.
 #pragma once
 
 #include "tools/node/DataShape.h"

@@ -20,7 +20,7 @@ void exportExample(const RigFormat& format, const std::string& path) {
 
     const aiScene& scene = *importer.GetScene();
     aiScene still;
-    still.mRootNode = scene.mRootNode;  // Lent.
+    still.mRootNode = scene.mRootNode;  // Borrowed: taken back before `still` deletes it.
     const bool moves = format.written == RigFormat::Readable::Motion;
     Assimp::Exporter exporter;
     const aiReturn result = exporter.Export(moves ? &scene : &still, format.name, path);

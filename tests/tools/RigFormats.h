@@ -1,4 +1,4 @@
-// The bundled example as a file of each format that it can be written in.
+// The bundled example in each file format that it can be written in.
 #pragma once
 
 #include <ostream>
@@ -8,19 +8,20 @@
 struct RigFormat {
     enum class Readable { Nothing, Pose, Motion };
 
-    // Its name, which is that of Assimp's exporter where one writes it.
+    // The name that Assimp's exporter gives it; there is none for BVH.
     const char* name;
     const char* extension;
-    // Without the motion where the exporter writes it so that no reader takes the file.
+    // What is written. It is only the pose if Assimp cannot read a file that it wrote with motion.
     Readable written;
+    // What Assimp reads from that file.
     Readable readAgain;
 };
 
 inline void PrintTo(const RigFormat& format, std::ostream* out) { *out << format.name; }
 
-// Of the formats that hold a tree of joints, all that Assimp writes.
+// All formats that hold a tree of joints and that Assimp writes.
 const std::vector<RigFormat>& rigFormats();
 
-// Writes the example into `folder`, beside what the format keeps in files of their own. Returns the
-// file's path.
+// Writes the example into `folder`, with any further files that the format needs. Returns the path
+// of the main file.
 std::string writeExample(const RigFormat& format, const std::string& folder);

@@ -9,12 +9,12 @@ namespace {
 
 using namespace Tolvane::Tools;
 
-// A rig of two joints: the root is moved by its channel and stands on something at (100, 0, 0); its
-// child, one above it, is turned a quarter about z. At rest the root is at (10, 0, 0) and the child
-// is not turned.
-class PosedRig : public testing::Test {
+// A rig of two joints: a root that its channel moves, below a node at (100, 0, 0), and a child, 1
+// above it, that its channel turns by 90 degrees about z. At rest the root is at (10, 0, 0) and the
+// child is not turned.
+class RigFrameMatrices : public testing::Test {
 protected:
-    PosedRig() {
+    RigFrameMatrices() {
         rig.joints.resize(2);
         Joint& root = rig.joints[0];
         root.name = "root";
@@ -40,14 +40,14 @@ protected:
     Rig rig;
 };
 
-TEST_F(PosedRig, WorldIsLocalAndThenTheParentsWorld) {
+TEST_F(RigFrameMatrices, WorldIsLocalAndThenTheParentsWorld) {
     const RigFrame frame(rig);
     const auto& child = frame.joints()[1].matrices;
     expectMatrix(child[kLocal], {{{0, 1, 0, 0}, {-1, 0, 0, 0}, {0, 0, 1, 0}, {0, 1, 0, 1}}});
     expectMatrix(child[kWorld], {{{0, 1, 0, 0}, {-1, 0, 0, 0}, {0, 0, 1, 0}, {120, 1, 0, 1}}});
 }
 
-TEST_F(PosedRig, RestMatricesDoNotMoveWithTheFrame) {
+TEST_F(RigFrameMatrices, RestMatricesDoNotMoveWithTheFrame) {
     RigFrame frame(rig);
     for (const std::size_t number : {0U, 1U}) {
         frame.pose(number);
@@ -60,14 +60,14 @@ TEST_F(PosedRig, RestMatricesDoNotMoveWithTheFrame) {
     }
 }
 
-TEST_F(PosedRig, SkinningMovesAPointFromRestToThePose) {
+TEST_F(RigFrameMatrices, SkinningMovesAPointFromRestToThePose) {
     const RigFrame frame(rig);
-    // A point at (111, 1, 0), one beside the child at rest, comes to (120, 2, 0), one above it.
+    // A point at (111, 1, 0), 1 beside the child at rest, moves to (120, 2, 0), 1 above the child.
     expectMatrix(frame.joints()[1].matrices[kSkinning],
                  {{{0, 1, 0, 0}, {-1, 0, 0, 0}, {0, 0, 1, 0}, {121, -109, 0, 1}}});
 }
 
-TEST_F(PosedRig, ParentWorldOfARootIsWhatStandsAboveIt) {
+TEST_F(RigFrameMatrices, ParentWorldOfARootIsWhatStandsAboveIt) {
     const RigFrame frame(rig);
     expectMatrix(frame.joints()[0].matrices[kParentWorld],
                  {{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {100, 0, 0, 1}}});
@@ -75,7 +75,7 @@ TEST_F(PosedRig, ParentWorldOfARootIsWhatStandsAboveIt) {
                  {{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {120, 0, 0, 1}}});
 }
 
-TEST_F(PosedRig, LocalFromRestLeadsFromTheRestLocalToTheLocal) {
+TEST_F(RigFrameMatrices, LocalFromRestLeadsFromTheRestLocalToTheLocal) {
     const RigFrame frame(rig);
     expectMatrix(frame.joints()[1].matrices[kLocalFromRest],
                  {{{0, 1, 0, 0}, {-1, 0, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}});
@@ -83,14 +83,14 @@ TEST_F(PosedRig, LocalFromRestLeadsFromTheRestLocalToTheLocal) {
                  {{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {10, 0, 0, 1}}});
 }
 
-TEST_F(PosedRig, TicksPerFrameSayHowFarAFrameGoes) {
+TEST_F(RigFrameMatrices, FollowTheChannelByTicksPerFrame) {
     rig.ticksPerFrame = 0.25;
     RigFrame frame(rig);
     frame.pose(2);
     EXPECT_DOUBLE_EQ(frame.joints()[0].matrices[kLocal][3][0], 25);
 }
 
-TEST_F(PosedRig, AJointWithoutAChannelStaysInItsRestPose) {
+TEST_F(RigFrameMatrices, KeepAJointWithoutAChannelInItsRestPose) {
     rig.joints[1].channel.reset();
     const RigFrame frame(rig);
     EXPECT_EQ(frame.joints()[1].matrices[kLocal], rig.joints[1].restLocal);

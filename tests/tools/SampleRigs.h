@@ -1,4 +1,4 @@
-// Small rig files whose matrices can be worked out by hand.
+// Small rig files whose matrices are easy to calculate by hand.
 #pragma once
 
 #include <string>
@@ -71,10 +71,10 @@ inline std::string waitingBvh() {
     return text.substr(0, second) + text.substr(first, second - first);
 }
 
-// Two joints under a node "Stand" that is none and lifts them by 5. "Tip" is animated over one
-// second: it stands at (0, 1, 0), after half a second at (0, 2, 0), at the end at (4, 2, 0). The
-// four points of a mesh weigh 1, 1, 1/2 and 1/2 on "Base" and the rest on "Tip". There is a second
-// animation, "still", with the first key alone.
+// Two joints below a node "Stand", which is no joint and lifts them by 5. "Tip" is animated over
+// one second: it stands at (0, 1, 0), after half a second at (0, 2, 0), at the end at (4, 2, 0).
+// The four points of a mesh weigh 1, 1, 1/2 and 1/2 on "Base" and the rest on "Tip". There is a
+// second animation, "still", with the first key alone.
 inline std::string sampleGltf() {
     return R"({"asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0]}],
 "nodes": [{"name": "Stand", "translation": [0, 5, 0], "children": [1, 3]},

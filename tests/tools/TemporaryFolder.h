@@ -1,4 +1,4 @@
-// A folder of a test's own, which goes with everything in it.
+// A folder of a test's own. The destructor removes it with everything in it.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// Runs the built `tolvane` as a user would, and keeps what it said.
+// Runs the built `tolvane` as a user would, and keeps what it printed.
 #pragma once
 
 #include "tests/tools/TemporaryFolder.h"
@@ -22,8 +22,8 @@ inline std::string quoted(const std::string& text) {
     return result + "'";
 }
 
-// `environment` is of the form NAME=VALUE. A process that was killed, as one is that takes longer
-// than a minute, has a status of more than 2 or less than 0.
+// `environment` is of the form NAME=VALUE. A process that takes longer than a minute is killed. A
+// process that was killed has a status above 2 or below 0.
 inline TolvaneProcess runTolvane(const std::vector<std::string>& arguments,
                                  const std::string& environment = "TOLVANE_TEST_FAULT=") {
     const TemporaryFolder folder;

@@ -1,5 +1,5 @@
-// Evaluates a rig under churn a hundred thousand times in one process, and fails unless memory at
-// the end is what it was after the first thousand: soak PLUGIN RIG
+// Evaluates a rig under churn a hundred thousand times in one process, and fails if memory at the
+// end differs by more than 1 % from what it was after the first thousand: soak PLUGIN RIG
 #include "tools/node/RunFrames.h"
 #include "tools/rig/LoadRig.h"
 
@@ -20,7 +20,7 @@ constexpr std::size_t kEvaluations = 100'000;
 constexpr std::size_t kWarmUp = 1'000;
 constexpr double kTolerance = 0.01;
 
-// Counted page by page: the kernel's running figures in other places lag behind.
+// Read where the kernel counts page by page; its figures in other files are updated with a delay.
 double residentMegabytes() {
     std::ifstream figures("/proc/self/smaps_rollup");
     std::string word;

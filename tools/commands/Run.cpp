@@ -127,7 +127,7 @@ Command addRun(CLI::App& app) {
         ->option_text("OUT.svg");
     run.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
     run.add_option("--plugin", arguments->plugin,
-                   "Load this translation library (default: the plugin beside tolvane)")
+                   "Load this translation library (default: the plugin that comes with tolvane)")
         ->option_text("LIBRARY");
     return {&run, [arguments] { return runAsAsked(*arguments); }};
 }

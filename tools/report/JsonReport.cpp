@@ -43,7 +43,7 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
         {"evaluated", result.evaluated},
         {"mismatches", result.mismatches()},
         {"ok", result.ok()}};
-    // File names and messages need not be UTF-8, which JSON is.
+    // JSON is UTF-8, which file names and messages need not be.
     out << report.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 

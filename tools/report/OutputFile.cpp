@@ -26,9 +26,9 @@ OutputFile::OutputFile(const std::string& path, const std::vector<std::string>& 
             throw Error(path + ": is read, and will not be written over");
     const fs::file_status status = fs::status(path, ignored);
     if (fs::is_directory(status)) throw Error(path + ": is a folder, not a file to write to");
-    // A device or a pipe would be replaced by a file.
+    // Renaming would replace a device or a pipe by a file.
     if (fs::exists(status) && !fs::is_regular_file(status))
-        throw Error(path + ": is no ordinary file, and will not be replaced");
+        throw Error(path + ": is not a regular file, and will not be replaced");
     const fs::path folder = fs::path(path).parent_path();
     if (!folder.empty() && !fs::is_directory(folder, ignored))
         throw Error(path + ": cannot be written: there is no such folder");

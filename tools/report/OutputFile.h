@@ -1,5 +1,5 @@
-// A file that is written whole or not at all: the text goes to a file beside it, which then takes
-// its name.
+// A file that is written whole or not at all: the text goes to a temporary file beside it, which is
+// then renamed.
 #pragma once
 
 #include <string>
@@ -10,11 +10,11 @@ namespace Tolvane::Tools {
 
 class OutputFile {
 public:
-    // Throws Error where the file could not be written as things stand, or is one of `filesRead`,
-    // by whatever path or link.
+    // Throws Error if the file could not be written, or if it is one of `filesRead`, even by
+    // another path or through a link. Writes nothing yet.
     explicit OutputFile(const std::string& path, const std::vector<std::string>& filesRead = {});
 
-    // Throws Error, and leaves the file as it was.
+    // On failure throws Error and leaves the file as it was.
     void write(std::string_view text) const;
 
 private:

@@ -26,7 +26,7 @@ struct Colour {
     const char* code;
 };
 
-// From back to front, in the view from the side.
+// In the order in which they are drawn: seen from the side, the left of the body is at the back.
 constexpr std::array<Colour, 3> kColours{{{BodySide::Left, "left", "#d9822b"},
                                           {BodySide::Middle, "middle", "#3d4b5c"},
                                           {BodySide::Right, "right", "#2878b5"}}};
@@ -37,7 +37,7 @@ bool isFinite(const ViewPoint& point) {
     return std::isfinite(point.across) && std::isfinite(point.up);
 }
 
-// File names may hold what is no text at all.
+// File names may contain any bytes; in the picture, those that are not ASCII become question marks.
 std::string escaped(const std::string& text) {
     std::string result;
     for (const char character : oneLine(text)) {

@@ -1,5 +1,5 @@
-// A progress bar in the last line of a terminal. It is gone when it is destroyed; what is no
-// terminal never sees it.
+// A progress bar in the last line of a terminal, on standard error; nothing is printed where that
+// is not a terminal. The destructor erases the bar.
 #pragma once
 
 #include <cstddef>

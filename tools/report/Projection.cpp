@@ -44,8 +44,8 @@ Ground mean(const Snapshot& snapshot, Counts counts) {
     return count > 0 ? Ground{sum.x / count, sum.z / count} : sum;
 }
 
-// The direction to the body's left, of length 1. Hips and shoulders tell it, where the limbs of a
-// side begin; hands and feet swing.
+// The direction to the body's left, of length 1. It is taken from where the limbs of each side
+// begin, the hips and shoulders, because hands and feet swing.
 Ground leftward(const Rig& rig, const Snapshot& snapshot, const std::vector<BodySide>& sides) {
     const auto limbsBegin = [&](BodySide side) {
         return mean(snapshot, [&, side](std::size_t i) {

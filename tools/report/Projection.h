@@ -1,5 +1,5 @@
-// Flattens skeletons to what is seen of them from the front and from the side of the body, wherever
-// it has turned to. World up is y; a body that faces z has its left at positive x.
+// Projects skeletons onto the plane of the picture, as seen from the front and from the side of the
+// body, whichever way it faces. World up is y; a body that faces z has its left at positive x.
 #pragma once
 
 #include "tools/node/Snapshot.h"
@@ -11,7 +11,7 @@ namespace Tolvane::Tools {
 
 enum class BodySide { Left, Middle, Right };
 
-// Of each joint, by where it stands in the rest pose.
+// The side of each joint, judged by its position in the rest pose.
 std::vector<BodySide> bodySides(const Rig& rig);
 
 struct ViewPoint {
@@ -19,8 +19,8 @@ struct ViewPoint {
     double up;
 };
 
-// The joints of one snapshot, `across` counted from the middle of the body. From the front the
-// body's left is at positive `across`, from the side its front is.
+// The joints of one snapshot, in world units, with `across` measured from the middle of the body.
+// Positive `across` is the body's left in the view from the front, its front in that from the side.
 struct Figure {
     std::size_t frame;
     std::vector<ViewPoint> front;

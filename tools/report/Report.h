@@ -14,8 +14,9 @@ namespace Tolvane::Tools {
 
 struct PluginSummary {
     std::string path;
-    // Of the translation, and of the types that it can carry from the host.
+    // The name of the translation.
     std::string name;
+    // The types that it can carry from the host.
     std::vector<std::string> typeNames;
 };
 

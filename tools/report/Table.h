@@ -8,14 +8,15 @@
 
 namespace Tolvane::Tools {
 
-// The first column is set to the left, the others, which are numbers, to the right.
+// A table whose first column is aligned to the left and whose others, which are numbers, to the
+// right.
 class Table {
 public:
     using Row = std::vector<std::string>;
 
     explicit Table(Row head) : m_rows{std::move(head)} {}
 
-    // As many cells as the head has.
+    // `row` has as many cells as the head.
     void addRow(Row row) { m_rows.push_back(std::move(row)); }
     void print(std::ostream& out) const;
 
@@ -29,8 +30,8 @@ private:
 // 1234567 as "1,234,567".
 std::string grouped(std::size_t number);
 
-// Breaks text at blanks into lines of at most `width` characters, each indented. A longer word
-// stands alone.
+// Breaks text at blanks into lines of at most `width` characters, indent included. A word that is
+// longer has a line of its own.
 std::string wrapped(const std::string& text, std::size_t indent, std::size_t width);
 
 }  // namespace Tolvane::Tools

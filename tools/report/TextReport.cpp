@@ -28,7 +28,7 @@ std::string rate(double framesPerSecond) {
     return text.str();
 }
 
-// In microseconds, the mean of all evaluations.
+// The mean of all evaluations, in microseconds.
 std::string meanTime(std::chrono::nanoseconds sum, std::size_t evaluations) {
     const double mean = static_cast<double>(sum.count()) / 1e3 /
                         static_cast<double>(std::max<std::size_t>(evaluations, 1));
@@ -55,7 +55,7 @@ void printFirstMismatches(std::ostream& out, const RunResult& result) {
                 << oneLine(type.comparison.firstMismatch) << "\n";
 }
 
-// The same message often comes in every frame.
+// Each message once, with its count: the same one often comes in every frame.
 void printHostMessages(std::ostream& out, const std::vector<std::string>& messages) {
     std::map<std::string, std::size_t> counts;
     std::size_t lines = 0;

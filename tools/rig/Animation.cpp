@@ -15,7 +15,7 @@ aiQuaternion between(const aiQuaternion& a, const aiQuaternion& b, float part) {
     return result.Normalize();
 }
 
-// At a key the key's own value comes out, not one that interpolation has rounded.
+// At the time of a key the result is that key's value, not rounded by interpolation.
 template <typename Key>
 auto valueAt(const std::vector<Key>& keys, double tick) {
     const auto after =

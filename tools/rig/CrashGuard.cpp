@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kStackSize = std::size_t{64} * 1024;
 
-// Made before the crash: a handler may not allocate.
+// Composed before the crash, because a signal handler must not allocate.
 std::string s_line;
 int s_standardError = -1;
 

@@ -1,7 +1,7 @@
-// Third-party readers of rig files crash on some damaged ones, with words of their own. While a
-// guard lives, a crash of the process becomes what any other unreadable file is: one line on
-// standard error and exit status 2. Nothing else gets to standard error meanwhile. At most one
-// guard lives at a time.
+// Third-party readers of rig files crash on some damaged files, and print messages of their own.
+// While a guard lives, a crash of the process ends like any other unreadable file: with one line on
+// standard error and exit status 2. Nothing else is printed to standard error meanwhile. At most
+// one guard may live at a time.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ namespace Tolvane::Tools {
 
 class CrashGuard {
 public:
-    // `message` is the line, without the program's name and the line's end.
+    // `message` is what the line says after the program's name.
     explicit CrashGuard(const std::string& message);
     CrashGuard(const CrashGuard&) = delete;
     CrashGuard& operator=(const CrashGuard&) = delete;
@@ -22,7 +22,7 @@ public:
 private:
     static constexpr std::array kSignals{SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
 
-    // The handler runs on a stack of its own: a crash is often that of an endless recursion.
+    // The handler needs a stack of its own, for many crashes are stack overflows.
     std::vector<char> m_stack;
     stack_t m_formerStack{};
     std::array<struct sigaction, kSignals.size()> m_formerActions{};

@@ -14,7 +14,7 @@ FrameRange parseFrameRange(const std::string& text) {
     const auto last =
         colonFollows ? std::from_chars(first.ptr + 1, end, range.last) : std::from_chars_result{};
     if (!colonFollows || last.ec != std::errc() || last.ptr != end)
-        throw Error("--frames " + text + ": is not of the form A:B with whole numbers from 0 on");
+        throw Error("--frames " + text + ": is not of the form A:B, with whole numbers from 0 on");
     if (range.last < range.first) throw Error("--frames " + text + ": ends before it begins");
     return range;
 }

@@ -21,12 +21,12 @@ void refuseUnreadable(const std::string& path) {
     const fs::file_status status = fs::status(path, ignored);
     if (!fs::exists(status)) throw Error(path + ": there is no such file");
     if (fs::is_directory(status)) throw Error(path + ": is a folder, not a file");
-    if (!fs::is_regular_file(status)) throw Error(path + ": is no ordinary file");
+    if (!fs::is_regular_file(status)) throw Error(path + ": is not a regular file");
     if (!std::ifstream(path)) throw Error(path + ": cannot be opened for reading");
     if (fs::file_size(path, ignored) == 0) throw Error(path + ": is empty");
 }
 
-// Notes what is opened: a rig may refer to other files.
+// Opens files and notes their names, for a rig may refer to other files.
 class NotedFiles : public Assimp::DefaultIOSystem {
 public:
     explicit NotedFiles(std::vector<std::string>& files) : m_files(files) {}
@@ -41,10 +41,10 @@ private:
     std::vector<std::string>& m_files;
 };
 
-// Assimp's own words, less the path that they may begin with.
+// Assimp's message, without the path that it may begin with.
 std::string causeOf(std::string_view message, std::string_view path) {
     if (message.substr(0, 18) == "No suitable reader")
-        return "is no rig, or so damaged that its format cannot be told";
+        return "is not a rig file, or too damaged to recognise its format";
     if (message.substr(0, path.size()) == path && message.size() > path.size() + 1) {
         message.remove_prefix(path.size() + 1);
         return "cannot be read: line " + std::string(message);
@@ -58,14 +58,15 @@ std::string causeOf(std::string_view message, std::string_view path) {
 const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
                            std::vector<std::string>& filesRead) {
     refuseUnreadable(path);
-    importer.SetIOHandler(new NotedFiles(filesRead));  // which the importer then owns
-    // Otherwise a file of joints alone is given a mesh that it does not have, and the joints of
-    // some formats are split into several nodes each.
+    importer.SetIOHandler(new NotedFiles(filesRead));  // The importer owns it.
+    // By default the importer makes up a mesh for a file that has joints only, and splits each
+    // joint of an FBX file into several nodes.
     importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
     importer.SetPropertyBool(AI_CONFIG_IMPORT_FBX_PRESERVE_PIVOTS, false);
 
     const CrashGuard guard(
-        path + ": crashes its reader; it is damaged, or holds what the reader cannot take");
+        path +
+        ": crashes its reader; it is damaged, or has contents that the reader cannot handle");
     try {
         const aiScene* scene = importer.ReadFile(path, 0);
         if (scene && scene->mRootNode) return *scene;

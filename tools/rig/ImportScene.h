@@ -1,4 +1,4 @@
-// Reads a rig file with Assimp, and turns whatever can be wrong with the file into one line.
+// Reads a rig file with Assimp. Whatever is wrong with the file becomes an error of one line.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@
 
 namespace Tolvane::Tools {
 
-// The scene belongs to `importer`. Every file that was opened for it, this one and those that it
-// refers to, is added to `filesRead`. Throws Error, with a line that names the file and the cause.
+// The scene belongs to `importer`. Adds every file that was opened to `filesRead`: this one and
+// those that it refers to. Throws Error, with a line that names the file and the cause.
 const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
                            std::vector<std::string>& filesRead);
 

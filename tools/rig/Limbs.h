@@ -1,5 +1,6 @@
-// The limbs of a rig: chains of joints between branchings. A limb begins at a root or below a joint
-// with several children, and ends at a joint that has several or none. Each joint is in one limb.
+// The limbs of a rig: the chains of joints between branchings. A limb begins at a root or below a
+// joint with several children, and ends at a joint with several or none. Each joint is in exactly
+// one limb.
 #pragma once
 
 #include "tools/rig/Rig.h"
@@ -9,7 +10,7 @@
 
 namespace Tolvane::Tools {
 
-// Joints of one limb, by their place in the rig, from the first to the last.
+// The joints of one limb from its first to its last, as indices into Rig::joints.
 using Limb = std::vector<std::size_t>;
 
 // In the order in which their first joints stand in the rig.

@@ -38,7 +38,8 @@ std::vector<Key> keysOf(const Rig& rig, const Key* keys, unsigned count, const K
     return copy;
 }
 
-// A channel that moves only the rotation, say, leaves the position as it is at rest.
+// What a channel has no keys for stays as in the rest pose: the position, say, where it only
+// rotates.
 Channel channelOf(const Rig& rig, const aiNodeAnim& keys, const aiMatrix4x4& rest) {
     aiVectorKey position(0, {});
     aiQuatKey rotation(0, {});
@@ -83,7 +84,8 @@ bool hasKeysOneTickApart(const aiAnimation& animation) {
         });
 }
 
-// Files write the length of a frame to a few digits: what misses a whole rate by less, means it.
+// Files give the length of a frame in few digits, so a rate that is almost whole is meant to be
+// whole.
 double withoutRounding(double rate) {
     const double whole = std::round(rate);
     return std::abs(rate - whole) < 1e-4 * rate ? whole : rate;
@@ -97,14 +99,14 @@ void loadAnimation(Rig& rig, const aiScene& scene, const LoadOptions& options) {
     if (!animation) return;
     const double ticksPerSecond = animation->mTicksPerSecond;
     if (!std::isfinite(ticksPerSecond) || ticksPerSecond < 0)
-        throw Error(rig.file + ": has an animation whose rate is no number of frames per second");
+        throw Error(rig.file + ": has an animation without a valid number of frames per second");
 
     const auto own = ownRate(*animation);
     rig.framesPerSecond = options.framesPerSecond.value_or(own.value_or(kDefaultRate));
     const double rate = own ? *own : ticksPerSecond > 0 ? ticksPerSecond : kDefaultRate;
     rig.ticksPerFrame = rate / rig.framesPerSecond;
 
-    // A last frame that rounding puts a hair behind the last key is still one.
+    // Rounding may put the last frame slightly after the last key; it counts nevertheless.
     const double lastTick = loadChannels(rig, scene, *animation);
     const double frames = std::floor(lastTick / rig.ticksPerFrame + 1e-6) + 1;
     if (!(frames <= kMostFrames))
@@ -112,8 +114,8 @@ void loadAnimation(Rig& rig, const aiScene& scene, const LoadOptions& options) {
     rig.frameCount = static_cast<std::size_t>(frames);
 }
 
-// A tick is a frame in formats that count frames, and a second or a millisecond in those that have
-// no frames at all. Only keys that are one tick apart make a frame of so short a tick.
+// In formats that count frames a tick is a frame; in formats without frames it is a second or a
+// millisecond. A rate that is unusual for frames counts only if there are keys one tick apart.
 std::optional<double> ownRate(const aiAnimation& animation) {
     const double rate = withoutRounding(animation.mTicksPerSecond);
     const bool likely = rate > 1 && rate <= kHighestLikelyRate;

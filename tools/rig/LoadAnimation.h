@@ -8,10 +8,11 @@
 
 namespace Tolvane::Tools {
 
-// Throws Error where the animation that was asked for is not there or is damaged.
+// A file without animations leaves the rig in its rest pose, with one frame. Throws Error if the
+// animation that was asked for does not exist or is damaged.
 void loadAnimation(Rig& rig, const aiScene& scene, const LoadOptions& options);
 
-// The frames per second that an animation was made with; nothing where it does not tell.
+// The frames per second that an animation was made with; nothing if that is not known.
 std::optional<double> ownRate(const aiAnimation& animation);
 
 }  // namespace Tolvane::Tools

@@ -40,7 +40,7 @@ void weigh(Rig& rig, const Weights& skins) {
         if (skinned != skins.end()) joint.weight = skinned->second;
         total += joint.weight;
     }
-    // Without any length or weight to go by, all joints weigh the same.
+    // Where nothing has a weight or a length, all joints weigh the same.
     for (Joint& joint : rig.joints)
         joint.weight =
             total > 0 ? joint.weight / total : 1 / static_cast<double>(rig.joints.size());

@@ -1,5 +1,5 @@
-// Makes a rig of a file. Its joints are the nodes that skin a mesh or carry an animation channel,
-// and what lies between a joint and one further down; where there are neither, all nodes.
+// Makes a rig of a file. Its joints are the nodes that skin a mesh or have an animation channel,
+// and all nodes between two of these; in a file without such nodes, all nodes are joints.
 #pragma once
 
 #include "tools/rig/Rig.h"
@@ -10,10 +10,10 @@
 namespace Tolvane::Tools {
 
 struct LoadOptions {
-    // The name of one of the file's animations; the first without.
+    // The name of one of the file's animations. If unset, its first animation.
     std::optional<std::string> animation = {};
-    // How many frames of each second are sampled; without, as many as the animation was made with,
-    // or 30 where it does not tell.
+    // How many frames to sample per second. If unset, the rate that the animation was made with, or
+    // 30 if that is not known.
     std::optional<double> framesPerSecond = {};
 };
 

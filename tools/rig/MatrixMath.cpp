@@ -39,7 +39,7 @@ VMatrix multiply(const VMatrix& first, const VMatrix& then) {
     return product;
 }
 
-// Gauss and Jordan's elimination, with the largest pivot of each column.
+// Gauss-Jordan elimination, with the largest element of each column as its pivot.
 VMatrix inverse(const VMatrix& matrix) {
     VMatrix reduced = matrix;
     VMatrix result;

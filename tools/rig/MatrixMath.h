@@ -1,5 +1,5 @@
-// Arithmetic on the host's matrices, which multiply row vectors from the right: a point goes
-// through `multiply(a, b)` as through a and then b, and the last row holds the translation.
+// Arithmetic on the host's matrices, which multiply row vectors from the right: `multiply(a, b)`
+// transforms a point by a and then by b, and the last row holds the translation.
 #pragma once
 
 #include <OpenVornik/VMatrix.h>
@@ -8,8 +8,8 @@ namespace Tolvane::Tools {
 
 VMatrix multiply(const VMatrix& first, const VMatrix& then);
 
-// The identity where there is no inverse, so that a joint that is flattened to nothing does not
-// spread NaNs.
+// The identity if there is no inverse, so that a joint that is scaled to nothing does not fill its
+// children with NaNs.
 VMatrix inverse(const VMatrix& matrix);
 
 }  // namespace Tolvane::Tools

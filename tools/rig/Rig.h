@@ -1,5 +1,5 @@
 // A rig as `tolvane` uses it: joints in a hierarchy, their rest pose, and their movement over a
-// number of frames. It no longer depends on the file that it came from.
+// number of frames. Once read, it is independent of its file.
 #pragma once
 
 #include "tools/rig/Animation.h"
@@ -15,31 +15,31 @@ namespace Tolvane::Tools {
 
 struct Joint {
     std::string name;
-    // Stands before this joint in the rig; nothing for a root.
+    // An index into Rig::joints, less than this joint's own; nothing for a root.
     std::optional<std::size_t> parent;
-    // The world matrix of what stands above a root and is no joint; it does not move.
+    // For a root, the world matrix of the node above it, which is not a joint and does not move.
     VMatrix aboveRoot = {};
     VMatrix restLocal = {};
     VMatrix restWorld = {};
-    // Where the file has skins, this joint's share of all their weights; else its bone's share of
-    // the length of all bones, a bone being what joins a joint to its parent in the rest pose.
+    // In a file with skins, this joint's share of all their weights; otherwise its bone's share of
+    // the length of all bones. A bone joins a joint to its parent in the rest pose.
     double weight = 0;
-    // Nothing for a joint that stays in its rest pose relative to its parent.
+    // Nothing if the joint does not move relative to its parent.
     std::optional<Channel> channel = {};
 };
 
 struct Rig {
     std::string file;
-    // Of these, `file` is the first; the others are those that it refers to.
+    // `file` itself, and the files that it refers to.
     std::vector<std::string> filesRead;
-    // At least one. A parent stands before its children.
+    // At least one. Parents stand before their children.
     std::vector<Joint> joints;
     std::size_t frameCount = 1;
     double framesPerSecond = 30;
     double ticksPerFrame = 1;
 };
 
-// Sets the rest world matrices by the rest local ones.
+// Computes the rest world matrices from the rest local ones.
 void poseAtRest(Rig& rig);
 
 }  // namespace Tolvane::Tools

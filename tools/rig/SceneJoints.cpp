@@ -19,8 +19,8 @@ struct SceneNode {
     bool isAboveJoint = false;
 };
 
-// Parents before children, siblings in the file's order. A loop, for files nest as deep as they
-// like.
+// Parents before children, siblings in the file's order. This is a loop, because a recursion would
+// overflow the stack on a file that nests very deep.
 std::vector<SceneNode> flatten(const aiNode& root) {
     std::vector<SceneNode> nodes;
     std::vector<SceneNode> due{{&root, std::nullopt}};
@@ -79,7 +79,7 @@ std::vector<Joint> jointsOf(const aiScene& scene, const std::string& path) {
         if (!node.isJoint) continue;
         if (joints.size() == kMostJoints)
             throw Error(path + ": has more than " + std::to_string(kMostJoints) + " joints");
-        // What stands between two joints is one too, so a joint's parent is its node's.
+        // All nodes between two joints are joints, so the parent joint can only be the parent node.
         const auto parent = node.parent ? jointOf[*node.parent] : std::nullopt;
         joints.push_back({node.node->mName.C_Str(), parent, parent ? VMatrix() : above, local});
         jointOf[i] = joints.size() - 1;

@@ -1,4 +1,5 @@
-// Tells which nodes of a scene are joints, and takes their names, hierarchy and rest matrices.
+// Decides which nodes of a scene are joints, and takes over their names, hierarchy and rest
+// matrices.
 #pragma once
 
 #include "tools/rig/Rig.h"
@@ -10,7 +11,7 @@
 
 namespace Tolvane::Tools {
 
-// Throws Error where there are more joints than any rig has. `path` is for that alone.
+// Throws Error, which names `path`, if there are more joints than any real rig has.
 std::vector<Joint> jointsOf(const aiScene& scene, const std::string& path);
 
 }  // namespace Tolvane::Tools

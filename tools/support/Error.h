@@ -1,5 +1,5 @@
-// Why `tolvane` cannot do what it was asked for: bad usage, or a file that cannot be read or
-// written. One line for the user; the program ends with status 2.
+// The reason why `tolvane` cannot do what it was asked to: bad usage, or a file that cannot be read
+// or written. It is one line for the user, and the program ends with status 2.
 #pragma once
 
 #include <stdexcept>

@@ -1,4 +1,4 @@
-// Text from files and from other people's libraries, made fit to stand in one line of a terminal.
+// Makes text from files and from other people's libraries safe to print in one line of a terminal.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace Tolvane::Tools {
 
-// Each run of control characters and blanks becomes one blank, those at the ends none.
+// Each run of control characters and blanks becomes one blank; those at both ends are dropped.
 std::string oneLine(std::string_view text);
 
 }  // namespace Tolvane::Tools

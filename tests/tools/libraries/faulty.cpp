@@ -1,5 +1,5 @@
-// A translation library that passes everything on to the plugin, except where TOLVANE_TEST_FAULT
-// says what it gets wrong.
+// A translation library that passes everything on to the plugin, except for the one mistake that
+// TOLVANE_TEST_FAULT in the environment names.
 #include <OpenVornik/VArrayDataHandle.h>
 #include <OpenVornik/VGlobal.h>
 #include <TavrikGraph/Executor/TranslationLibrary.h>

@@ -1,4 +1,4 @@
-// A translation library whose factory has nothing to give.
+// A translation library whose factory returns null.
 extern "C" __attribute__((visibility("default"))) void* createTavrikTypeTranslation() {
     return nullptr;
 }

@@ -1,8 +1,8 @@
 // `tolvane run` on damaged files of every format: whatever a reader makes of them, the program ends
-// in time and orderly, and a picture is there whole or not at all.
+// in time and orderly, and its picture is either whole or not there.
 //
-// TOLVANE_BAD_RIGS=A:B in the environment takes the seeds A to B for each kind of damage to each
-// format, not the few that are taken without.
+// Each kind of damage is done to each format with the seeds 1 to 10, or with the seeds A to B if
+// TOLVANE_BAD_RIGS=A:B is in the environment.
 #include "tests/tools/Damage.h"
 #include "tests/tools/RigFormats.h"
 #include "tests/tools/TemporaryFolder.h"
@@ -10,11 +10,13 @@
 #include "tools/rig/FrameRange.h"
 #include "tools/rig/LoadRig.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 namespace {
 
@@ -30,13 +32,14 @@ Tolvane::Tools::FrameRange seeds() {
     return Tolvane::Tools::parseFrameRange(asked ? asked : "1:10");
 }
 
-// Keeps a file that made trouble, and what belongs to it, and tells how to see the trouble again.
+// Keeps a file that the test fails on, with the files that it refers to, in a new folder. Returns
+// the command that runs it again.
 std::string kept(const std::string& file, const std::string& name) {
-    const fs::path place = fs::temp_directory_path() / "tolvane-bad-rigs" / name;
-    fs::remove_all(place);
-    fs::create_directories(place.parent_path());
+    std::string pattern = (fs::temp_directory_path() / ("tolvane-" + name + ".XXXXXX")).string();
+    if (!mkdtemp(pattern.data())) return "no folder could be made to keep " + name;
+    const fs::path place = pattern;
     fs::copy(fs::path(file).parent_path(), place);
-    return "See it again: " TOLVANE " run " + quoted((place / fs::path(file).filename()).string()) +
+    return "Run it again: " TOLVANE " run " + quoted((place / fs::path(file).filename()).string()) +
            " --frames 0:0 --churn --svg " + quoted((place / "picture.svg").string());
 }
 
@@ -53,7 +56,7 @@ void expectOneLine(const std::string& errors, const std::string& file) {
 void runDamaged(const std::string& file) {
     const TemporaryFolder pictures;
     const std::string picture = pictures.write("picture.svg", kFormerPicture);
-    // A file may have come to announce a million frames.
+    // Only one frame: the damage may have turned the number of frames into a million.
     const TolvaneProcess run =
         runTolvane({"run", file, "--frames", "0:0", "--churn", "--svg", picture});
     EXPECT_THAT(run.status, AnyOf(0, 2)) << run.errors;
@@ -67,14 +70,15 @@ void runDamaged(const std::string& file) {
     }
 }
 
-class RigFormats : public testing::TestWithParam<RigFormat> {};
+class TolvaneRunOnUndamagedRig : public testing::TestWithParam<RigFormat> {};
 
 std::string nameOfFormat(const testing::TestParamInfo<RigFormat>& info) { return info.param.name; }
 
-INSTANTIATE_TEST_SUITE_P(Format, RigFormats, testing::ValuesIn(rigFormats()), nameOfFormat);
+INSTANTIATE_TEST_SUITE_P(EachFormat, TolvaneRunOnUndamagedRig, testing::ValuesIn(rigFormats()),
+                         nameOfFormat);
 
-// Otherwise the damaged ones would all be refused for what the undamaged one lacks.
-TEST_P(RigFormats, AnUndamagedFileIsReadIfItsReaderTakesIt) {
+// If an undamaged file were refused, the refusal of damaged ones would show nothing.
+TEST_P(TolvaneRunOnUndamagedRig, ReadsWhatTheReaderOfItsFormatCan) {
     const TemporaryFolder folder;
     const std::string file = writeExample(GetParam(), folder.path(""));
     const bool isRead = GetParam().readAgain != RigFormat::Readable::Nothing;
@@ -84,19 +88,19 @@ TEST_P(RigFormats, AnUndamagedFileIsReadIfItsReaderTakesIt) {
     EXPECT_EQ(Tolvane::Tools::loadRig(file).frameCount > 1, moves);
 }
 
-class BadRig : public testing::TestWithParam<std::tuple<RigFormat, Damage>> {};
+class TolvaneRunOnDamagedRig : public testing::TestWithParam<std::tuple<RigFormat, Damage>> {};
 
-std::string nameOfCase(const testing::TestParamInfo<BadRig::ParamType>& info) {
+std::string nameOfCase(const testing::TestParamInfo<TolvaneRunOnDamagedRig::ParamType>& info) {
     const auto& [format, damage] = info.param;
     return std::string(format.name) + damage.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Damaged, BadRig,
+INSTANTIATE_TEST_SUITE_P(EachDamage, TolvaneRunOnDamagedRig,
                          testing::Combine(testing::ValuesIn(rigFormats()),
                                           testing::ValuesIn(damages())),
                          nameOfCase);
 
-TEST_P(BadRig, IsRunOrRefused) {
+TEST_P(TolvaneRunOnDamagedRig, EitherSucceedsOrRefusesIt) {
     const auto& [format, damage] = GetParam();
     const TemporaryFolder folder;
     const std::string file = writeExample(format, folder.path(""));

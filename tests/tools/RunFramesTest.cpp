@@ -13,7 +13,7 @@ namespace {
 
 using namespace Tolvane::Tools;
 
-class Run : public testing::Test {
+class RunFrames : public testing::Test {
 protected:
     RunResult runWith(const RunOptions& options, const RunListener& listener = {}) {
         return runFrames(rig, library.translation(), options, listener);
@@ -30,7 +30,7 @@ protected:
     TavrikGraph::Executor::TranslationLibrary library{PLUGIN};
 };
 
-TEST_F(Run, EvaluatesEachFrameAndFindsAllEqual) {
+TEST_F(RunFrames, EvaluatesEachFrameAndFindsAllEqual) {
     const RunResult result = runWith({});
     EXPECT_EQ(result.evaluated, 4U);
     EXPECT_EQ(result.types.size(), 14U);
@@ -39,7 +39,7 @@ TEST_F(Run, EvaluatesEachFrameAndFindsAllEqual) {
     EXPECT_TRUE(result.ok());
 }
 
-TEST_F(Run, TellsOfItsPortsAndOfEachEvaluation) {
+TEST_F(RunFrames, TellsItsListenerOfItsPortsAndOfEachEvaluation) {
     std::vector<std::string> ports;
     std::vector<std::size_t> progress;
     runWith({}, {[&](const RoundTrip& roundTrip) { ports = roundTrip.portNames(); },
@@ -53,7 +53,7 @@ TEST_F(Run, TellsOfItsPortsAndOfEachEvaluation) {
     EXPECT_EQ(progress, (std::vector<std::size_t>{1, 2, 3, 4}));
 }
 
-TEST_F(Run, SnapshotsHoldWhatCameOutInTheirFrame) {
+TEST_F(RunFrames, TakesSnapshotsOfWhatCameOutInTheirFrame) {
     RunOptions options;
     options.draw = true;
     options.frames = FrameRange{1, 3};
@@ -66,7 +66,7 @@ TEST_F(Run, SnapshotsHoldWhatCameOutInTheirFrame) {
     }
 }
 
-TEST_F(Run, SnapshotsAreSpreadOverManyFrames) {
+TEST_F(RunFrames, SpreadsSnapshotsOverManyFrames) {
     LoadOptions load;
     load.framesPerSecond = 1000;
     rig = loadRig(folder.path("rig.bvh"), load);
@@ -76,7 +76,7 @@ TEST_F(Run, SnapshotsAreSpreadOverManyFrames) {
               (std::vector<std::size_t>{0, 42, 85, 128, 171, 214, 257, 300}));
 }
 
-TEST_F(Run, UnderChurnSnapshotsHaveAllJoints) {
+TEST_F(RunFrames, TakesSnapshotsWithAllJointsUnderChurn) {
     RunOptions options;
     options.draw = true;
     options.churn = true;
@@ -85,7 +85,7 @@ TEST_F(Run, UnderChurnSnapshotsHaveAllJoints) {
     EXPECT_EQ(result.snapshots[0].worlds.size(), 5U);
 }
 
-TEST_F(Run, UnderChurnFewFramesAreGoneThroughAgain) {
+TEST_F(RunFrames, GoesThroughFewFramesAgainUnderChurn) {
     RunOptions options;
     options.churn = true;
     options.frames = FrameRange{2, 2};
@@ -95,7 +95,7 @@ TEST_F(Run, UnderChurnFewFramesAreGoneThroughAgain) {
     EXPECT_TRUE(runWith(options).ok());
 }
 
-TEST_F(Run, EvaluatesAsOftenAsAsked) {
+TEST_F(RunFrames, EvaluatesAsOftenAsAsked) {
     RunOptions options;
     options.evaluations = 10;
     options.frames = FrameRange{1, 3};
@@ -107,12 +107,18 @@ TEST_F(Run, EvaluatesAsOftenAsAsked) {
     EXPECT_EQ(runWith(options).evaluated, 1U);
 }
 
-TEST_F(Run, GoesThroughTheFramesAgainWhereMoreEvaluationsAreAsked) {
+TEST_F(RunFrames, GoesThroughTheFramesAgainForMoreEvaluations) {
     RunOptions options;
     options.evaluations = 5;
     options.frames = FrameRange{1, 3};
     options.draw = true;
     EXPECT_EQ(framesDrawn(runWith(options)), (std::vector<std::size_t>{1, 2, 3, 1, 2}));
+}
+
+TEST_F(RunFrames, RefusesFramesThatTheRigLacks) {
+    RunOptions options;
+    options.frames = FrameRange{3, 4};
+    EXPECT_THROW(runWith(options), Error);
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
-// What `tolvane` says of requests that it cannot carry out: one line that names the culprit, status
-// 2, and nothing left behind.
+// How `tolvane run` refuses requests that it cannot carry out: with one line that names the culprit
+// and the cause, status 2, and nothing left behind.
 
-#include "tests/tools/SampleRigs.h"
-#include "tests/tools/TolvaneProcess.h"
+#include "tests/tools/TolvaneRun.h"
 
 #include <filesystem>
 
@@ -14,44 +13,26 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-class Refusal : public testing::Test {
-protected:
-    // Each bad request in the plain and in the JSON form.
-    void expectRefusal(std::vector<std::string> arguments, const std::string& culprit,
-                       const std::string& cause) {
-        for (const bool json : {false, true}) {
-            if (json) arguments.push_back("--json");
-            const TolvaneProcess process = runTolvane(arguments);
-            EXPECT_EQ(process.status, 2);
-            EXPECT_EQ(process.output, "");
-            EXPECT_THAT(process.errors, StartsWith("tolvane: "));
-            EXPECT_THAT(process.errors, HasSubstr(culprit));
-            EXPECT_THAT(process.errors, HasSubstr(cause));
-            EXPECT_EQ(process.errors.find('\n'), process.errors.size() - 1) << process.errors;
-        }
+// Makes each request both without and with --json.
+void expectRefusal(std::vector<std::string> arguments, const std::string& culprit,
+                   const std::string& cause) {
+    for (const bool json : {false, true}) {
+        if (json) arguments.push_back("--json");
+        const TolvaneProcess process = runTolvane(arguments);
+        EXPECT_EQ(process.status, 2);
+        EXPECT_EQ(process.output, "");
+        EXPECT_THAT(process.errors, StartsWith("tolvane: "));
+        EXPECT_THAT(process.errors, HasSubstr(culprit));
+        EXPECT_THAT(process.errors, HasSubstr(cause));
+        EXPECT_EQ(process.errors.find('\n'), process.errors.size() - 1) << process.errors;
     }
-
-    std::string rig() const { return folder.write("rig.bvh", sampleBvh()); }
-    std::string emptyFile() const { return folder.write("empty.bvh", ""); }
-
-    TemporaryFolder folder;
-};
-
-TEST_F(Refusal, OfNoCommand) {
-    const TolvaneProcess process = runTolvane({});
-    EXPECT_EQ(process.status, 2);
-    EXPECT_EQ(process.output, "");
-    EXPECT_EQ(process.errors,
-              "tolvane: a command is missing; \"tolvane run\" runs the bundled example\n");
 }
 
-TEST_F(Refusal, OfAnUnknownCommand) { expectRefusal({"walk"}, "walk", "not expected"); }
-
-TEST_F(Refusal, OfAnUnknownOption) {
+TEST_F(TolvaneRun, RefusesAnUnknownOption) {
     expectRefusal({"run", rig(), "--fast"}, "--fast", "not expected");
 }
 
-TEST_F(Refusal, OfAnOptionWithoutItsValue) {
+TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
     for (const char* option : {"--frames", "--fps", "--svg", "--plugin", "--animation"}) {
         const TolvaneProcess process = runTolvane({"run", option});
         EXPECT_EQ(process.status, 2);
@@ -60,95 +41,104 @@ TEST_F(Refusal, OfAnOptionWithoutItsValue) {
     }
 }
 
-TEST_F(Refusal, OfASecondFile) { expectRefusal({"run", rig(), "b.bvh"}, "b.bvh", "not expected"); }
+TEST_F(TolvaneRun, RefusesASecondFile) {
+    expectRefusal({"run", rig(), "b.bvh"}, "b.bvh", "not expected");
+}
 
-TEST_F(Refusal, OfAMissingFile) {
+TEST_F(TolvaneRun, RefusesAMissingFile) {
     expectRefusal({"run", folder.path("none.bvh")}, folder.path("none.bvh"), "no such file");
 }
 
-TEST_F(Refusal, OfAFolder) { expectRefusal({"run", folder.path("")}, folder.path(""), "folder"); }
-
-TEST_F(Refusal, OfADevice) { expectRefusal({"run", "/dev/null"}, "/dev/null", "no ordinary file"); }
-
-TEST_F(Refusal, OfAnEmptyFile) { expectRefusal({"run", emptyFile()}, emptyFile(), "is empty"); }
-
-TEST_F(Refusal, OfAFileThatIsNoRig) {
-    const std::string file = folder.write("notes.txt", "Remember the milk.\n");
-    expectRefusal({"run", file}, file, "is no rig");
+TEST_F(TolvaneRun, RefusesAFolder) {
+    expectRefusal({"run", folder.path("")}, folder.path(""), "folder");
 }
 
-TEST_F(Refusal, OfATruncatedRig) {
+TEST_F(TolvaneRun, RefusesADevice) {
+    expectRefusal({"run", "/dev/null"}, "/dev/null", "is not a regular file");
+}
+
+TEST_F(TolvaneRun, RefusesAnEmptyFile) {
+    const std::string file = folder.write("empty.bvh", "");
+    expectRefusal({"run", file}, file, "is empty");
+}
+
+TEST_F(TolvaneRun, RefusesAFileThatIsNotARig) {
+    const std::string file = folder.write("notes.txt", "Remember the milk.\n");
+    expectRefusal({"run", file}, file, "is not a rig file");
+}
+
+TEST_F(TolvaneRun, RefusesATruncatedRig) {
     const std::string file =
         folder.write("cut.bvh", sampleBvh().substr(0, sampleBvh().size() - 20));
     expectRefusal({"run", file}, file, "cannot be read");
 }
 
-TEST_F(Refusal, OfACorruptedRig) {
+TEST_F(TolvaneRun, RefusesACorruptedRig) {
     std::string text = sampleGltf();
     text.replace(text.find("base64,") + 20, 4, "\x80\x81!?");
     const std::string file = folder.write("rig.gltf", text);
     expectRefusal({"run", file}, file, "cannot be read");
 }
 
-TEST_F(Refusal, OfAFileThatNestsTooDeepForItsReader) {
+TEST_F(TolvaneRun, RefusesAFileThatNestsTooDeepForItsReader) {
     std::string text = "HIERARCHY\nROOT a\n{\nOFFSET 0 0 0\nCHANNELS 0\n";
     for (int i = 0; i < 200'000; ++i) text += "JOINT a\n{\nOFFSET 0 0 0\nCHANNELS 0\n";
     const std::string file = folder.write("deep.bvh", text);
     expectRefusal({"run", file}, file, "");
 }
 
-TEST_F(Refusal, OfANameThatWouldBreakTheLine) {
+TEST_F(TolvaneRun, RefusesAFileWhoseNameHasALineBreakInOneLine) {
     expectRefusal({"run", "two\nlines.bvh"}, "two lines.bvh", "no such file");
 }
 
-TEST_F(Refusal, OfFramesOutOfRange) {
+TEST_F(TolvaneRun, RefusesFramesThatTheRigLacks) {
     expectRefusal({"run", rig(), "--frames", "2:4"}, rig(), "0:3");
     expectRefusal({"run", rig(), "--frames", "9:9"}, "9:9", "0:3");
 }
 
-TEST_F(Refusal, OfAReversedOrMalformedRange) {
+TEST_F(TolvaneRun, RefusesAReversedOrMalformedRange) {
     expectRefusal({"run", rig(), "--frames", "3:1"}, "3:1", "ends before it begins");
     expectRefusal({"run", rig(), "--frames", "1-3"}, "1-3", "A:B");
     expectRefusal({"run", rig(), "--frames", ""}, "--frames", "A:B");
 }
 
-TEST_F(Refusal, OfARateThatIsNone) {
+TEST_F(TolvaneRun, RefusesARateThatIsNotPositive) {
     for (const char* rate : {"0", "-5", "nan", "inf", "fast", "5x", ""})
         expectRefusal({"run", rig(), std::string("--fps=") + rate}, "--fps", "");
 }
 
-TEST_F(Refusal, OfAnUnknownAnimationNamesThoseThatThereAre) {
+TEST_F(TolvaneRun, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {
     const std::string file = folder.write("rig.gltf", sampleGltf());
     expectRefusal({"run", file, "--animation", "run"}, file, "only \"move\", \"still\"");
 }
 
-TEST_F(Refusal, OfALibraryThatIsMissing) {
+TEST_F(TolvaneRun, RefusesAMissingLibrary) {
     expectRefusal({"run", rig(), "--plugin", "none.so"}, "none.so", "no such file");
 }
 
-TEST_F(Refusal, OfALibraryThatIsNone) {
+TEST_F(TolvaneRun, RefusesAFileThatIsNotALibrary) {
     expectRefusal({"run", rig(), "--plugin", rig()}, rig(), "cannot be loaded");
 }
 
-TEST_F(Refusal, OfALibraryWithoutTheFactory) {
+TEST_F(TolvaneRun, RefusesALibraryWithoutTheFactory) {
     expectRefusal({"run", rig(), "--plugin", LIBRARY_WITHOUT_FACTORY}, LIBRARY_WITHOUT_FACTORY,
                   "no translation library");
 }
 
-TEST_F(Refusal, OfALibraryWhoseFactoryGivesNothing) {
+TEST_F(TolvaneRun, RefusesALibraryWhoseFactoryGivesNothing) {
     expectRefusal({"run", rig(), "--plugin", LIBRARY_GIVING_NULL}, LIBRARY_GIVING_NULL,
                   "returned null");
 }
 
-TEST_F(Refusal, OfAPictureWhereNoneCanBeWritten) {
+TEST_F(TolvaneRun, RefusesAPictureThatCannotBeWritten) {
     const std::string missing = folder.path("missing/out.svg");
     expectRefusal({"run", rig(), "--svg", missing}, missing, "no such folder");
     expectRefusal({"run", rig(), "--svg", folder.path("")}, folder.path(""), "folder");
-    expectRefusal({"run", rig(), "--svg", "/dev/null"}, "/dev/null", "no ordinary file");
+    expectRefusal({"run", rig(), "--svg", "/dev/null"}, "/dev/null", "is not a regular file");
 }
 
-// By whatever spelling of its path, and by either kind of link.
-TEST_F(Refusal, OfAPictureOverAFileThatIsRead) {
+// However its path is spelled, and through either kind of link.
+TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
     namespace fs = std::filesystem;
     const std::string file = rig(), plugin = folder.path("plugin.so");
     fs::copy_file(PLUGIN, plugin);
@@ -174,7 +164,7 @@ TEST_F(Refusal, OfAPictureOverAFileThatIsRead) {
     EXPECT_EQ(folder.fileCount(), 3U);
 }
 
-TEST_F(Refusal, OfAPictureOverAFileThatTheRigRefersTo) {
+TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {
     const std::string colours = folder.write("colours.mtl", "newmtl red\nKd 1 0 0\n");
     const std::string file = folder.write(
         "rig.obj", "mtllib colours.mtl\nusemtl red\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
@@ -183,9 +173,9 @@ TEST_F(Refusal, OfAPictureOverAFileThatTheRigRefersTo) {
     EXPECT_EQ(readFile(colours), "newmtl red\nKd 1 0 0\n");
 }
 
-TEST_F(Refusal, LeavesNoPictureBehind) {
+TEST_F(TolvaneRun, LeavesNoPictureBehindWhenItRefuses) {
     const std::string picture = folder.write("old.svg", "an old picture");
-    const std::string empty = emptyFile();
+    const std::string empty = folder.write("empty.bvh", "");
     runTolvane({"run", empty, "--svg", picture});
     runTolvane({"run", empty, "--svg", folder.path("new.svg")});
     EXPECT_EQ(readFile(picture), "an old picture");

@@ -1,0 +1,36 @@
+#include "tools/report/Table.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace Tolvane::Tools;
+
+TEST(Table, AlignsNumbersToTheRightByCharactersAndNotByBytes) {
+    Table table({"Name", "Time"});
+    table.addRow({"a", "12.5 µs"});
+    table.addRow({"longer", "3 µs"});
+    std::ostringstream out;
+    table.print(out);
+    EXPECT_EQ(out.str(),
+              "Name        Time\n"
+              "------   -------\n"
+              "a        12.5 µs\n"
+              "longer      3 µs\n");
+}
+
+TEST(Table, GroupsNumbersByThousands) {
+    EXPECT_EQ(grouped(0), "0");
+    EXPECT_EQ(grouped(999), "999");
+    EXPECT_EQ(grouped(1000), "1,000");
+    EXPECT_EQ(grouped(1234567), "1,234,567");
+}
+
+TEST(Table, WrapsAndIndentsParagraphs) {
+    EXPECT_EQ(wrapped("aa bb cc", 2, 7), "  aa bb\n  cc");
+    EXPECT_EQ(wrapped("aaaaaaaaaa b", 1, 5), " aaaaaaaaaa\n b");
+}
+
+}  // namespace

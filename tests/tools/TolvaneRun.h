@@ -1,0 +1,16 @@
+// What the tests of `tolvane run` share: a folder of their own, and a small rig in it.
+#pragma once
+
+#include "tests/tools/SampleRigs.h"
+#include "tests/tools/TolvaneProcess.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+class TolvaneRun : public testing::Test {
+protected:
+    std::string rig() const { return folder.write("rig.bvh", sampleBvh()); }
+
+    TemporaryFolder folder;
+};

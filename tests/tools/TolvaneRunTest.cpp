@@ -1,0 +1,226 @@
+// `tolvane run` from outside, with the built plugin.
+
+#include "tests/tools/TolvaneRun.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using testing::AllOf;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::SizeIs;
+using Json = nlohmann::ordered_json;
+
+std::vector<std::string> keysOf(const Json& object) {
+    std::vector<std::string> keys;
+    for (const auto& item : object.items()) keys.push_back(item.key());
+    return keys;
+}
+
+Json jsonOf(std::vector<std::string> arguments, int status = 0, const std::string& fault = "") {
+    arguments.insert(arguments.begin(), "run");
+    arguments.push_back("--json");
+    const TolvaneProcess process = runTolvane(arguments, "TOLVANE_TEST_FAULT=" + fault);
+    EXPECT_EQ(process.status, status);
+    EXPECT_EQ(process.errors, "");
+    return Json::parse(process.output);
+}
+
+Json result(const Json& report, const std::string& typeName) {
+    for (const Json& type : report["types"])
+        if (type["name"] == typeName) return type;
+    return {};
+}
+
+TEST_F(TolvaneRun, PrintsItsHelp) {
+    const TolvaneProcess process = runTolvane({"run", "--help"});
+    EXPECT_EQ(process.status, 0);
+    EXPECT_EQ(process.errors, "");
+    for (const char* option :
+         {"--frames", "--fps", "--animation", "--churn", "--svg", "--json", "--plugin"})
+        EXPECT_THAT(process.output, HasSubstr(option));
+}
+
+TEST_F(TolvaneRun, RunsTheBundledExampleIfNoFileIsNamed) {
+    const TolvaneProcess process = runTolvane({"run"});
+    EXPECT_EQ(process.status, 0);
+    EXPECT_EQ(process.errors, "");
+    EXPECT_THAT(process.output, HasSubstr("walk.bvh"));
+    EXPECT_THAT(process.output, HasSubstr("31 joints in 13 limbs, 60 frames at 30 per second"));
+    EXPECT_THAT(process.output, HasSubstr("60 evaluations"));
+    EXPECT_THAT(process.output, HasSubstr("all came back as they went in."));
+}
+
+TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
+    const Json report = jsonOf({rig()});
+    EXPECT_THAT(keysOf(report), ElementsAre("plugin", "rig", "types", "hostMessages", "evaluated",
+                                            "mismatches", "ok"));
+    EXPECT_THAT(keysOf(report["plugin"]), ElementsAre("path", "name", "types"));
+    EXPECT_THAT(keysOf(report["rig"]), ElementsAre("file", "joints", "limbs", "frames", "fps"));
+    ASSERT_THAT(report["types"], SizeIs(14));
+    for (const Json& type : report["types"])
+        EXPECT_THAT(keysOf(type), ElementsAre("name", "attributes", "leavesCompared", "mismatches",
+                                              "nsFromHost", "nsToHost"));
+}
+
+TEST_F(TolvaneRun, PrintsWhatWasLoadedAndFoundAsJson) {
+    const Json report = jsonOf({rig(), "--frames", "1:2"});
+    EXPECT_EQ(report["plugin"]["name"], "Rigging Translation Table");
+    EXPECT_THAT(report["plugin"]["types"], SizeIs(14));
+    EXPECT_EQ(report["rig"]["file"], rig());
+    EXPECT_EQ(report["rig"]["joints"], 5);
+    EXPECT_EQ(report["rig"]["limbs"], 4);
+    EXPECT_EQ(report["rig"]["frames"], 4);
+    EXPECT_EQ(report["rig"]["fps"], 10);
+    EXPECT_EQ(report["hostMessages"], Json::array());
+    EXPECT_EQ(report["evaluated"], 2);
+    EXPECT_EQ(report["mismatches"], 0);
+    EXPECT_EQ(report["ok"], true);
+}
+
+// Five joints in four limbs, evaluated once. The counts of attributes and leaves follow from the
+// members of the records.
+TEST_F(TolvaneRun, ComparesEveryLeafOfEveryType) {
+    const Json report = jsonOf({rig(), "--frames", "0:0"});
+    const auto expect = [&](const std::string& name, int attributes, int leaves, int arrayLeaves) {
+        EXPECT_EQ(result(report, name)["attributes"], attributes) << name;
+        EXPECT_EQ(result(report, name)["leavesCompared"], leaves) << name;
+        EXPECT_EQ(result(report, "array<" + name + ">")["leavesCompared"], arrayLeaves) << name;
+        EXPECT_GT(result(report, name)["nsFromHost"], 0) << name;
+        EXPECT_GT(result(report, name)["nsToHost"], 0) << name;
+    };
+    const int named = 5 * (1 + 8);
+    const int pins = 5 * 2;
+    const int joints = pins + named;
+    const int controls = joints + 5;
+    expect("Core::Transform::Transform", 1 + 8, 8, 4 * 8);
+    expect("Rigging::Module::NamedTransforms", 1 + 1 + 9, named, named);
+    expect("Rigging::Module::Pins", 1 + 2, pins, pins);
+    expect("Rigging::Module::InputsJoints", 1 + 2 + 11, joints, joints);
+    expect("Rigging::Module::InputsControls", 1 + 3 + 11, controls, controls);
+    expect("Rigging::Module::Inputs", 1 + 3 + 14 + 2 * 15 + 2, pins + joints + controls,
+           pins + joints + controls);
+    expect("Rigging::Module::Outputs", 1 + 1 + 3 + 3 * 11 + 2, 1 + pins + 2 * named,
+           4 + pins + 2 * named);
+}
+
+TEST_F(TolvaneRun, GoesThroughAllSharesUnderChurnHoweverFewFramesThereAre) {
+    const std::string still = folder.write("still.bvh", stillBvh());
+    EXPECT_EQ(jsonOf({still})["evaluated"], 1);
+    const Json report = jsonOf({still, "--churn"});
+    EXPECT_EQ(report["evaluated"], 4);
+    EXPECT_EQ(report["ok"], true);
+    // The four shares of five joints.
+    EXPECT_EQ(result(report, "Rigging::Module::Pins")["leavesCompared"], 2 * (5 + 0 + 2 + 3));
+}
+
+TEST_F(TolvaneRun, SamplesAtTheRateOfTheFpsOption) {
+    const Json report = jsonOf({rig(), "--fps", "20"});
+    EXPECT_EQ(report["rig"]["fps"], 20);
+    EXPECT_EQ(report["rig"]["frames"], 7);
+    EXPECT_EQ(report["evaluated"], 7);
+}
+
+TEST_F(TolvaneRun, ReadsGltf) {
+    const Json report = jsonOf({folder.write("rig.gltf", sampleGltf())});
+    EXPECT_EQ(report["rig"]["joints"], 2);
+    EXPECT_EQ(report["evaluated"], 31);
+    EXPECT_EQ(report["ok"], true);
+}
+
+TEST_F(TolvaneRun, PrintsATableWithARowForEachType) {
+    const std::string output = runTolvane({"run", rig()}).output;
+    std::istringstream lines(output.substr(output.find("Graph type")));
+    std::string head, rule, row;
+    std::getline(lines, head);
+    EXPECT_THAT(head, AllOf(HasSubstr("Attributes"), HasSubstr("Leaves"), HasSubstr("From host"),
+                            HasSubstr("To host"), HasSubstr("Mismatches")));
+    std::getline(lines, rule);
+    int rows = 0;
+    while (std::getline(lines, row) && !row.empty()) {
+        EXPECT_THAT(row, AllOf(HasSubstr("::"), HasSubstr(" µs "), testing::EndsWith(" 0")));
+        ++rows;
+    }
+    EXPECT_EQ(rows, 14);
+}
+
+TEST_F(TolvaneRun, ShowsNoProgressWhereThereIsNoTerminal) {
+    const TolvaneProcess process = runTolvane({"run", rig()});
+    EXPECT_EQ(process.errors, "");
+    EXPECT_EQ(process.output.find('\r'), std::string::npos);
+}
+
+TEST_F(TolvaneRun, WritesAPictureBesideTheReport) {
+    const std::string picture = folder.path("out.svg");
+    const std::string file = rig();
+    EXPECT_EQ(jsonOf({file, "--svg", picture})["ok"], true);
+    EXPECT_THAT(readFile(picture), testing::StartsWith("<svg "));
+    EXPECT_EQ(folder.fileCount(), 2U);
+}
+
+TEST_F(TolvaneRun, FailsIfTheReportCannotBeWritten) {
+    const std::string command =
+        quoted(TOLVANE) + " run " + quoted(rig()) + " >/dev/full 2>" + quoted(folder.path("err"));
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
+    EXPECT_EQ(readFile(folder.path("err")), "tolvane: standard output: cannot be written to\n");
+}
+
+// ---- Libraries that translate wrongly ----
+
+class TolvaneRunWithFaultyLibrary : public TolvaneRun,
+                                    public testing::WithParamInterface<const char*> {};
+
+TEST_P(TolvaneRunWithFaultyLibrary, ReportsMismatchesAndFails) {
+    const std::vector<std::string> arguments{rig(), "--plugin", FAULTY_LIBRARY};
+    const Json report = jsonOf(arguments, 1, GetParam());
+    EXPECT_EQ(report["ok"], false);
+    EXPECT_GT(report["mismatches"], 0);
+    EXPECT_GT(result(report, "Rigging::Module::Pins")["mismatches"], 0);
+    EXPECT_EQ(result(report, "Rigging::Module::Inputs")["mismatches"], 0);
+
+    const TolvaneProcess process = runTolvane({"run", rig(), "--plugin", FAULTY_LIBRARY},
+                                              std::string("TOLVANE_TEST_FAULT=") + GetParam());
+    EXPECT_EQ(process.status, 1);
+    EXPECT_THAT(process.output, HasSubstr("FAILED"));
+    EXPECT_THAT(process.output, HasSubstr("First mismatch of Rigging::Module::Pins: "));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachFault, TolvaneRunWithFaultyLibrary,
+                         testing::Values("writes a wrong name", "writes nothing",
+                                         "writes only once", "refuses to write", "reads nothing",
+                                         "adds no port"));
+
+TEST_F(TolvaneRun, FindsOutputsThatAreRightOnlyBecauseAnEarlierFrameWroteThem) {
+    const std::string waiting = folder.write("rig.bvh", waitingBvh());
+    const Json report = jsonOf({waiting, "--plugin", FAULTY_LIBRARY}, 1, "writes only once");
+    // In the second frame, every name and matrix of five pins.
+    EXPECT_EQ(report["evaluated"], 2);
+    EXPECT_EQ(report["mismatches"], 5 * 2);
+}
+
+TEST_F(TolvaneRun, TakesAFaultlessLibraryOfAnotherName) {
+    const Json report = jsonOf({rig(), "--plugin", FAULTY_LIBRARY});
+    EXPECT_EQ(report["plugin"]["name"], "Faulty");
+    EXPECT_EQ(report["plugin"]["path"], FAULTY_LIBRARY);
+    EXPECT_EQ(report["ok"], true);
+}
+
+TEST_F(TolvaneRun, ReportsMessagesOfTheHostAndFails) {
+    const std::string fault = "shows a message";
+    const Json report = jsonOf({rig(), "--plugin", FAULTY_LIBRARY}, 1, fault);
+    EXPECT_EQ(report["mismatches"], 0);
+    EXPECT_EQ(report["ok"], false);
+    EXPECT_THAT(report["hostMessages"], SizeIs(4));
+    EXPECT_THAT(report["hostMessages"], Each(Json("Something is\nwrong")));
+
+    const TolvaneProcess process =
+        runTolvane({"run", rig(), "--plugin", FAULTY_LIBRARY}, "TOLVANE_TEST_FAULT=" + fault);
+    EXPECT_EQ(process.status, 1);
+    EXPECT_THAT(process.output, HasSubstr("The host displayed, 4 times: Something is wrong\n"));
+}
+
+}  // namespace
