@@ -1,13 +1,13 @@
 # What the scripts share: where the project is, and how it is built. Sourced, never run.
-# Everything said here goes to standard error: standard output belongs to the program being run.
+# All messages go to standard error, because standard output belongs to the program that is run.
 # shellcheck shell=bash
 set -euo pipefail
 
 root=$(CDPATH='' cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
-# configure NAME [CMAKE_OPTION...]: makes build/NAME, unless it is there, after the preset of that
-# name, or after `dev` where there is none.
-# Ninja then configures again by itself where that is needed, but knows nothing of the presets.
+# configure NAME [CMAKE_OPTION...]: configures build/NAME with the preset of that name, or with `dev`
+# if there is none. Does nothing if that was done since the presets last changed: other changes are
+# noticed by Ninja, which then configures again by itself.
 configure() {
     local folder=$root/build/$1 presets=$root/CMakePresets.json preset=$1
     if [[ $folder/build.ninja -nt $presets ]]; then return; fi

@@ -1,4 +1,4 @@
-"""scripts/check_includes, on small trees that include this and that."""
+"""scripts/check_includes, on small trees of files made here."""
 
 import subprocess
 import tempfile
@@ -7,7 +7,7 @@ from pathlib import Path
 
 CHECK = Path(__file__).parents[2] / "scripts/check_includes"
 
-# The headers that the trees have, for quoted includes to name.
+# Every tree has these headers, so that quoted includes can name them.
 HEADERS = [
     "plugin/Registry.h", "attributes/Mapping.h", "types/Pins.h", "convert/ReadRecords.h",
     "version/BuildRecord.h", "graph/Pelmor/Type.h", "graph/src/Types.h", "host/src/Node.h",
@@ -91,7 +91,7 @@ class CheckIncludes(unittest.TestCase):
         self.assert_allowed("executor", "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>", "<dlfcn.h>")
         self.assert_refused("executor", '"plugin/Registry.h"', '"types/Pins.h"')
 
-    def test_tools_never_see_the_inside_of_the_plugin(self):
+    def test_tools_must_not_include_the_inside_of_the_plugin(self):
         self.assert_allowed(
             "tools/node", "<TavrikGraph/Executor/Library.h>", "<Pelmor/Type.h>",
             "<OpenVornik/VPlug.h>", '"types/Pins.h"', '"tools/node/RoundTrip.h"',
@@ -161,7 +161,7 @@ class CheckIncludes(unittest.TestCase):
         self.assert_refused("convert", '"ReadRecords.h"', '"convert/Absent.h"', why="root$")
         self.assert_refused("tests", '"Rigs.h"', why="root$")
 
-    def test_nothing_climbs(self):
+    def test_an_include_must_not_climb(self):
         self.assert_refused("convert", '"../types/Pins.h"', "<../types/Pins.h>", why="climbs")
         self.assert_refused("tests", '"tests/../types/Pins.h"', why="climbs")
 

@@ -19,7 +19,7 @@ class CheckLibrary(unittest.TestCase):
         self.folder = Path(folder.name)
 
     def build(self, name, text, *needed):
-        """A library of this text that needs these libraries, whether it calls them or not."""
+        """Builds a library from `text` that needs the libraries `needed`, even if it does not call them."""
         library = self.folder / f"lib{name}.so"
         source = self.folder / f"{name}.cpp"
         source.write_text(text)
@@ -47,7 +47,7 @@ class CheckLibrary(unittest.TestCase):
         text = FACTORY + 'extern "C" __attribute__((weak)) void weak() {}'
         self.assert_refused(self.build("Plugin", text), "exports weak")
 
-    def test_refuses_a_factory_that_only_resembles(self):
+    def test_refuses_a_factory_whose_name_is_mangled(self):
         text = "void* createTavrikTypeTranslation() { return nullptr; }\n"
         self.assert_refused(
             self.build("Plugin", text),

@@ -1,4 +1,4 @@
-"""scripts/format, as part of a small project of its own."""
+"""scripts/format, copied into a small project made here."""
 
 import os
 import shutil

@@ -1,4 +1,4 @@
-"""scripts/setup, on a machine whose package tools are small scripts that write down their calls."""
+"""scripts/setup, on a machine whose package tools are small scripts that record their calls."""
 
 import shutil
 import subprocess
@@ -68,7 +68,7 @@ class Setup(unittest.TestCase):
         self.assertEqual((run.returncode, run.stdout), (0, ""))
         self.assert_installed("clang", "git")
 
-    def test_installs_what_was_removed_and_only_its_configuration_stayed(self):
+    def test_installs_a_package_that_was_removed_except_for_its_configuration(self):
         rest = [name for name in PACKAGES if name != "clang"]
         self.provide_apt(installed=rest)
         told = "".join(f"|{package} installed|" for package in rest)
