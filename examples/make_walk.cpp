@@ -1,6 +1,6 @@
-// Writes examples/walk.bvh to standard output: a person of thirty-one joints who walks two strides
-// in two seconds. The feet are led along the ground and the legs follow them; the rest swings with
-// them. Centimetres and degrees; up is y, forward is z, the left hand is at positive x.
+// Writes examples/walk.bvh to standard output: a person who walks two strides in two seconds. The
+// path of the feet is given and the legs are placed to reach it; trunk and arms swing along.
+// Lengths are in centimetres; y is up, z is forward, and the left hand is at positive x.
 
 #include <algorithm>
 #include <array>
@@ -36,7 +36,7 @@ Vector operator+(Vector a, Vector b) { return {a.x + b.x, a.y + b.y, a.z + b.z};
 Vector operator-(Vector a, Vector b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
 Vector operator*(double factor, Vector a) { return {factor * a.x, factor * a.y, factor * a.z}; }
 
-// Turns column vectors: the rows are those of the usual notation.
+// Multiplies column vectors from the left; m[row][column].
 struct Rotation {
     double m[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
 };
@@ -95,7 +95,7 @@ struct BodyJoint {
 };
 
 enum Place { kHips, kSpine, kWaist, kChest, kNeck, kHead, kCrown, kLeft, kRight = kLeft + 12 };
-// Of each side, counted from kLeft or kRight.
+// The joints of an arm and of a leg, counted from kLeft or kRight.
 enum SidePlace { kShoulder, kArm, kForearm, kHand, kThumb, kIndex, kRing };
 enum LegPlace { kUpperLeg = kRing + 1, kLowerLeg, kFoot, kToes, kToeTips };
 constexpr int kJoints = kRight + 12;
@@ -132,7 +132,7 @@ std::vector<BodyJoint> makeBody() {
     return body;
 }
 
-// ---- The walk. A phase is the part of a foot's stride that is over since its heel came down. ----
+// ---- The walk. A foot's phase is 0 when its heel comes down and 1 when it does again. ----
 
 double ease(double part) { return part * part * (3 - 2 * part); }
 
@@ -143,7 +143,7 @@ double blend(double phase, double begin, double end, double from, double to) {
     return from + (to - from) * ease((phase - begin) / (end - begin));
 }
 
-// How far the toes are above the heel, as an angle.
+// The angle by which the toes point up from the heel, in radians.
 double footPitch(double phase) {
     if (phase < 0.3) return blend(phase, 0, 0.1, 18, 0) * kDegree;
     if (phase < kStancePart) return blend(phase, 0.3, 0.65, 0, -58) * kDegree;
@@ -151,8 +151,8 @@ double footPitch(double phase) {
     return blend(phase, kStancePart, 0.95, atToeOff, 18) * kDegree;
 }
 
-// The ankle of a foot that rolls over its heel, its sole and its ball; `phase` is below
-// kStancePart. The foot stands flat with its ankle above z = 0.
+// The ankle of a foot on the ground, which rolls over its heel, sole and ball; `phase` is below
+// kStancePart. While the foot stands flat, its ankle is above z = 0.
 Vector stanceAnkle(double phase) {
     const double pitch = footPitch(phase);
     const double contact = pitch > 0 ? -kHeelBehindAnkle : kBallBeforeAnkle;
@@ -160,7 +160,7 @@ Vector stanceAnkle(double phase) {
     return Vector{0, 0, contact} + toAnkle;
 }
 
-// A curve from one end of the swing to the other that takes over the speed at both.
+// The ankle of a foot in the air: a curve that joins both ends of the swing at their speeds.
 Vector swingAnkle(double phase) {
     constexpr double kMoment = 1e-4;
     constexpr double kSwingPart = 1 - kStancePart;
@@ -190,7 +190,8 @@ struct Pose {
     const Angles& operator[](int joint) const { return angles[static_cast<std::size_t>(joint)]; }
 };
 
-// Two bones that reach from the hip to the ankle, the knee to the front, and a foot as it stands.
+// Bends hip and knee, the knee to the front, so that thigh and shin reach from the hip to the
+// ankle, and turns the foot to `pitch`.
 void placeLeg(Pose& pose, int side, Vector hip, Vector ankleInWorld, double pitch, double phase) {
     const Rotation hips = rotation(pose[kHips]);
     const Vector reach = inverse(hips) * (ankleInWorld - pose.hips) - hip;
@@ -262,7 +263,7 @@ Pose poseAt(double strides, const std::vector<BodyJoint>& body) {
 
 // ---- The file ----
 
-// With as many digits as every machine agrees on, and no negative zero.
+// Four digits, which come out the same on every machine, and no negative zero.
 void printNumber(double value) {
     const double rounded = std::round(value * 1e4) / 1e4;
     std::printf(" %.4f", rounded == 0 ? 0.0 : rounded);
@@ -299,7 +300,7 @@ void printJoint(const std::vector<BodyJoint>& body, int joint, int depth) {
     std::printf("%s}\n", indent.c_str());
 }
 
-// In the order in which the hierarchy is printed.
+// The angles of this joint and all below it, in the order in which the hierarchy is printed.
 void printAngles(const std::vector<BodyJoint>& body, const Pose& pose, int joint) {
     const Angles& a = pose[joint];
     for (const double angle : {a.z, a.x, a.y}) printNumber(angle / kDegree);
