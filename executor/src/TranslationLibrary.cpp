@@ -12,7 +12,7 @@ namespace {
 constexpr const char* kFactoryName = "createTavrikTypeTranslation";
 using Factory = TypeTranslation* (*)();
 
-// The loader's own words for its last failure, less the path that they often begin with.
+// The loader's own message about its last failure, without the path that it often begins with.
 std::string loaderError(std::string_view path) {
     const char* message = dlerror();
     std::string_view cause = message ? message : "the loader does not say why";

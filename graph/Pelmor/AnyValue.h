@@ -1,7 +1,6 @@
 // The graph's value holder: three words of storage and the manager function of the held type, null
 // when the holder is empty. Everything that depends on the held type is a request to that manager,
-// so a holder can be copied and destroyed by code that has never heard of its type. A holder
-// belongs to one thread at a time. [any thread]
+// so a holder can be copied and destroyed by code that does not know its type. [any thread]
 #pragma once
 
 #include <Pelmor/AnyValueManager.h>
@@ -15,8 +14,7 @@ namespace Pelmor {
 class AnyValue {
 public:
     AnyValue() noexcept : m_words() {}
-    // Holds a copy of `value`, or what was moved out of it, in place or on the heap as its type
-    // demands.
+    // A holder of a copy of `value`, or of what is moved out of it.
     template <typename T>
     static AnyValue holding(T&& value) {
         return AnyValue(std::in_place_type<std::decay_t<T>>, std::forward<T>(value));
@@ -46,8 +44,8 @@ public:
         return *static_cast<const Internal::TypeInfo*>(query.operand2);
     }
 
-    // The held value, or null where the holder holds no T. An in-place value lies in the holder, so
-    // the pointer is good no longer than the holder is.
+    // The held value, or null if the holder holds no T. Valid until the holder is changed, moved
+    // from or destroyed.
     template <typename T>
     T* getIf() noexcept {
         if (!hasValue()) return nullptr;
@@ -74,7 +72,7 @@ public:
         m_words.manager(&request);
     }
 
-    // For managers, and for who checks them.
+    // The bare words, as managers see them.
     const Internal::HolderWords& words() const noexcept { return m_words; }
 
 private:
@@ -84,7 +82,7 @@ private:
         m_words.manager = &Internal::manageHeld<Held>;
     }
 
-    // Gives this holder its first words, all of which a manager sets.
+    // Sets all words of this new holder, which are uninitialised before.
     void become(const AnyValue& source, AnyValueOp copyOrMove) {
         if (source.hasValue())
             source.give(copyOrMove, m_words);
@@ -98,8 +96,8 @@ private:
         m_words.manager(&request);
     }
 
-    // With the operand that every request has. The words that an operation does not use stay
-    // unset; braces would clear them all.
+    // A request with the one operand that every operation has. The others stay uninitialised:
+    // initialising words that the operation does not use would take time.
     AnyValueRequest about(AnyValueOp operation) const noexcept {
         AnyValueRequest request;
         request.operation = operation;

@@ -1,5 +1,5 @@
 // The protocol between a holder and the manager of the type that it holds, and the managers
-// themselves: one function per held type, made where the type is known.
+// themselves: one function per held type, instantiated where the type is known.
 #pragma once
 
 #include <Pelmor/TypeInfo.h>
@@ -22,15 +22,14 @@ enum class AnyValueOp : std::uint32_t {
     QueryType = 5
 };
 
-// Operand 1 is the holder asked about: the source of Copy and Move. What the others are depends on
-// the operation:
+// Operand 1 is the holder that is asked: for Copy and Move the source. The other operands are:
 //
-//   Copy, Move   2: the destination, whose words are overwritten unseen
+//   Copy, Move   2: the destination, whose words are overwritten without being read
 //   GetIfType    2: the identity asked for; 3: result, the held value or null
 //   Get          2: result, the held value
 //   QueryType    2: result, the identity of the held type
 //
-// A result word is null when the request is made.
+// The caller sets a result word to null before the request.
 struct AnyValueRequest {
     AnyValueOp operation;
     void* operand1;
@@ -55,12 +54,12 @@ struct HolderWords {
 
 static_assert(sizeof(HolderWords) == 4 * sizeof(void*) && offsetof(HolderWords, manager) == 24);
 
-// Clears the storage words but for their first `used` bytes.
+// Sets the storage behind its first `used` bytes to zero.
 inline void clearBehind(HolderWords& holder, std::size_t used) noexcept {
     std::memset(holder.storage + used, 0, sizeof(holder.storage) - used);
 }
 
-// A type that fits the storage words, and whose move cannot fail, lies in them.
+// For values that lie in the storage words themselves.
 template <typename T>
 struct InPlaceStorage {
     static T* held(HolderWords& holder) noexcept {
@@ -75,14 +74,14 @@ struct InPlaceStorage {
     static void move(HolderWords& source, HolderWords& destination) noexcept {
         T value(std::move(*held(source)));
         destroy(source);
-        // A compiler may drop what the move wrote into a value that is then destroyed, and the
-        // words of an emptied holder are null.
+        // An emptied holder has null words. The move wrote nulls, but an optimising compiler may
+        // drop what is written to an object just before it is destroyed.
         std::memset(source.storage, 0, sizeof(T));
         construct(destination, std::move(value));
     }
 };
 
-// Any other lies on the heap; the first word points to it.
+// For values that lie on the heap: the first word points to the value.
 template <typename T>
 struct HeapStorage {
     static T*& held(HolderWords& holder) noexcept {
@@ -104,18 +103,21 @@ private:
     }
 };
 
+// In place lies what fits the storage words, is aligned in them wherever the holder lies, and moves
+// without throwing.
 template <typename T>
 constexpr bool kHeldInPlace =
-    sizeof(T) <= sizeof(HolderWords::storage) && std::is_nothrow_move_constructible_v<T>;
+    sizeof(T) <= sizeof(HolderWords::storage) &&
+    alignof(T) <= alignof(HolderWords) && std::is_nothrow_move_constructible_v<T>;
 
 template <typename T>
 using HolderStorage = std::conditional_t<kHeldInPlace<T>, InPlaceStorage<T>, HeapStorage<T>>;
 
-// Lets what follows a condition stand where the processor gets without a jump.
+// Tells the compiler that the condition mostly holds, so that this case needs no jump.
 inline bool isExpected(bool condition) noexcept { return __builtin_expect(condition, true); }
 
-// Destroying, copying and comparing call other functions; they are kept out of the manager, which
-// so needs no stack for the rest.
+// Destroying, copying and comparing names call other functions and need a stack frame. They are not
+// inlined into the manager, so that its other requests run without one.
 template <typename T>
 [[gnu::noinline]] void destroyHeld(HolderWords& holder) {
     HolderStorage<T>::destroy(holder);
@@ -143,8 +145,8 @@ template <typename T>
         request.operand3 = static_cast<T*>(HolderStorage<T>::held(holder));
 }
 
-// Within one library it is mostly the same record, which equals itself, or one that cannot be
-// equal.
+// Decides most cases without comparing names: within one library the identity asked for is T's own
+// record, or one whose name has another length.
 template <typename T>
 void getHeldIfType(HolderWords& holder, AnyValueRequest& request) {
     const auto& wanted = *static_cast<const TypeInfo*>(request.operand2);
@@ -158,7 +160,7 @@ void getHeldIfType(HolderWords& holder, AnyValueRequest& request) {
         getHeldIfEqual<T>(holder, request);
 }
 
-// The manager of T. What is asked most comes first.
+// The manager of T. The most frequent requests are tested first.
 template <typename T>
 void manageHeld(AnyValueRequest* request) {
     auto& holder = *static_cast<HolderWords*>(request->operand1);

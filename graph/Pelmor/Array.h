@@ -1,7 +1,7 @@
 // The graph's growable array: five words, the last two of which describe the element. Storage comes
 // from the description and is returned to it; elements that have an operations entry are
-// constructed, copied, moved and destroyed through it, the others by their own operations. An array
-// belongs to one thread at a time. [any thread]
+// constructed, copied, moved and destroyed through it, the others by their own operations.
+// [any thread]
 #pragma once
 
 #include <Pelmor/Ptr.h>
@@ -161,7 +161,7 @@ private:
 
 static_assert(sizeof(Array<double>) == 5 * sizeof(void*));
 
-// What records hold and ports carry: an array that copies share.
+// An array that copies of the pointer share, as records hold it and ports carry it.
 template <typename T>
 using SharedArray = Ptr<Array<T>>;
 

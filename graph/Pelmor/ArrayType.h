@@ -7,7 +7,7 @@ namespace Pelmor {
 
 class PELMOR_API ArrayType : public Type {
 public:
-    // Throws std::invalid_argument where `type` is no array.
+    // Throws std::invalid_argument if `type` is no array.
     explicit ArrayType(const Type& type);
 
     // May be an array itself.

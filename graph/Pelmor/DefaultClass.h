@@ -7,8 +7,8 @@
 
 namespace Pelmor::Internal {
 
-// The default object of T, made at the first call; never null, and good while the library is
-// loaded. [any thread]
+// The default object of T, made at the first call; never null, and valid while the library
+// is loaded. [any thread]
 template <typename T>
 const Ptr<T>& getDefaultClass();
 

@@ -1,5 +1,4 @@
-// Named entities in the order in which they were added, each name once. [any thread], as long as
-// each list belongs to one.
+// Named entities in the order in which they were added, each name once. [any thread]
 #pragma once
 
 #include <Pelmor/String.h>
@@ -12,14 +11,14 @@ namespace Pelmor {
 template <typename Entity>
 class EntityIndexedList {
 public:
-    // False, and nothing is added, where the list has an entity of that name.
+    // False, and nothing is added, if the list has an entity of that name.
     bool add(const Entity& entity) {
         if (find(entity.getFullyQualifiedName())) return false;
         m_entities.push_back(entity);
         return true;
     }
 
-    // Null where there is none. Good until the next `add`.
+    // Null if there is none. Valid until the next `add`.
     const Entity* find(const String& fullyQualifiedName) const {
         for (const Entity& entity : m_entities)
             if (entity.getFullyQualifiedName() == fullyQualifiedName) return &entity;

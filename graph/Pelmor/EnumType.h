@@ -13,7 +13,7 @@ public:
     class Enumeration;
     using EnumerationIterator = BidirectionalIterator<const Enumeration, EnumType, 2>;
 
-    // Throws std::invalid_argument where `type` is no enum.
+    // Throws std::invalid_argument if `type` is no enum.
     explicit EnumType(const Type& type);
 
     EnumerationIterator begin() const;

@@ -1,5 +1,5 @@
-// The iterators that views of types hand out. They are good while the view lives, and compare only
-// with iterators of the same view.
+// The iterators that views of types hand out. They are valid while the view lives, and compare
+// only with iterators of the same view.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // The types that a graph can use: the built-in ones, the rigging records, and whatever structs and
-// enums are defined in addition. Reading is for [any thread] while nobody defines.
+// enums are defined in addition. [any thread]
 #pragma once
 
 #include <Pelmor/ArrayType.h>
@@ -15,17 +15,17 @@ namespace Pelmor {
 
 class PELMOR_API Library {
 public:
-    // Knows "bool", "int", "double", "string", "Math::double4x4", "Object" and the seven records.
+    // Has "bool", "int", "double", "float", "string", "Math::double4x4", "Object" and the records.
     Library();
 
-    // The type of that name, "array<" + name + ">" at any depth included; nothing where there is
+    // The type of that name, "array<" + name + ">" at any depth included; nothing if there is
     // none. The form is exact: no blanks, no other case.
     std::optional<Type> findType(const String& fullyQualifiedName) const;
-    // The same, where the type is known to be there: throws std::out_of_range where it is not.
+    // The same for a type that is known to be there: throws std::out_of_range if it is not.
     Type getType(const String& fullyQualifiedName) const;
 
-    // Both throw std::invalid_argument where the name is empty or taken or a member's or an
-    // enumeration's name occurs twice, and then define nothing.
+    // Both throw std::invalid_argument, and define nothing, if the name is empty or taken, or if
+    // two members or two enumerations have one name.
     StructType defineStruct(const String& name, std::vector<StructType::Member> members);
     EnumType defineEnum(const String& name, std::vector<EnumType::Enumeration> enumerations);
 

@@ -1,12 +1,13 @@
 // The graph's shared pointer: two words, the pointee and a control block that counts the pointers
 // to it. Counts change only by atomic operations, so pointers to one pointee can be copied and
-// dropped on different threads; one pointer belongs to one thread at a time. [any thread]
+// dropped on several threads at once. [any thread]
 #pragma once
 
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <new>
+#include <type_traits>
 #include <utility>
 
 namespace Pelmor {
@@ -47,9 +48,10 @@ public:
         : m_object(std::exchange(other.m_object, nullptr)),
           m_control(std::exchange(other.m_control, nullptr)) {}
 
-    template <typename Derived>
+    // From a pointer to anything whose plain pointer converts to a T*.
+    template <typename Derived, typename = std::enable_if_t<std::is_convertible_v<Derived*, T*>>>
     Ptr(const Ptr<Derived>& other) noexcept : Ptr(Ptr<Derived>(other)) {}
-    template <typename Derived>
+    template <typename Derived, typename = std::enable_if_t<std::is_convertible_v<Derived*, T*>>>
     Ptr(Ptr<Derived>&& other) noexcept
         : m_object(std::exchange(other.m_object, nullptr)),
           m_control(std::exchange(other.m_control, nullptr)) {}
@@ -59,12 +61,14 @@ public:
         drop(m_control);
     }
 
-    // Touches no count where both already share one pointee.
+    // Does nothing where both already point at the same object, even if each has a control block of
+    // its own. Otherwise the former pointee goes last, when this pointer has its new one already.
     Ptr& operator=(const Ptr& other) noexcept {
-        if (m_object == other.m_object && m_control == other.m_control) return *this;
+        if (m_object == other.m_object) return *this;
         operator=(Ptr(other));
         return *this;
     }
+    // The source is left null. The former pointee goes last, as above.
     Ptr& operator=(Ptr&& other) noexcept {
         if (this == &other) return *this;
         ControlBlock* previous = m_control;

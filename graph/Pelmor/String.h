@@ -1,7 +1,6 @@
 // The graph's text: an immutable run of 8-bit characters in sixteen bytes. Up to fifteen characters
 // are kept in place; longer text lies in a counted block that copies share, so that copying a
-// string never allocates. A moved-from string is empty.
-// [any thread], as long as each string belongs to one.
+// string never allocates. A moved-from string is empty. [any thread]
 #pragma once
 
 #include <Pelmor/Export.h>
@@ -40,7 +39,7 @@ public:
     }
     String& operator=(const char* text) { return *this = String(text); }
 
-    // Both NUL-terminated, and good until the string is assigned, moved from or destroyed.
+    // Both NUL-terminated, and valid until the string is assigned, moved from or destroyed.
     const char* c_str() const noexcept { return isShared() ? sharedText()->characters() : m_bytes; }
     const char* asChar() const noexcept { return c_str(); }
 
@@ -101,8 +100,8 @@ private:
 
     void release() noexcept;
 
-    // In place: the characters and, in the last byte, how many of the fifteen are unused, which is
-    // the terminator when none is. Shared: the block's address, and the mark in the last byte.
+    // In place: the characters and, in the last byte, how many of the fifteen are unused. If none
+    // is, that 0 is the terminator. Shared: the block's address, and the mark in the last byte.
     alignas(SharedText*) char m_bytes[kInlineCapacity + 1];
 };
 

@@ -12,7 +12,7 @@ public:
     class Member;
     using MemberIterator = BidirectionalIterator<Member, StructType, 2>;
 
-    // Throws std::invalid_argument where `type` is no struct.
+    // Throws std::invalid_argument if `type` is no struct.
     explicit StructType(const Type& type);
 
     MemberIterator begin() const;
@@ -24,7 +24,7 @@ public:
     Member(const String& name, const Type& type) : m_name(name), m_type(type) {}
 
     String getName() const { return m_name; }
-    // Good while the struct type lives.
+    // Valid while the struct type lives.
     const Type& getType() const noexcept { return m_type; }
 
 private:

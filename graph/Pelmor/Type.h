@@ -7,7 +7,8 @@
 
 namespace Pelmor {
 
-// Arrays, structs and enums are told by their kind, all other types by their name.
+// Readers of types test the kind for arrays, structs and enums alone. All other types are told
+// apart by their names.
 enum class TypeKind : std::int32_t {
     Bool = 1,
     Int = 2,
@@ -15,6 +16,7 @@ enum class TypeKind : std::int32_t {
     String = 4,
     Matrix = 5,
     Object = 6,
+    Float = 7,
     Array = 14,
     Struct = 15,
     Enum = 16

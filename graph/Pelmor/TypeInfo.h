@@ -22,7 +22,7 @@ struct TypeInfo {
     // The run-time type name of a pointer to the type; an array of T has the name of T.
     const char* name;
     std::uint64_t nameLength;
-    // Set in both of two records, they are equal only if they are the same record.
+    // If it is set in both of two records, they are equal only if they are the same record.
     std::uint8_t isCanonical = 0;
     std::uint8_t qualifier = 0;
     std::uint32_t arrayDepth;

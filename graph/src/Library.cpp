@@ -87,6 +87,7 @@ void Library::defineBuiltIns() {
     add({"bool", TypeKind::Bool});
     add({"int", TypeKind::Int});
     add({"double", TypeKind::Double});
+    add({"float", TypeKind::Float});
     add({"string", TypeKind::String});
     add({"Math::double4x4", TypeKind::Matrix});
     add({"Object", TypeKind::Object});

@@ -1,4 +1,4 @@
-// Changes which elements an array has. A builder begins with the array's elements and is handed
+// Changes which elements an array has. A builder begins with the array's elements and is given
 // back with `VArrayDataHandle::set`; dropped without that, it changes nothing.
 // [evaluation thread]
 #pragma once
@@ -22,9 +22,9 @@ public:
     ~VArrayDataBuilder();
 
     // The element at `logicalIndex`: the one that is there, else a new one with its attribute's
-    // defaults. The handle is good until the builder goes or is handed to `set`.
+    // defaults. The handle is valid until the builder is destroyed or given to `set`.
     VDataHandle addElement(unsigned logicalIndex, VStatus* status = nullptr);
-    // Fails with kNotFound where there is no element at `logicalIndex`.
+    // Fails with kNotFound if there is no element at `logicalIndex`.
     VStatus removeElement(unsigned logicalIndex);
     unsigned elementCount(VStatus* status = nullptr) const;
 
@@ -37,7 +37,7 @@ private:
 
     OpenVornik::Internal::Node* m_node = nullptr;
     const OpenVornik::Internal::Attribute* m_attribute = nullptr;
-    // The elements know their shape from the attribute, and may outlive the node that has it.
+    // Keeps the attribute, which says how the elements are laid out, alive when its node is gone.
     VObject m_keptAttribute;
     std::unique_ptr<OpenVornik::Internal::ArrayData> m_elements;
 };

@@ -10,7 +10,7 @@
 
 class OPENVORNIK_API VArrayDataHandle {
 public:
-    // Fails, with a handle on which every operation fails, where `handle` is no whole array.
+    // If `handle` is no whole array this fails, and so does every operation of the new handle.
     explicit VArrayDataHandle(const VDataHandle& handle, VStatus* status = nullptr);
 
     unsigned elementCount(VStatus* status = nullptr) const;
@@ -24,13 +24,13 @@ public:
 
     // Fails at the last element, and leaves the handle past it.
     VStatus next();
-    // Fail, and leave the handle where it is, where there is no such element.
+    // Both fail, and leave the handle where it is, if there is no such element.
     VStatus jumpToElement(unsigned logicalIndex);
     VStatus jumpToArrayElement(unsigned position);
 
     VArrayDataBuilder builder(VStatus* status = nullptr) const;
     // Replaces the elements by the builder's and moves to the first. Fails, and changes nothing,
-    // where the builder was made for another attribute.
+    // if the builder was made for another attribute.
     VStatus set(const VArrayDataBuilder& builder);
 
     // Marks the array's attribute, and all below it, clean.

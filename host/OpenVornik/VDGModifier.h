@@ -15,19 +15,19 @@ public:
     VDGModifier& operator=(const VDGModifier&) = delete;
     ~VDGModifier();
 
-    // Each queues one operation, or refuses it at once, queuing nothing, where its arguments can
-    // never be carried out: something null or of the wrong kind, an attribute that a compound or a
-    // node already has, a plug and itself, plugs whose attributes differ in shape, a source that is
-    // not readable or a destination that is not writable.
+    // Each queues one operation. It fails, and queues nothing, if the operation could never be
+    // carried out: an argument is null or of the wrong kind, a compound or a node has the attribute
+    // already, both plugs are the same, their attributes differ in shape, the source is not
+    // readable or the destination not writable.
     VStatus addAttribute(const VObject& node, const VObject& attribute);
     VStatus connect(const VPlug& source, const VPlug& destination);
     VStatus disconnect(const VPlug& source, const VPlug& destination);
 
-    // Carries out what is queued, in order, and empties the queue. What was connected is dirty
-    // then. Where an operation is refused (a name that the node has, a child that enforces a unique
-    // name where the node has it anywhere, arrays too deep, a destination that is connected, a
-    // connection that is not there), what this call had carried out before it is taken back and the
-    // nodes are as they were.
+    // Carries out what is queued, in order, and empties the queue. New connections make their
+    // destinations dirty. If one operation fails (the node has the attribute's name, or has a name
+    // anywhere that a child enforces as unique, arrays are nested too deep, the destination is
+    // connected already, a connection to be broken is not there), those before it are undone, those
+    // after it are dropped, and the nodes are as they were.
     VStatus doIt();
 
 private:

@@ -1,7 +1,7 @@
 // The data of one node, as its evaluation sees it. A block is a value that copies without
-// allocating; it is good while its node is. Dirty and clean are kept per attribute: a new attribute
-// is dirty, a compound that is marked is marked with all below it, and a child that becomes dirty
-// makes the attributes above it dirty. [evaluation thread]
+// allocating; it is valid while its node lives. Dirty and clean are kept per attribute: a new
+// attribute is dirty, a compound that is marked is marked with all below it, and a child that
+// becomes dirty makes the attributes above it dirty. [evaluation thread]
 #pragma once
 
 #include <OpenVornik/Export.h>
@@ -15,13 +15,13 @@ public:
     // A block of nothing, on which every operation fails.
     VDataBlock() noexcept = default;
 
-    // The data of `plug`, which must be of this block's node. Fails with a null handle where an
-    // element on the plug's path is absent. If its attribute is dirty, what it depends on is
-    // evaluated first: a plug connected to it, to something below it or above it, is asked for its
-    // value, which is copied here; an attribute that is not writable, or that is below one, is
-    // computed by its own node, as a whole. Then it is clean. A status that a compute failed with
-    // on the way is handed on, with the data as it stands. An attribute whose evaluation is under
-    // way is taken as it stands, so that cycles end.
+    // The data of `plug`, which must be of this block's node. Fails with a null handle if an
+    // element on the plug's path is absent. If the attribute is dirty it is evaluated first, and
+    // clean afterwards. Each plug that is connected to it, to something above it or below it, is
+    // asked for its value, which is copied here; an attribute that is not writable, or is below one
+    // that is not, is computed by its own node, as a whole. If a computation on the way fails,
+    // `status` is the first such failure, and the data is as the computation left it. An attribute
+    // that is being evaluated already is taken as it is, so that cycles end.
     VDataHandle inputValue(const VPlug& plug, VStatus* status = nullptr);
     // The same data as it stands; evaluates nothing and cleans nothing.
     VDataHandle outputValue(const VPlug& plug, VStatus* status = nullptr);
@@ -40,7 +40,7 @@ private:
 
     bool has(const VPlug& plug) const noexcept;
     VDataHandle find(const VPlug& plug) const;
-    // Null where the attribute is not the node's.
+    // Null if the attribute is not the node's.
     const OpenVornik::Internal::Attribute* find(const VObject& attribute) const noexcept;
 
     OpenVornik::Internal::Node* m_node = nullptr;

@@ -1,6 +1,6 @@
 // A place in a node's data: a compound, a leaf, a whole array, or one element of an array. A handle
-// is a value that copies without allocating. It is good until the array that it stands in, if any,
-// is replaced or its node goes.
+// is a value that copies without allocating. It is valid until the array that it is in, if any, is
+// replaced, or until its node is destroyed.
 //
 // The accessors hand out the stored value itself. On a null handle, or on data of another kind,
 // they hand out a spare value with the kind's default that belongs to the calling thread, so that
@@ -23,8 +23,8 @@ public:
 
     bool isNull() const noexcept { return m_place == nullptr; }
 
-    // The data of a child of this compound, found by the plug's attribute, whatever element the
-    // plug stands in. A null handle where this compound has no such child.
+    // The data of a child of this compound. Of the plug only the attribute counts, not the element
+    // that it is in. A null handle if this compound has no such child.
     VDataHandle child(const VPlug& plug) const;
 
     VMatrix& asMatrix() const;
@@ -35,7 +35,7 @@ public:
     // Enum attributes.
     short& asShort() const;
 
-    // Overwrite the stored value; they do nothing where the data is of another kind.
+    // Overwrite the stored value; they do nothing if the data is of another kind.
     void setMatrix(const VMatrix& value);
     void setString(const VString& value);
     void setDouble(double value);
@@ -56,7 +56,7 @@ private:
     T& as(std::string_view operation) const;
     template <typename T>
     void set(std::string_view operation, const T& value);
-    // Null where the data is no T.
+    // Null if the data is no T.
     template <typename T>
     T* find() const noexcept;
     // One element of the array attribute, rather than all there is of the attribute.
@@ -65,8 +65,8 @@ private:
     // One value, rather than a whole array or nothing.
     bool holdsValue() const noexcept;
 
-    // Two words go through registers, and handles come and go all the time. Values lie at even
-    // addresses; an element's handle points one byte behind its own.
+    // No more than two words, so that handles are passed in registers. Values lie at even
+    // addresses; the handle of an element points to the second byte of its value.
     const OpenVornik::Internal::Attribute* m_attribute = nullptr;
     std::byte* m_place = nullptr;
 };

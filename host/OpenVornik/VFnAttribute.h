@@ -13,7 +13,7 @@ class OPENVORNIK_API VFnAttribute {
 public:
     enum Kind { kNumeric, kTyped, kMatrix, kEnum, kGeneric, kCompound };
 
-    // Fails where `attribute` is no attribute; every operation then fails too.
+    // Fails if `attribute` is no attribute; every operation then fails too.
     explicit VFnAttribute(const VObject& attribute, VStatus* status = nullptr);
 
     const VObject& object() const noexcept { return m_attribute; }
@@ -36,7 +36,7 @@ public:
     VStatus setWritable(bool writable);
     VStatus setKeyable(bool keyable);
     VStatus setArray(bool array);
-    // Whether a node refuses the attribute, as a child, where it has the name anywhere already.
+    // Whether a node that has this name anywhere refuses a tree with the attribute as a child.
     VStatus setEnforcingUniqueName(bool enforcing);
 
 protected:

@@ -8,14 +8,14 @@
 class OPENVORNIK_API VFnCompoundAttribute : public VFnAttribute {
 public:
     VFnCompoundAttribute() noexcept = default;
-    // Fails where `attribute` is of another kind.
+    // Fails if `attribute` is of another kind.
     explicit VFnCompoundAttribute(const VObject& attribute, VStatus* status = nullptr);
 
     // The new attribute, which this function set then works on.
     VObject create(const VString& longName, const VString& shortName, VStatus* status = nullptr);
 
-    // Appends `child`. Refused where it is no attribute, has a parent or a node, is this attribute
-    // or one above it, or where a child has its name.
+    // Appends `child`. Fails if it is no attribute, has a parent or a node, is this attribute or
+    // one above it, or if a child has its name.
     VStatus addChild(const VObject& child);
     unsigned numChildren(VStatus* status = nullptr) const;
     // Fails with the null object past the last child.

@@ -17,7 +17,7 @@ public:
     using Compute = std::function<VStatus(const VPlug& plug, VDataBlock& dataBlock)>;
 
     VFnDependencyNode() noexcept = default;
-    // Fails where `node` is no node; every operation then fails too.
+    // Fails if `node` is no node; every operation then fails too.
     explicit VFnDependencyNode(const VObject& node, VStatus* status = nullptr);
 
     // A new node without attributes, which this function set then works on. [edit thread]
@@ -26,8 +26,8 @@ public:
     const VObject& object() const noexcept { return m_node; }
     VString name(VStatus* status = nullptr) const;
 
-    // The attribute that the node knows by `name`, long or short: one at the top level, or a child
-    // that enforces a unique name. The null object, without a failure, where there is none.
+    // The attribute at the top level that has `name`, long or short; children are not found by
+    // name. The null object, without a failure, if there is none.
     VObject attribute(const VString& name, VStatus* status = nullptr) const;
     // The attributes at the top level, in the order in which they were added.
     unsigned attributeCount(VStatus* status = nullptr) const;

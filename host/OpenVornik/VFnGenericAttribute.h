@@ -9,7 +9,7 @@
 class OPENVORNIK_API VFnGenericAttribute : public VFnAttribute {
 public:
     VFnGenericAttribute() noexcept = default;
-    // Fails where `attribute` is of another kind.
+    // Fails if `attribute` is of another kind.
     explicit VFnGenericAttribute(const VObject& attribute, VStatus* status = nullptr);
 
     // The new attribute, which this function set then works on.

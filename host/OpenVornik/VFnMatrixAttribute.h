@@ -8,7 +8,7 @@
 class OPENVORNIK_API VFnMatrixAttribute : public VFnAttribute {
 public:
     VFnMatrixAttribute() noexcept = default;
-    // Fails where `attribute` is of another kind.
+    // Fails if `attribute` is of another kind.
     explicit VFnMatrixAttribute(const VObject& attribute, VStatus* status = nullptr);
 
     // What the matrix is kept as. Only double precision is stored here: `create` refuses kFloat.

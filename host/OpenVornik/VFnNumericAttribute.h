@@ -8,7 +8,7 @@
 class OPENVORNIK_API VFnNumericAttribute : public VFnAttribute {
 public:
     VFnNumericAttribute() noexcept = default;
-    // Fails where `attribute` is of another kind.
+    // Fails if `attribute` is of another kind.
     explicit VFnNumericAttribute(const VObject& attribute, VStatus* status = nullptr);
 
     // The new attribute, which this function set then works on.

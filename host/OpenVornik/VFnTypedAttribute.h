@@ -8,7 +8,7 @@
 class OPENVORNIK_API VFnTypedAttribute : public VFnAttribute {
 public:
     VFnTypedAttribute() noexcept = default;
-    // Fails where `attribute` is of another kind.
+    // Fails if `attribute` is of another kind.
     explicit VFnTypedAttribute(const VObject& attribute, VStatus* status = nullptr);
 
     // The new attribute, which this function set then works on. The null object as default data

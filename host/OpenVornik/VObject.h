@@ -1,5 +1,5 @@
 // A counted reference to something that the host owns: a node or an attribute. Two handles are
-// equal when they name the same thing. [any thread], as long as each handle belongs to one.
+// equal when they name the same thing. [any thread]
 #pragma once
 
 #include <OpenVornik/Export.h>
@@ -32,8 +32,7 @@ public:
         return a.m_object != b.m_object;
     }
 
-    // For the host's own use: what is named, as the kind asked for, or null where it is no such
-    // thing.
+    // For the host's own use. Null if what is named is of the other kind, or nothing.
     OpenVornik::Internal::Node* asNode() const noexcept;
     OpenVornik::Internal::Attribute* asAttribute() const noexcept;
 

@@ -1,7 +1,7 @@
 // Names one attribute of one node, and the path of logical indices that leads to it through the
 // array attributes above it. A plug is a value that copies without allocating. Making one touches
 // no data: a plug at a logical index where the array has no element is still a plug. It keeps
-// neither the node nor the attribute alive; it is good while they are.
+// neither the node nor the attribute alive, and is valid while they live.
 #pragma once
 
 #include <OpenVornik/Export.h>
@@ -67,7 +67,7 @@ private:
         unsigned depth = 0;
     };
 
-    // The path is two pairs of words and stands first: plugs are copied all the time.
+    // First, because its four words are then copied as two pairs: plugs are copied all the time.
     Path m_path;
     const OpenVornik::Internal::Attribute* m_attribute = nullptr;
 };

@@ -9,7 +9,7 @@
 
 class OPENVORNIK_API VString {
 public:
-    // Stands in the argument places of `format` that a message does not use. It is told by its
+    // Stands for the arguments of `format` that a message does not use. It is recognised by its
     // address: a copy of it is ordinary, empty text.
     static const VString argUnused;
 

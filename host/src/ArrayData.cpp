@@ -25,8 +25,8 @@ std::byte* ArrayData::element(std::size_t position) const noexcept {
     return m_blocks[position]->value();
 }
 
-// An array that the nearer caches cannot hold is walked at the speed of memory, and not of its
-// latency, if what comes is asked for ahead of time.
+// In an array that does not fit the nearer caches, loading elements before they are needed hides
+// the latency of memory.
 void ArrayData::fetchAheadOf(std::size_t position) const noexcept {
     constexpr std::size_t kElementsAhead = 2, kCachedBytes = std::size_t{1} << 20, kLine = 64;
     const std::size_t elementSize = m_attribute.valueExtent().size;
@@ -115,7 +115,7 @@ void ArrayData::copy(const ArrayData& other) {
     for (Block* replaced : blocks) drop(replaced);
 }
 
-// Arrays are mostly dense and mostly grow at their end; neither takes a search.
+// Arrays are mostly dense and mostly grow at their end; both are found without a search.
 std::size_t ArrayData::lowerBound(unsigned logicalIndex) const noexcept {
     const std::size_t end = m_indices.size();
     if (m_indices.empty() || m_indices.back() < logicalIndex) return end;

@@ -1,9 +1,9 @@
 // The elements of a sparse array, in ascending logical index. Each element is a block of its own,
 // which stays where it is while others come and go.
 //
-// A builder's elements begin as the array's own blocks, and it copies one only before it hands it
-// out for writing. The array never swaps a block for a copy, so that handles to its elements stay
-// good. Blocks belong to one evaluation thread, which is why their use counts are plain.
+// A builder begins with the array's own blocks and copies one only before it gives it out for
+// writing. The array never replaces a block by a copy, so that handles to its elements stay valid.
+// A node's data is used by one thread at a time, so the use counts of blocks need not be atomic.
 #pragma once
 
 #include <cstddef>
@@ -24,17 +24,17 @@ public:
     std::size_t size() const noexcept { return m_indices.size() - m_removed; }
     unsigned logicalIndex(std::size_t position) const noexcept { return m_indices[position]; }
     std::byte* element(std::size_t position) const noexcept;
-    // For who walks the elements and is at this one.
+    // For callers that walk the elements and have reached this one: loads the next ones early.
     void fetchAheadOf(std::size_t position) const noexcept;
-    // size() where there is no such element.
+    // size() if there is no such element.
     std::size_t positionOf(unsigned logicalIndex) const noexcept;
 
-    // The element at `logicalIndex`, new where it is absent.
+    // The element at `logicalIndex`, a new one if it is absent.
     std::byte* add(unsigned logicalIndex);
     // The same, for a builder: an element that no other array sees.
     std::byte* addUnshared(unsigned logicalIndex);
-    // Of a builder: an array has its elements by position, and a removed one keeps its place. False
-    // where there is no such element.
+    // For builders alone: a removed element keeps its place, and arrays find elements by position.
+    // False if there is no such element.
     bool remove(unsigned logicalIndex) noexcept;
 
     std::unique_ptr<ArrayData> share() const;
@@ -55,7 +55,7 @@ private:
 
     const Attribute& m_attribute;
     std::vector<unsigned> m_indices;
-    // Null where the element was removed.
+    // Null for an element that was removed.
     std::vector<Block*> m_blocks;
     std::size_t m_removed = 0;
 };

@@ -1,5 +1,5 @@
-// What all attribute function sets do alike: make an attribute, take one that fits, read and change
-// the one that they work on.
+// What all attribute function sets do alike: make an attribute, take one of their kind, read and
+// change the one that they work on.
 #pragma once
 
 #include "host/src/Answer.h"
@@ -12,7 +12,7 @@
 
 namespace OpenVornik::Internal {
 
-// The new attribute, which `works` is made to name. Refused where a name is empty.
+// The new attribute, which `works` is made to name. Fails if a name is empty.
 inline VObject make(VObject& works, Attribute::Definition definition, VStatus* status) {
     if (definition.longName.length() == 0 || definition.shortName.length() == 0) {
         return fail(status, VStatus::kInvalidParameter);
@@ -21,7 +21,7 @@ inline VObject make(VObject& works, Attribute::Definition definition, VStatus* s
     return succeed(status, works);
 }
 
-// `attribute`, or the null object where it is of another kind.
+// `attribute`, or the null object if it is of another kind.
 inline VObject ofKind(const VObject& attribute, VFnAttribute::Kind kind, VStatus* status) {
     const Attribute* given = attribute.asAttribute();
     if (!given || given->definition().kind != kind) return fail(status, VStatus::kInvalidParameter);

@@ -1,4 +1,4 @@
-// Which plug feeds which. Both nodes list a connection; it goes with either of them.
+// Which plug feeds which. Both nodes list a connection, which ends with either of them.
 #pragma once
 
 #include <OpenVornik/VPlug.h>
@@ -24,9 +24,9 @@ struct Connections {
 
 // Whether the two could ever be connected.
 bool isConnectable(const Connection& connection) noexcept;
-// Refused where the destination is connected already.
+// Fails if the destination is connected already.
 VStatus connect(const Connection& connection);
-// Refused where there is no such connection.
+// Fails if there is no such connection.
 VStatus disconnect(const Connection& connection);
 void disconnectAll(Node& node);
 

@@ -29,8 +29,8 @@ bool isConnected(const Attribute& attribute) {
     });
 }
 
-// What comes as a whole is evaluated as a whole: the outermost attribute, from here upward, that
-// is connected or computed.
+// A connection or a computation fills an attribute as a whole, so that is evaluated as a whole: the
+// outermost attribute, this one or one above it, that is connected or computed.
 const Attribute& unitOf(const Attribute& attribute) {
     const Attribute* unit = &attribute;
     for (const Attribute* above = &attribute; above; above = above->parent()) {

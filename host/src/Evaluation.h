@@ -1,4 +1,4 @@
-// Brings data up to date before it is read, and spreads the news that it no longer is.
+// Brings data up to date before it is read, and marks dirty what depends on data that has changed.
 #pragma once
 
 #include <OpenVornik/VPlug.h>
@@ -8,10 +8,10 @@ namespace OpenVornik::Internal {
 
 class Attribute;
 
-// Makes the plug's attribute clean. Gives the first failure of a node's compute on the way.
+// Makes the plug's attribute clean. Returns the first failure of a node's compute on the way.
 VStatus evaluate(const VPlug& plug);
 
-// Makes dirty what a node has in `attribute` and whatever depends on it.
+// Marks `attribute`, and all that depends on it, dirty.
 void makeDirty(const Attribute& attribute);
 
 }  // namespace OpenVornik::Internal

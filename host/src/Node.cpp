@@ -70,8 +70,8 @@ void Node::removeLast() noexcept {
 }
 
 Attribute* Node::find(const VString& name) const noexcept {
-    for (Attribute* attribute : m_attributes) {
-        if (knows(*attribute) && attribute->hasName(name)) return attribute;
+    for (Attribute* attribute : m_roots) {
+        if (attribute->hasName(name)) return attribute;
     }
     return nullptr;
 }
@@ -97,12 +97,14 @@ void Node::markDirty(const Attribute& attribute) {
     }
 }
 
-// `tree` begins with its root, which gives way to names that the node knows only; a child that
-// enforces a unique name gives way to any, those of its own tree included.
+// `tree` begins with its root. The root clashes with the names of other roots and with those that
+// the node's children claim for themselves; a child of the tree that claims its name clashes with
+// any attribute of the node or the tree that has it.
 bool Node::hasNameClash(const std::vector<Attribute*>& tree) const {
     const Attribute* root = tree.front();
     for (const Attribute* present : m_attributes) {
-        if (knows(*present) && present->sharesNameWith(*root)) return true;
+        const bool claimsName = !present->parent() || present->enforcingUniqueName;
+        if (claimsName && present->sharesNameWith(*root)) return true;
     }
     std::vector<Attribute*> all = m_attributes;
     all.insert(all.end(), tree.begin(), tree.end());
@@ -113,10 +115,6 @@ bool Node::hasNameClash(const std::vector<Attribute*>& tree) const {
         }
     }
     return false;
-}
-
-bool Node::knows(const Attribute& attribute) noexcept {
-    return !attribute.parent() || attribute.enforcingUniqueName;
 }
 
 }  // namespace OpenVornik::Internal

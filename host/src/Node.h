@@ -27,13 +27,13 @@ public:
     void removeLast() noexcept;
     // The attributes at the top level.
     const std::vector<Attribute*>& roots() const noexcept { return m_roots; }
-    // The attribute that the node knows by `name`, or null.
+    // The attribute at the top level that has `name`, long or short, or null.
     Attribute* find(const VString& name) const noexcept;
     // All attributes, by Attribute::index.
     const std::vector<Attribute*>& attributes() const noexcept { return m_attributes; }
 
-    // Where the data of a plug of this node lies. findData gives null where an element on its path
-    // is absent, addData adds that element.
+    // Where the data of a plug of this node lies. If an element on its path is absent, findData
+    // returns null and addData adds it.
     std::byte* findData(const VPlug& plug) const;
     std::byte* addData(const VPlug& plug);
 
@@ -50,7 +50,6 @@ public:
 
 private:
     bool hasNameClash(const std::vector<Attribute*>& tree) const;
-    static bool knows(const Attribute& attribute) noexcept;
 
     VString m_name;
     std::vector<Attribute*> m_roots;

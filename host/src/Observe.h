@@ -1,6 +1,6 @@
-// The first thing that each operation of the interface does: it tells the thread's observer, if
-// there is one, and hears whether the call may take place. The host itself uses no such operation,
-// so that only calls from outside are told.
+// Each operation of the interface first tells the thread's observer, if there is one, which may
+// refuse the call. The host's own code calls no operation of the interface, so that observers are
+// told of calls from outside alone.
 #pragma once
 
 #include "host/src/CallText.h"
@@ -19,7 +19,7 @@ namespace OpenVornik::Internal {
 
 #ifdef OPENVORNIK_OBSERVATION
 
-// With the initial-exec model, asking for it is one load and not a call.
+// With the initial-exec model, reading it takes one load instead of a call.
 [[gnu::tls_model("initial-exec")]] inline thread_local Testing::CallObserver* newestObserver =
     nullptr;
 

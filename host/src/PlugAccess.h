@@ -1,4 +1,4 @@
-// Reads and makes plugs from inside the host, where nobody is told of it.
+// Reads and makes plugs from inside the host, without telling an observer.
 #pragma once
 
 #include "host/src/Attribute.h"
@@ -26,8 +26,8 @@ struct PlugAccess {
         return plug.m_attribute && plug.m_attribute->isArray() && !isElement(plug);
     }
 
-    // The whole of `attribute`, in the elements that `near` stands in; 0 for arrays that it is not
-    // inside of.
+    // The whole of `attribute`, in the same elements as `near` as far down as both go, then in
+    // those at logical index 0.
     static VPlug whole(const Attribute& attribute, const VPlug& near = {}) noexcept {
         VPlug plug;
         plug.m_attribute = &attribute;

@@ -13,7 +13,7 @@ VArrayDataBuilder::VArrayDataBuilder() noexcept = default;
 VArrayDataBuilder::VArrayDataBuilder(VArrayDataBuilder&& other) noexcept = default;
 VArrayDataBuilder::~VArrayDataBuilder() = default;
 
-// The elements that were here go before the attribute that shapes them.
+// Destroys the former elements before the attribute that says how they are laid out.
 VArrayDataBuilder& VArrayDataBuilder::operator=(VArrayDataBuilder&& other) noexcept {
     m_elements = std::move(other.m_elements);
     m_node = other.m_node;

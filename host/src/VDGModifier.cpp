@@ -14,8 +14,8 @@ using namespace OpenVornik::Internal;
 
 namespace {
 
-// An operation refuses or does all of its work in `carryOut`, which `takeBack` undoes while it is
-// the last that was done; `settle` is for what others may see only when all are done.
+// `carryOut` does all of an operation's work or fails. `takeBack` undoes it; operations are undone
+// in reverse order. `settle` does what must wait until no operation can fail any more.
 class AttributeAddition {
 public:
     AttributeAddition(const VObject& node, const VObject& attribute)

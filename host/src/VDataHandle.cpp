@@ -28,8 +28,8 @@ constexpr Value kValueOf<int> = Value::kInteger;
 template <>
 constexpr Value kValueOf<short> = Value::kEnum;
 
-// Where an access that finds no data ends up. Made anew each time, so that what was written there
-// is never read back.
+// What an access that finds no data gives. It is reset each time, so that what was written there is
+// never read back.
 template <typename T>
 T& spare() {
     thread_local T value;

@@ -6,7 +6,10 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <stdexcept>
+#include <string>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
@@ -27,8 +30,8 @@ using Pelmor::Internal::TypeInfo;
 using TestSupport::AllocationCount;
 
 // Too large for three words.
-struct Record {
-    SharedArray<double> values = makePtr<Array<double>>(2u);
+struct HeapRecord {
+    SharedArray<double> values;
     double numbers[2] = {1, 2};
 };
 
@@ -37,6 +40,9 @@ struct ThreeWords {
 };
 struct FourWords {
     double numbers[4];
+};
+struct alignas(16) TwoAlignedWords {
+    double numbers[2];
 };
 
 struct UnsafeToMove {
@@ -84,34 +90,129 @@ HolderWords wordsFullOfRubbish() {
     return words;
 }
 
-TEST(AnyValueOp, HasTheCodesOfTheProtocol) {
-    EXPECT_EQ(static_cast<std::uint32_t>(AnyValueOp::Destroy), 0u);
-    EXPECT_EQ(static_cast<std::uint32_t>(AnyValueOp::Copy), 1u);
-    EXPECT_EQ(static_cast<std::uint32_t>(AnyValueOp::Move), 2u);
-    EXPECT_EQ(static_cast<std::uint32_t>(AnyValueOp::GetIfType), 3u);
-    EXPECT_EQ(static_cast<std::uint32_t>(AnyValueOp::Get), 4u);
-    EXPECT_EQ(static_cast<std::uint32_t>(AnyValueOp::QueryType), 5u);
+TEST(AnyValueOp, CodesAreThoseOfTheProtocol) {
+    const AnyValueOp inOrder[] = {AnyValueOp::Destroy,   AnyValueOp::Copy, AnyValueOp::Move,
+                                  AnyValueOp::GetIfType, AnyValueOp::Get,  AnyValueOp::QueryType};
+    static_assert(sizeof(AnyValueOp) == 4);
+    for (std::uint32_t code = 0; code < 6; ++code)
+        EXPECT_EQ(static_cast<std::uint32_t>(inOrder[code]), code);
 }
 
-TEST(AnyValueRequest, IsA32BitCodeAndThreeWords) {
-    EXPECT_EQ(sizeof(AnyValueRequest::operation), 4u);
-    EXPECT_EQ(offsetof(AnyValueRequest, operation), 0u);
-    EXPECT_EQ(offsetof(AnyValueRequest, operand1), 8u);
-    EXPECT_EQ(offsetof(AnyValueRequest, operand2), 16u);
-    EXPECT_EQ(offsetof(AnyValueRequest, operand3), 24u);
-}
-
-TEST(HolderStorage, IsInPlaceForWhatFitsThreeWordsAndMovesWithoutFail) {
+TEST(HolderStorage, IsInPlaceForWhatFitsThreeWordsIsAlignedInThemAndMovesWithoutThrowing) {
     EXPECT_TRUE(kHeldInPlace<SharedArray<double>>);
     EXPECT_TRUE(kHeldInPlace<double>);
     EXPECT_TRUE(kHeldInPlace<ThreeWords>);
     EXPECT_FALSE(kHeldInPlace<FourWords>);
-    EXPECT_FALSE(kHeldInPlace<Record>);
+    EXPECT_FALSE(kHeldInPlace<HeapRecord>);
+    EXPECT_FALSE(kHeldInPlace<TwoAlignedWords>);
     EXPECT_FALSE(kHeldInPlace<UnsafeToMove>);
 }
 
-TEST(InPlaceManager, HoldsAPointerInTwoWordsWithTheThirdZero) {
-    const auto array = makePtr<Array<double>>(1u);
+// A manager of a value in place, and one of a value on the heap. Each value shares `array`.
+template <typename Held>
+class Manager : public testing::Test {
+protected:
+    static constexpr bool kInPlace = kHeldInPlace<Held>;
+
+    Held sharingValue() const {
+        if constexpr (kInPlace)
+            return array;
+        else
+            return {array};
+    }
+
+    // Where the value has to lie.
+    std::uintptr_t placeIn(const HolderWords& words) const {
+        return kInPlace ? addressOf(words.storage) : storageOf(words)[0];
+    }
+
+    const SharedArray<double> array = makePtr<Array<double>>();
+    HolderWords holder = holding(sharingValue());
+    const Words before = storageOf(holder);
+    HolderWords destination = wordsFullOfRubbish();
+    const AllocationCount count;
+};
+using InPlaceAndHeap = testing::Types<SharedArray<double>, HeapRecord>;
+TYPED_TEST_SUITE(Manager, InPlaceAndHeap, );
+
+TYPED_TEST(Manager, DestroyDestroysTheValueOnceAndLeavesTheStorageWords) {
+    ASSERT_EQ(this->array.useCount(), 2u);
+    ask(this->holder, AnyValueOp::Destroy);
+    EXPECT_EQ(this->array.useCount(), 1u);
+    EXPECT_EQ(this->count.deallocations(), this->kInPlace ? 0u : 1u);
+    EXPECT_EQ(this->holder.manager, nullptr);
+    EXPECT_EQ(storageOf(this->holder), this->before);
+}
+
+TYPED_TEST(Manager, CopySharesArraysAndOverwritesTheDestinationUnread) {
+    ask(this->holder, AnyValueOp::Copy, &this->destination);
+    EXPECT_EQ(this->count.allocations(), this->kInPlace ? 0u : 1u);
+    EXPECT_EQ(this->array.useCount(), 3u);
+    EXPECT_EQ(this->destination.manager, &manageHeld<TypeParam>);
+    EXPECT_EQ(storageOf(this->holder), this->before);
+    EXPECT_EQ(this->holder.manager, &manageHeld<TypeParam>);
+    if (this->kInPlace) {
+        EXPECT_EQ(storageOf(this->destination), this->before);
+    } else {
+        EXPECT_NE(storageOf(this->destination)[0], this->before[0]);
+        EXPECT_EQ(storageOf(this->destination), (Words{this->placeIn(this->destination), 0, 0}));
+    }
+    ask(this->destination, AnyValueOp::Destroy);
+    ask(this->holder, AnyValueOp::Destroy);
+    EXPECT_EQ(this->array.useCount(), 1u);
+}
+
+TYPED_TEST(Manager, MoveTakesTheWordsAndLeavesNulls) {
+    ask(this->holder, AnyValueOp::Move, &this->destination);
+    EXPECT_EQ(this->count.allocations(), 0u);
+    EXPECT_EQ(this->array.useCount(), 2u);
+    EXPECT_EQ(storageOf(this->destination), this->before);
+    EXPECT_EQ(this->destination.manager, &manageHeld<TypeParam>);
+    EXPECT_EQ(storageOf(this->holder), (Words{0, 0, 0}));
+    EXPECT_EQ(this->holder.manager, nullptr);
+    ask(this->destination, AnyValueOp::Destroy);
+}
+
+TYPED_TEST(Manager, GetAndGetIfTypeGiveTheAddressOfTheValue) {
+    const void* byType = askForType(this->holder, HeldIdentity<TypeParam>::s_record);
+    EXPECT_EQ(addressOf(byType), this->placeIn(this->holder));
+    EXPECT_EQ(ask(this->holder, AnyValueOp::Get).operand2, byType);
+    EXPECT_EQ(this->count.allocations(), 0u);
+    ask(this->holder, AnyValueOp::Destroy);
+}
+
+TYPED_TEST(Manager, GetIfTypeGivesNullForAnyOtherIdentity) {
+    const TypeInfo& own = HeldIdentity<TypeParam>::s_record;
+    TypeInfo otherDepth = own, otherQualifier = own;
+    otherDepth.arrayDepth = 1 - own.arrayDepth;
+    otherQualifier.qualifier = 1;
+    for (const TypeInfo* other : std::initializer_list<const TypeInfo*>{
+             &otherDepth, &otherQualifier, &HeldIdentity<Pelmor::String>::s_record,
+             &HeldIdentity<SharedArray<Pelmor::String>>::s_record, &TypeInfo::s_void})
+        EXPECT_EQ(askForType(this->holder, *other), nullptr);
+    ask(this->holder, AnyValueOp::Destroy);
+}
+
+TYPED_TEST(Manager, GetIfTypeKnowsAnotherRecordOfItsIdentityByNameOrByNamePointer) {
+    const TypeInfo& own = HeldIdentity<TypeParam>::s_record;
+    const std::string sameCharacters = own.name;
+    const TypeInfo sameName(sameCharacters.c_str(), own.arrayDepth);
+    TypeInfo sameNamePointer(own.name, own.arrayDepth);
+    EXPECT_NE(askForType(this->holder, sameName), nullptr);
+    EXPECT_NE(askForType(this->holder, sameNamePointer), nullptr);
+    sameNamePointer.nameLength = 2;
+    EXPECT_NE(askForType(this->holder, sameNamePointer), nullptr) << "whatever its length";
+    ask(this->holder, AnyValueOp::Destroy);
+}
+
+TYPED_TEST(Manager, QueryTypeGivesTheIdentityOfTheValue) {
+    EXPECT_EQ(ask(this->holder, AnyValueOp::QueryType).operand2,
+              &HeldIdentity<TypeParam>::s_record);
+    ask(this->holder, AnyValueOp::Destroy);
+}
+
+TEST(InPlaceManager, PointerLiesInTwoWordsAndTheThirdIsZero) {
+    const auto array = makePtr<Array<double>>();
     HolderWords holder = holding(array);
     EXPECT_EQ(storageOf(holder)[0], addressOf(array.get()));
     EXPECT_NE(storageOf(holder)[1], 0u);
@@ -119,26 +220,7 @@ TEST(InPlaceManager, HoldsAPointerInTwoWordsWithTheThirdZero) {
     ask(holder, AnyValueOp::Destroy);
 }
 
-TEST(InPlaceManager, DestroyDropsThePointerAndLeavesTheStorageWords) {
-    const auto array = makePtr<Array<double>>(1u);
-    HolderWords holder = holding(array);
-    const Words before = storageOf(holder);
-    ASSERT_EQ(array.useCount(), 2u);
-    ask(holder, AnyValueOp::Destroy);
-    EXPECT_EQ(array.useCount(), 1u);
-    EXPECT_EQ(holder.manager, nullptr);
-    EXPECT_EQ(storageOf(holder), before);
-}
-
-TEST(InPlaceManager, DestroyDisposesOfWhatNobodyElseHolds) {
-    const AllocationCount count;
-    HolderWords holder = holding(makePtr<Array<double>>(1u));
-    EXPECT_EQ(count.outstanding(), 2);
-    ask(holder, AnyValueOp::Destroy);
-    EXPECT_EQ(count.outstanding(), 0);
-}
-
-TEST(InPlaceManager, HoldsANullPointerAsAValue) {
+TEST(InPlaceManager, NullPointerIsAValue) {
     HolderWords holder = holding(SharedArray<double>());
     HolderWords copy{};
     ask(holder, AnyValueOp::Copy, &copy);
@@ -149,64 +231,7 @@ TEST(InPlaceManager, HoldsANullPointerAsAValue) {
     EXPECT_EQ(holder.manager, nullptr);
 }
 
-TEST(InPlaceManager, CopySharesThePointeeAndOverwritesTheDestinationUnseen) {
-    const auto array = makePtr<Array<double>>(1u);
-    HolderWords source = holding(array);
-    const Words before = storageOf(source);
-    HolderWords destination = wordsFullOfRubbish();
-    const AllocationCount count;
-    ask(source, AnyValueOp::Copy, &destination);
-    EXPECT_EQ(count.allocations(), 0u);
-    EXPECT_EQ(array.useCount(), 3u);
-    EXPECT_EQ(storageOf(destination), before);
-    EXPECT_EQ(storageOf(source), before);
-    EXPECT_EQ(destination.manager, &manageHeld<SharedArray<double>>);
-    EXPECT_EQ(source.manager, &manageHeld<SharedArray<double>>);
-    ask(destination, AnyValueOp::Destroy);
-    ask(source, AnyValueOp::Destroy);
-}
-
-TEST(InPlaceManager, MoveTakesTheWordsAndLeavesNulls) {
-    const auto array = makePtr<Array<double>>(1u);
-    HolderWords source = holding(array);
-    const Words before = storageOf(source);
-    HolderWords destination = wordsFullOfRubbish();
-    const AllocationCount count;
-    ask(source, AnyValueOp::Move, &destination);
-    EXPECT_EQ(count.allocations(), 0u);
-    EXPECT_EQ(array.useCount(), 2u);
-    EXPECT_EQ(storageOf(destination), before);
-    EXPECT_EQ(storageOf(source), (Words{0, 0, 0}));
-    EXPECT_EQ(destination.manager, &manageHeld<SharedArray<double>>);
-    EXPECT_EQ(source.manager, nullptr);
-    ask(destination, AnyValueOp::Destroy);
-}
-
-TEST(InPlaceManager, GivesTheAddressOfThePointerInsideTheHolder) {
-    HolderWords holder = holding(makePtr<Array<double>>(1u));
-    const AllocationCount count;
-    EXPECT_EQ(askForType(holder, HeldIdentity<SharedArray<double>>::s_record), holder.storage);
-    EXPECT_EQ(ask(holder, AnyValueOp::Get).operand2, holder.storage);
-    EXPECT_EQ(count.allocations(), 0u);
-    ask(holder, AnyValueOp::Destroy);
-}
-
-TEST(InPlaceManager, GivesNothingForTheIdentityOfAnElementOrOfOtherArrays) {
-    HolderWords holder = holding(makePtr<Array<double>>(1u));
-    EXPECT_EQ(askForType(holder, HeldIdentity<double>::s_record), nullptr);
-    EXPECT_EQ(askForType(holder, HeldIdentity<SharedArray<Pelmor::String>>::s_record), nullptr);
-    EXPECT_EQ(askForType(holder, TypeInfo::s_void), nullptr);
-    ask(holder, AnyValueOp::Destroy);
-}
-
-TEST(InPlaceManager, TellsTheIdentityOfTheArray) {
-    HolderWords holder = holding(makePtr<Array<double>>(1u));
-    EXPECT_EQ(ask(holder, AnyValueOp::QueryType).operand2,
-              &HeldIdentity<SharedArray<double>>::s_record);
-    ask(holder, AnyValueOp::Destroy);
-}
-
-TEST(InPlaceManager, UsesAllThreeWordsWhereTheValueDoes) {
+TEST(InPlaceManager, ValueMayTakeAllThreeWords) {
     HolderWords source = holding(ThreeWords{{1, 2, 3}});
     HolderWords destination{};
     ask(source, AnyValueOp::Move, &destination);
@@ -216,44 +241,19 @@ TEST(InPlaceManager, UsesAllThreeWordsWhereTheValueDoes) {
     ask(destination, AnyValueOp::Destroy);
 }
 
-TEST(HeapManager, HoldsTheAddressInTheFirstWordWithTheOthersZero) {
-    HolderWords holder = holding(Record());
-    EXPECT_EQ(storageOf(holder)[0], addressOf(ask(holder, AnyValueOp::Get).operand2));
-    EXPECT_EQ(storageOf(holder)[1], 0u);
-    EXPECT_EQ(storageOf(holder)[2], 0u);
-    ask(holder, AnyValueOp::Destroy);
-}
-
-TEST(HeapManager, DestroyFreesTheValueAndLeavesTheStorageWords) {
-    const AllocationCount count;
-    HolderWords holder = holding(Record());
-    const Words before = storageOf(holder);
-    ask(holder, AnyValueOp::Destroy);
-    EXPECT_EQ(count.outstanding(), 0);
-    EXPECT_EQ(holder.manager, nullptr);
-    EXPECT_EQ(storageOf(holder), before);
-}
-
-TEST(HeapManager, CopyMakesAValueOfItsOwnThatSharesArrays) {
-    const Record record;
-    HolderWords source = holding(record);
-    const Words before = storageOf(source);
-    HolderWords destination = wordsFullOfRubbish();
-    const AllocationCount count;
-    ask(source, AnyValueOp::Copy, &destination);
-    EXPECT_EQ(count.allocations(), 1u);
-    EXPECT_EQ(record.values.useCount(), 3u);
-    const auto* copy = static_cast<Record*>(ask(destination, AnyValueOp::Get).operand2);
-    EXPECT_NE(addressOf(copy), before[0]);
-    EXPECT_EQ(copy->values.get(), record.values.get());
-    EXPECT_EQ(copy->numbers[1], 2);
-    EXPECT_EQ(storageOf(destination), (Words{addressOf(copy), 0, 0}));
-    EXPECT_EQ(destination.manager, &manageHeld<Record>);
-    EXPECT_EQ(storageOf(source), before);
-    EXPECT_EQ(source.manager, &manageHeld<Record>);
-    ask(destination, AnyValueOp::Destroy);
-    ask(source, AnyValueOp::Destroy);
-    EXPECT_EQ(record.values.useCount(), 1u);
+TEST(HeapManager, ValueIsAlignedWhereverTheHolderLies) {
+    struct alignas(16) {
+        void* before;
+        HolderWords holder;
+    } words{nullptr, holding(TwoAlignedWords{{1, 2}})};
+    HolderWords copy{};
+    ask(words.holder, AnyValueOp::Copy, &copy);
+    for (HolderWords* holder : {&words.holder, &copy}) {
+        const auto* value = static_cast<TwoAlignedWords*>(ask(*holder, AnyValueOp::Get).operand2);
+        EXPECT_EQ(addressOf(value) % 16, 0u);
+        EXPECT_EQ(value->numbers[1], 2);
+        ask(*holder, AnyValueOp::Destroy);
+    }
 }
 
 TEST(HeapManager, CopyThatThrowsLeavesTheDestinationEmpty) {
@@ -268,56 +268,13 @@ TEST(HeapManager, CopyThatThrowsLeavesTheDestinationEmpty) {
     ask(source, AnyValueOp::Destroy);
 }
 
-TEST(HeapManager, MoveTakesTheValueWhereItLiesAndLeavesNulls) {
-    const Record record;
-    HolderWords source = holding(record);
-    const Words before = storageOf(source);
-    HolderWords destination = wordsFullOfRubbish();
-    const AllocationCount count;
-    ask(source, AnyValueOp::Move, &destination);
-    EXPECT_EQ(count.allocations(), 0u);
-    EXPECT_EQ(record.values.useCount(), 2u);
-    EXPECT_EQ(storageOf(destination), before);
-    EXPECT_EQ(storageOf(source), (Words{0, 0, 0}));
-    EXPECT_EQ(destination.manager, &manageHeld<Record>);
-    EXPECT_EQ(source.manager, nullptr);
-    ask(destination, AnyValueOp::Destroy);
-}
-
-TEST(HeapManager, MoveDoesNotUseTheValuesOwnMove) {
+TEST(HeapManager, MoveDoesNotUseTheMoveOfTheValue) {
     HolderWords source = holding(UnsafeToMove());
     HolderWords destination{};
     UnsafeToMove::s_refuses = true;
     EXPECT_NO_THROW(ask(source, AnyValueOp::Move, &destination));
     UnsafeToMove::s_refuses = false;
     ask(destination, AnyValueOp::Destroy);
-}
-
-TEST(HeapManager, GivesTheValueForItsIdentityAndForNoOther) {
-    HolderWords holder = holding(Record());
-    const std::uintptr_t value = storageOf(holder)[0];
-    const AllocationCount count;
-    EXPECT_EQ(addressOf(askForType(holder, HeldIdentity<Record>::s_record)), value);
-    EXPECT_EQ(askForType(holder, HeldIdentity<SharedArray<Record>>::s_record), nullptr);
-    EXPECT_EQ(askForType(holder, HeldIdentity<FourWords>::s_record), nullptr);
-    EXPECT_EQ(askForType(holder, TypeInfo::s_void), nullptr);
-    EXPECT_EQ(count.allocations(), 0u);
-    ask(holder, AnyValueOp::Destroy);
-}
-
-TEST(HeapManager, KnowsItsIdentityFromAnotherLibrarysRecordOfIt) {
-    HolderWords holder = holding(Record());
-    char name[256];
-    std::strncpy(name, HeldIdentity<Record>::s_record.name, sizeof name - 1);
-    const TypeInfo elsewhere(name, 0);
-    EXPECT_EQ(addressOf(askForType(holder, elsewhere)), storageOf(holder)[0]);
-    ask(holder, AnyValueOp::Destroy);
-}
-
-TEST(HeapManager, TellsItsIdentity) {
-    HolderWords holder = holding(Record());
-    EXPECT_EQ(ask(holder, AnyValueOp::QueryType).operand2, &HeldIdentity<Record>::s_record);
-    ask(holder, AnyValueOp::Destroy);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <Pelmor/Array.h>
 
+#include <initializer_list>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -20,6 +21,14 @@ using GraphTests::takeEvents;
 using Pelmor::Array;
 
 template <typename Element>
+Array<Element> arrayOf(std::initializer_list<int> numbers) {
+    Array<Element> array;
+    for (const int number : numbers) array.append(Element(number));
+    takeEvents();
+    return array;
+}
+
+template <typename Element>
 std::vector<int> numbersOf(const Array<Element>& array) {
     std::vector<int> numbers;
     for (const Element& element : array) numbers.push_back(element.number());
@@ -30,77 +39,55 @@ class ArrayElements : public testing::Test {
 protected:
     void SetUp() override {
         PlainElement::s_refused = -1;
-        PlainElement::s_nextDefault = 0;
         takeEvents();
     }
     void TearDown() override { EXPECT_EQ(PlainElement::s_alive, 0); }
 };
 
-TEST_F(ArrayElements, AreCopiedThenDestroyedInOrderBeforeTheOldStorageGoesAndTheNewOneComes) {
-    Array<PlainElement> array;
-    array.append(PlainElement(1));
-    array.append(PlainElement(2));
-    takeEvents();
+TEST_F(ArrayElements, GrowthCopiesTheElementsThenDestroysTheOldOnesThenFreesTheOldStorage) {
+    auto array = arrayOf<PlainElement>({1, 2});
     array.append(PlainElement(3));
     EXPECT_EQ(takeEvents(), (Events{"allocate 4", "copy 1", "copy 2", "destroy 1", "destroy 2",
                                     "deallocate 2", "move 3"}));
 }
 
-TEST_F(ArrayElements, StayWhereTheyAreWhileThereIsRoom) {
-    Array<PlainElement> array;
-    for (int i = 1; i <= 3; ++i) array.append(PlainElement(i));
-    takeEvents();
+TEST_F(ArrayElements, AppendWithRoomMovesTheNewElementAlone) {
+    auto array = arrayOf<PlainElement>({1, 2, 3});
     array.append(PlainElement(4));
     EXPECT_EQ(takeEvents(), Events{"move 4"});
 }
 
-TEST_F(ArrayElements, GoInOrderAndTheStorageAfterThemWithItsCapacity) {
-    {
-        Array<PlainElement> array;
-        for (int i = 1; i <= 3; ++i) array.append(PlainElement(i));
-        takeEvents();
-    }
+TEST_F(ArrayElements, DestructionDestroysTheElementsInOrderThenFreesTheCapacity) {
+    { const auto array = arrayOf<PlainElement>({1, 2, 3}); }
     EXPECT_EQ(takeEvents(), (Events{"destroy 1", "destroy 2", "destroy 3", "deallocate 4"}));
 }
 
-TEST_F(ArrayElements, GoInOrderWhenTheArrayIsClearedAndTheStorageLater) {
+TEST_F(ArrayElements, ClearDestroysTheElementsInOrderAndKeepsTheStorage) {
     {
-        Array<PlainElement> array;
-        for (int i = 1; i <= 3; ++i) array.append(PlainElement(i));
-        takeEvents();
+        auto array = arrayOf<PlainElement>({1, 2, 3});
         array.clear();
         EXPECT_EQ(takeEvents(), (Events{"destroy 1", "destroy 2", "destroy 3"}));
     }
     EXPECT_EQ(takeEvents(), Events{"deallocate 4"});
 }
 
-TEST_F(ArrayElements, OfAnArrayWithoutStorageCauseNothing) {
-    {
-        Array<PlainElement> array;
-        array.clear();
-    }
+TEST_F(ArrayElements, ArrayWithoutStorageDestroysAndFreesNothing) {
+    { Array<PlainElement>().clear(); }
     EXPECT_EQ(takeEvents(), Events{});
 }
 
-TEST_F(ArrayElements, AreMadeInOrderInStorageOfTheirNumber) {
-    const Array<PlainElement> array(3);
-    EXPECT_EQ(takeEvents(), (Events{"allocate 3", "default 0", "default 1", "default 2"}));
-}
-
-TEST_F(ArrayElements, AreCopiedWithTheArrayAndNotMovedWithIt) {
-    Array<PlainElement> array(2);
-    takeEvents();
+TEST_F(ArrayElements, CopyOfAnArrayCopiesTheElementsAndAMoveTouchesNone) {
+    auto array = arrayOf<PlainElement>({1, 2});
     const Array<PlainElement> copy(array);
-    EXPECT_EQ(takeEvents(), (Events{"allocate 2", "copy 0", "copy 1"}));
+    EXPECT_EQ(takeEvents(), (Events{"allocate 2", "copy 1", "copy 2"}));
     const Array<PlainElement> moved(std::move(array));
     EXPECT_EQ(takeEvents(), Events{});
 }
 
-TEST_F(ArrayElements, AreAsTheyWereWhenACopyThrowsAsTheArrayGrows) {
+TEST_F(ArrayElements, GrowthThatThrowsLeavesTheArrayAsItWas) {
     const TestSupport::AllocationCount count;
     {
-        Array<PlainElement> array;
-        for (int i = 1; i <= 4; ++i) array.append(PlainElement(i));
+        auto array = arrayOf<PlainElement>({1, 2, 3, 4});
         const PlainElement* storage = array.data();
         PlainElement::s_refused = 3;
         EXPECT_THROW(array.append(PlainElement(5)), CopyRefused);
@@ -111,9 +98,8 @@ TEST_F(ArrayElements, AreAsTheyWereWhenACopyThrowsAsTheArrayGrows) {
     EXPECT_EQ(count.outstanding(), 0);
 }
 
-TEST_F(ArrayElements, AreAsTheyWereWhenTheNewElementCannotBeCopied) {
-    Array<PlainElement> array;
-    array.append(PlainElement(1));
+TEST_F(ArrayElements, AppendOfAnElementThatCannotBeCopiedLeavesTheArrayAsItWas) {
+    auto array = arrayOf<PlainElement>({1});
     const PlainElement refused(2);
     PlainElement::s_refused = 2;
     EXPECT_THROW(array.append(refused), CopyRefused);
@@ -121,76 +107,47 @@ TEST_F(ArrayElements, AreAsTheyWereWhenTheNewElementCannotBeCopied) {
     EXPECT_EQ(array.capacity(), 1u);
 }
 
-TEST_F(ArrayElements, AllGoWhenOneCannotBeCopiedWithTheArray) {
-    Array<PlainElement> array(3);
-    takeEvents();
-    PlainElement::s_refused = 2;
+TEST_F(ArrayElements, CopyThatThrowsDestroysTheNewElementsAndFreesTheStorage) {
+    auto array = arrayOf<PlainElement>({1, 2, 3});
+    PlainElement::s_refused = 3;
     EXPECT_THROW(Array<PlainElement>{array}, CopyRefused);
     EXPECT_EQ(takeEvents(),
-              (Events{"allocate 3", "copy 0", "copy 1", "destroy 0", "destroy 1", "deallocate 3"}));
+              (Events{"allocate 3", "copy 1", "copy 2", "destroy 1", "destroy 2", "deallocate 3"}));
 }
 
-TEST_F(ArrayElements, AreAsTheyWereWhenAnAssignmentThrows) {
-    Array<PlainElement> array(2);
-    const Array<PlainElement> other(2);
-    PlainElement::s_refused = 3;
+TEST_F(ArrayElements, AssignmentThatThrowsLeavesTheArrayAsItWas) {
+    auto array = arrayOf<PlainElement>({1, 2});
+    const auto other = arrayOf<PlainElement>({3, 4});
+    PlainElement::s_refused = 4;
     EXPECT_THROW(array = other, CopyRefused);
-    EXPECT_EQ(numbersOf(array), (std::vector<int>{0, 1}));
+    EXPECT_EQ(numbersOf(array), (std::vector<int>{1, 2}));
 }
 
-TEST_F(ArrayElements, AllGoWhenOneOfThemCannotBeMade) {
-    PlainElement::s_refused = 2;
-    EXPECT_THROW(Array<PlainElement>(4), CopyRefused);
-    EXPECT_EQ(takeEvents(), (Events{"allocate 4", "default 0", "default 1", "destroy 0",
-                                    "destroy 1", "deallocate 4"}));
-}
-
-TEST_F(ArrayElements, WithAnEntryAreMadeByIt) {
-    const Array<EnteredElement> array(3);
-    EXPECT_EQ(takeEvents(), (Events{"allocate 3", "DefaultConstruct 3"}));
-    EXPECT_EQ(numbersOf(array), (std::vector<int>{0, 0, 0}));
-}
-
-TEST_F(ArrayElements, WithAnEntryAreAppendedByIt) {
+TEST_F(ArrayElements, OperationsEntryMovesAppendedElementsAndCopiesAndDestroysGrowingOnes) {
     Array<EnteredElement> array;
     array.append(EnteredElement(1));
     EXPECT_EQ(takeEvents(), (Events{"allocate 1", "MoveConstruct 1"}));
-    EXPECT_EQ(numbersOf(array), std::vector<int>{1});
-}
-
-TEST_F(ArrayElements, WithAnEntryGrowByIt) {
-    Array<EnteredElement> array;
-    for (int i = 1; i <= 2; ++i) array.append(EnteredElement(i));
-    takeEvents();
-    array.append(EnteredElement(3));
-    EXPECT_EQ(takeEvents(), (Events{"allocate 4", "CopyConstruct 2", "Destroy 2", "deallocate 2",
+    array.append(EnteredElement(2));
+    EXPECT_EQ(takeEvents(), (Events{"allocate 2", "CopyConstruct 1", "Destroy 1", "deallocate 1",
                                     "MoveConstruct 1"}));
-    EXPECT_EQ(numbersOf(array), (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(numbersOf(array), (std::vector<int>{1, 2}));
 }
 
-TEST_F(ArrayElements, WithAnEntryAreCopiedByIt) {
-    Array<EnteredElement> array(2);
-    array.append(EnteredElement(7));
-    takeEvents();
+TEST_F(ArrayElements, OperationsEntryCopiesTheElementsOfACopiedArray) {
+    const auto array = arrayOf<EnteredElement>({5, 6, 7});
     const Array<EnteredElement> copy(array);
     EXPECT_EQ(takeEvents(), (Events{"allocate 3", "CopyConstruct 3"}));
-    EXPECT_EQ(numbersOf(copy), (std::vector<int>{0, 0, 7}));
+    EXPECT_EQ(numbersOf(copy), (std::vector<int>{5, 6, 7}));
 }
 
-TEST_F(ArrayElements, WithAnEntryAreDestroyedByIt) {
-    std::optional<Array<EnteredElement>> array(3);
-    takeEvents();
+TEST_F(ArrayElements, OperationsEntryDestroysTheElements) {
+    std::optional array(arrayOf<EnteredElement>({1, 2, 3}));
     array->clear();
     EXPECT_EQ(takeEvents(), Events{"Destroy 3"});
     array->append(EnteredElement(1));
     takeEvents();
     array.reset();
-    EXPECT_EQ(takeEvents(), (Events{"Destroy 1", "deallocate 3"}));
-}
-
-TEST_F(ArrayElements, CarryTheirEntryInTheDescription) {
-    const Array<EnteredElement> array;
-    EXPECT_EQ(array.elementRep().operations, &EnteredElement::operations);
+    EXPECT_EQ(takeEvents(), (Events{"Destroy 1", "deallocate 4"}));
 }
 
 }  // namespace

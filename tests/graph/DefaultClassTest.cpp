@@ -1,7 +1,8 @@
+#include "tests/support/RunTogether.h"
+
 #include <Pelmor/DefaultClass.h>
 
 #include <cstdint>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -12,21 +13,18 @@ using ObjectPtr = Pelmor::Ptr<Tavrik::Object>;
 
 const ObjectPtr& defaultObject() { return Pelmor::Internal::getDefaultClass<Tavrik::Object>(); }
 
-TEST(DefaultClass, IsOneObjectEvenWhenManyThreadsAskForItFirst) {
+TEST(DefaultClass, DefaultObjectIsOneEvenIfManyThreadsAskFirst) {
     std::vector<const ObjectPtr*> answers(8);
-    std::vector<std::thread> threads;
-    for (const ObjectPtr*& answer : answers)
-        threads.emplace_back([&answer] { answer = &defaultObject(); });
-    for (std::thread& thread : threads) thread.join();
+    TestSupport::runTogether(answers.size(), [&](std::size_t i) { answers[i] = &defaultObject(); });
     for (const ObjectPtr* answer : answers) EXPECT_EQ(answer, &defaultObject());
 }
 
-TEST(DefaultClass, IsNeverNull) {
+TEST(DefaultClass, DefaultObjectIsNeverNull) {
     ASSERT_TRUE(defaultObject());
     EXPECT_NE(defaultObject().get(), nullptr);
 }
 
-TEST(DefaultClass, CountsItsCopies) {
+TEST(DefaultClass, DefaultObjectCountsItsCopies) {
     const std::uint64_t before = defaultObject().useCount();
     {
         const ObjectPtr copy = defaultObject();

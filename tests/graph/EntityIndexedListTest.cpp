@@ -7,13 +7,13 @@ namespace {
 
 using TypeList = Pelmor::EntityIndexedList<Pelmor::Type>;
 
-TEST(EntityIndexedList, IsEmptyAtFirst) {
+TEST(EntityIndexedList, NewListIsEmpty) {
     const TypeList list;
     EXPECT_EQ(list.size(), 0u);
     EXPECT_EQ(list.find("double"), nullptr);
 }
 
-TEST(EntityIndexedList, KeepsTheOrderInWhichEntitiesAreAdded) {
+TEST(EntityIndexedList, ListKeepsTheOrderInWhichEntitiesAreAdded) {
     const Pelmor::Library library;
     TypeList list;
     EXPECT_TRUE(list.add(library.getType("string")));
@@ -25,7 +25,7 @@ TEST(EntityIndexedList, KeepsTheOrderInWhichEntitiesAreAdded) {
     EXPECT_TRUE(list[2].getFullyQualifiedName() == "bool");
 }
 
-TEST(EntityIndexedList, HasEachNameOnce) {
+TEST(EntityIndexedList, ListHasEachNameOnce) {
     const Pelmor::Library library, otherLibrary;
     TypeList list;
     EXPECT_TRUE(list.add(library.getType("double")));
@@ -34,7 +34,7 @@ TEST(EntityIndexedList, HasEachNameOnce) {
     EXPECT_EQ(list.size(), 1u);
 }
 
-TEST(EntityIndexedList, FindsByTheWholeName) {
+TEST(EntityIndexedList, ListFindsByTheWholeName) {
     const Pelmor::Library library;
     TypeList list;
     list.add(library.getType("double"));

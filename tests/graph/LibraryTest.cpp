@@ -26,9 +26,10 @@ Members membersOf(const char* structName) {
     return members;
 }
 
-TEST(Library, KnowsTheBuiltInTypesByTheirExactNames) {
+TEST(Library, BuiltInTypesAreKnownByTheirExactNames) {
     const Library library;
-    for (const char* name : {"bool", "int", "double", "string", "Math::double4x4", "Object"}) {
+    for (const char* name :
+         {"bool", "int", "double", "float", "string", "Math::double4x4", "Object"}) {
         const auto type = library.findType(name);
         ASSERT_TRUE(type) << name;
         EXPECT_TRUE(type->getFullyQualifiedName() == name);
@@ -37,40 +38,25 @@ TEST(Library, KnowsTheBuiltInTypesByTheirExactNames) {
         EXPECT_FALSE(library.findType(name)) << name;
 }
 
-TEST(Library, KnowsTransformsAsEightMatrices) {
-    Members expected;
+TEST(Library, RecordsHaveTheirMembersInOrder) {
+    Members matrices;
     for (const char* digit : {"0", "1", "2", "3", "4", "5", "6", "7"})
-        expected.emplace_back(std::string("matrix") + digit, "Math::double4x4");
-    EXPECT_EQ(membersOf("Core::Transform::Transform"), expected);
-}
-
-TEST(Library, KnowsNamedTransforms) {
+        matrices.emplace_back(std::string("matrix") + digit, "Math::double4x4");
+    EXPECT_EQ(membersOf("Core::Transform::Transform"), matrices);
     EXPECT_EQ(
         membersOf("Rigging::Module::NamedTransforms"),
         (Members{{"names", "array<string>"}, {"transforms", "array<Core::Transform::Transform>"}}));
-}
-
-TEST(Library, KnowsPins) {
     EXPECT_EQ(membersOf("Rigging::Module::Pins"),
               (Members{{"names", "array<string>"}, {"matrices", "array<Math::double4x4>"}}));
-}
-
-TEST(Library, KnowsInputsJoints) {
     EXPECT_EQ(membersOf("Rigging::Module::InputsJoints"),
               (Members{{"names", "array<string>"},
                        {"matrices", "array<Math::double4x4>"},
                        {"namedTransforms", "Rigging::Module::NamedTransforms"}}));
-}
-
-TEST(Library, KnowsInputsControls) {
     EXPECT_EQ(membersOf("Rigging::Module::InputsControls"),
               (Members{{"names", "array<string>"},
                        {"matrices", "array<Math::double4x4>"},
                        {"weights", "array<double>"},
                        {"namedTransforms", "Rigging::Module::NamedTransforms"}}));
-}
-
-TEST(Library, KnowsInputs) {
     EXPECT_EQ(membersOf("Rigging::Module::Inputs"),
               (Members{{"pins", "Rigging::Module::Pins"},
                        {"joints", "Rigging::Module::InputsJoints"},
@@ -78,9 +64,6 @@ TEST(Library, KnowsInputs) {
                        {"controls1", "Rigging::Module::InputsControls"},
                        {"object0", "Object"},
                        {"object1", "Object"}}));
-}
-
-TEST(Library, KnowsOutputs) {
     EXPECT_EQ(membersOf("Rigging::Module::Outputs"),
               (Members{{"name", "string"},
                        {"pins", "Rigging::Module::Pins"},
@@ -91,7 +74,7 @@ TEST(Library, KnowsOutputs) {
                        {"object1", "Object"}}));
 }
 
-TEST(Library, FindsArraysOfWhatItKnowsAtAnyDepth) {
+TEST(Library, ArraysOfKnownTypesAreFoundAtAnyDepth) {
     const Library library;
     std::string name = "Rigging::Module::Pins";
     for (int depth = 1; depth <= 5; ++depth) {
@@ -102,7 +85,7 @@ TEST(Library, FindsArraysOfWhatItKnowsAtAnyDepth) {
     }
 }
 
-TEST(Library, FindsNoArrayWhoseNameHasAnotherForm) {
+TEST(Library, ArrayNamesOfAnotherFormAreNotFound) {
     const Library library;
     for (const char* name : {"array<>", "array<", "array", "array<double", "array<double>>",
                              "array<Nothing>", "array< double>", "array <double>", "Array<double>",
@@ -110,7 +93,7 @@ TEST(Library, FindsNoArrayWhoseNameHasAnotherForm) {
         EXPECT_FALSE(library.findType(name)) << name;
 }
 
-TEST(Library, GetTypeThrowsWhereThereIsNone) {
+TEST(Library, GetTypeThrowsIfThereIsNone) {
     const Library library;
     EXPECT_THROW(library.getType("Nothing"), std::out_of_range);
     EXPECT_THROW(library.getType("array<Nothing>"), std::out_of_range);
@@ -125,7 +108,7 @@ TEST(Library, ArrayOfMakesTheTypeThatIsFoundByName) {
                 "array<array<Rigging::Module::Pins>>");
 }
 
-TEST(Library, FindsWhatIsDefinedAndArraysOfIt) {
+TEST(Library, DefinedTypesAndArraysOfThemAreFound) {
     Library library;
     library.defineStruct("Rigging::Limb", {{"length", library.getType("double")}});
     library.defineEnum("Rigging::Side", {{"left", 0}});
@@ -134,14 +117,14 @@ TEST(Library, FindsWhatIsDefinedAndArraysOfIt) {
         EXPECT_TRUE(library.findType(name)) << name;
 }
 
-TEST(Library, IsNotChangedByAnotherLibrarysDefinitions) {
+TEST(Library, DefinitionsStayInTheirLibrary) {
     Library library;
     const Library other;
     library.defineStruct("Rigging::Limb", {});
     EXPECT_FALSE(other.findType("Rigging::Limb"));
 }
 
-TEST(Library, RefusesToDefineANameAgainAndKeepsTheFirst) {
+TEST(Library, TakenNamesAreRefusedAndKeepTheirType) {
     Library library;
     library.defineStruct("Limb", {{"length", library.getType("double")}});
     library.defineEnum("Side", {{"left", 0}});
@@ -157,14 +140,14 @@ TEST(Library, RefusesToDefineANameAgainAndKeepsTheFirst) {
     EXPECT_EQ(library.getType("double").getTypeKind(), Pelmor::TypeKind::Double);
 }
 
-TEST(Library, RefusesAnEmptyName) {
+TEST(Library, EmptyNamesAreRefused) {
     Library library;
     EXPECT_THROW(library.defineStruct("", {}), std::invalid_argument);
     EXPECT_THROW(library.defineEnum("", {}), std::invalid_argument);
     EXPECT_FALSE(library.findType(""));
 }
 
-TEST(Library, RefusesRepeatedMembersAndEnumerationsAndDefinesNothing) {
+TEST(Library, RepeatedMembersAndEnumerationsAreRefusedAndDefineNothing) {
     Library library;
     const Type number = library.getType("double");
     const Type text = library.getType("string");

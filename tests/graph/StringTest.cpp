@@ -1,11 +1,11 @@
 #include "tests/support/AllocationCount.h"
+#include "tests/support/RunTogether.h"
 
 #include <Pelmor/String.h>
 
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -15,6 +15,7 @@ namespace {
 
 using Pelmor::String;
 using TestSupport::AllocationCount;
+using TestSupport::runTogether;
 
 constexpr const char* kShort = "hip";
 constexpr const char* kLong = "a joint name that is too long to be kept in place";
@@ -30,7 +31,7 @@ protected:
     }
 };
 
-TEST_P(StringLength, KeepsItsCharactersAndTheirTerminator) {
+TEST_P(StringLength, StringKeepsItsCharactersAndTheirTerminator) {
     const std::string expected = text();
     const String string(expected.c_str());
     EXPECT_EQ(string.size(), GetParam());
@@ -40,7 +41,7 @@ TEST_P(StringLength, KeepsItsCharactersAndTheirTerminator) {
     EXPECT_TRUE(string == expected.c_str());
 }
 
-TEST_P(StringLength, AllocatesOnceAboveFifteenCharactersAndNeverBelow) {
+TEST_P(StringLength, ConstructionAllocatesOnceAboveFifteenCharactersAndNeverBelow) {
     const std::string expected = text();
     const AllocationCount count;
     {
@@ -50,7 +51,7 @@ TEST_P(StringLength, AllocatesOnceAboveFifteenCharactersAndNeverBelow) {
     EXPECT_EQ(count.outstanding(), 0);
 }
 
-TEST_P(StringLength, CopiesMovesAndAssignsWithoutAllocating) {
+TEST_P(StringLength, CopyMoveAndAssignmentAllocateNothing) {
     const std::string expected = text();
     String original(expected.c_str());
     const AllocationCount count;
@@ -64,7 +65,7 @@ TEST_P(StringLength, CopiesMovesAndAssignsWithoutAllocating) {
     EXPECT_TRUE(moved == expected.c_str());
 }
 
-TEST_P(StringLength, IsEmptyAfterItIsMovedFrom) {
+TEST_P(StringLength, MovedFromStringIsEmpty) {
     String source(text().c_str());
     const String constructed(std::move(source));
     EXPECT_TRUE(source.empty());
@@ -77,7 +78,7 @@ TEST_P(StringLength, IsEmptyAfterItIsMovedFrom) {
     EXPECT_TRUE(assigned == constructed);
 }
 
-TEST_P(StringLength, IsUnchangedByAssignmentToItself) {
+TEST_P(StringLength, AssignmentToItselfChangesNothing) {
     String string(text().c_str());
     String& same = string;
     string = same;
@@ -89,9 +90,9 @@ TEST_P(StringLength, IsUnchangedByAssignmentToItself) {
 INSTANTIATE_TEST_SUITE_P(AroundTheInPlaceCapacity, StringLength,
                          testing::Values(0, 1, 14, 15, 16, 17, 1000));
 
-TEST(String, TakesSixteenBytes) { EXPECT_EQ(sizeof(String), 16u); }
+TEST(String, StringTakesSixteenBytes) { EXPECT_EQ(sizeof(String), 16u); }
 
-TEST(String, IsEmptyByDefaultAndFromNullText) {
+TEST(String, DefaultStringAndNullTextAreEmpty) {
     EXPECT_STREQ(String().c_str(), "");
     EXPECT_STREQ(String(nullptr).c_str(), "");
     String string(kLong);
@@ -99,13 +100,13 @@ TEST(String, IsEmptyByDefaultAndFromNullText) {
     EXPECT_TRUE(string.empty());
 }
 
-TEST(String, SharesLongTextWithItsCopies) {
+TEST(String, CopiesShareLongText) {
     const String original(kLong);
     const String copy(original);
     EXPECT_EQ(copy.c_str(), original.c_str());
 }
 
-TEST(String, FreesSharedTextWithTheLastStringThatHasIt) {
+TEST(String, SharedTextIsFreedWithTheLastStringThatHasIt) {
     const AllocationCount count;
     std::optional<String> original(kLong);
     {
@@ -117,7 +118,7 @@ TEST(String, FreesSharedTextWithTheLastStringThatHasIt) {
     EXPECT_EQ(count.outstanding(), 0);
 }
 
-TEST(String, FreesTheTextThatAnAssignmentReplaces) {
+TEST(String, AssignmentFreesTheTextThatItReplaces) {
     const AllocationCount count;
     {
         String string(kLong);
@@ -134,14 +135,14 @@ TEST(String, FreesTheTextThatAnAssignmentReplaces) {
     EXPECT_EQ(count.outstanding(), 0);
 }
 
-TEST(String, LeavesItsCopiesAloneWhenItIsAssigned) {
+TEST(String, AssignmentLeavesCopiesAlone) {
     String original(kLong);
     const String copy(original);
     original = kShort;
     EXPECT_TRUE(copy == kLong);
 }
 
-TEST(String, TakesAnyNumberOfCharactersNulsIncluded) {
+TEST(String, TextMayHaveNulsAmongItsCharacters) {
     const String string("hip\0left", 8);
     EXPECT_EQ(string.size(), 8u);
     EXPECT_EQ(std::string(string.c_str(), 8), std::string("hip\0left", 8));
@@ -150,7 +151,7 @@ TEST(String, TakesAnyNumberOfCharactersNulsIncluded) {
     EXPECT_TRUE(string != String("hip"));
 }
 
-TEST(String, EqualsTextWithTheSameCharactersAlone) {
+TEST(String, EqualityIsThatOfAllCharacters) {
     const String string("knee");
     EXPECT_TRUE(string == "knee");
     EXPECT_TRUE(string == String("knee"));
@@ -195,23 +196,33 @@ TEST(String, PlusGivesANewStringWithBothTexts) {
     EXPECT_TRUE(String() + "" == "");
 }
 
-TEST(String, IsCopiedAndDestroyedOnManyThreadsAtOnce) {
+// So many that the threads are sure to meet.
+class StringThreads : public testing::Test {
+protected:
+    static constexpr std::size_t kThreads = 4, kCopies = 1'000'000;
+
+    std::optional<String> original{kLong};
+    std::vector<std::vector<String>> copies{kThreads};
+};
+
+TEST_F(StringThreads, CopiesOnManyThreadsAreAllCounted) {
+    runTogether(kThreads, [&](std::size_t i) { copies[i].assign(kCopies, *original); });
     const AllocationCount count;
-    std::optional<String> original(kLong);
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 8; ++i)
-        threads.emplace_back([own = *original] {
-            for (int round = 0; round < 2000; ++round) {
-                const String copy(own);
-                ASSERT_TRUE(copy == kLong);
-            }
-        });
-    const char* characters = original->c_str();
-    const String last(*original);
+    for (std::vector<String>& some : copies)
+        while (!some.empty() && count.deallocations() == 0) some.pop_back();
+    if (count.deallocations() == 0) return;
+    ADD_FAILURE() << "the text was freed before the last string that has it";
+    // What is left has no text that it could release.
+    new auto(std::move(copies));
+    new auto(std::move(original));
+}
+
+TEST_F(StringThreads, StringsDestroyedOnManyThreadsAreAllUncounted) {
+    for (std::vector<String>& some : copies) some.assign(kCopies, *original);
+    runTogether(kThreads, [&](std::size_t i) { copies[i].clear(); });
+    const AllocationCount count;
     original.reset();
-    for (std::thread& thread : threads) thread.join();
-    EXPECT_EQ(last.c_str(), characters);
-    EXPECT_TRUE(last == kLong);
+    EXPECT_EQ(count.deallocations(), 1u) << "the last string frees the text";
 }
 
 }  // namespace

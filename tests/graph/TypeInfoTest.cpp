@@ -38,7 +38,7 @@ void expectNeitherLess(const TypeInfo& a, const TypeInfo& b) {
     EXPECT_FALSE(typeInfoLess(b, a));
 }
 
-TEST(TypeInfo, CountsTheCharactersOfItsName) {
+TEST(TypeInfo, NewRecordCountsTheCharactersOfItsName) {
     const TypeInfo info(kJoint, 2);
     EXPECT_EQ(info.name, kJoint);
     EXPECT_EQ(info.nameLength, 5u);
@@ -47,41 +47,41 @@ TEST(TypeInfo, CountsTheCharactersOfItsName) {
     EXPECT_EQ(info.arrayDepth, 2u);
 }
 
-TEST(TypeInfoEquals, OfTwoCanonicalRecordsIsThatTheyAreTheSame) {
+TEST(TypeInfoEquals, TwoCanonicalRecordsAreEqualOnlyIfTheyAreTheSame) {
     const TypeInfo a = identity(kJoint, 0, 0, 1);
     const TypeInfo b = identity(kJoint, 0, 0, 1);
     EXPECT_TRUE(typeInfoEquals(a, a));
     EXPECT_FALSE(typeInfoEquals(a, b));
 }
 
-TEST(TypeInfoEquals, ComparesContentWhereOneRecordAloneIsCanonical) {
+TEST(TypeInfoEquals, OneCanonicalRecordComparesByContent) {
     const TypeInfo canonical = identity(kJoint, 0, 0, 1);
     const TypeInfo ordinary = identity(kJointElsewhere);
     EXPECT_TRUE(typeInfoEquals(canonical, ordinary));
     EXPECT_TRUE(typeInfoEquals(ordinary, canonical));
 }
 
-TEST(TypeInfoEquals, TellsQualifiersApartWhateverTheName) {
+TEST(TypeInfoEquals, DifferentQualifiersAreUnequalWhateverTheName) {
     EXPECT_FALSE(typeInfoEquals(identity(kJoint, 0, 0), identity(kJoint, 0, 1)));
 }
 
-TEST(TypeInfoEquals, TellsDepthsApartWhateverTheName) {
+TEST(TypeInfoEquals, DifferentDepthsAreUnequalWhateverTheName) {
     EXPECT_FALSE(typeInfoEquals(identity(kJoint, 0), identity(kJoint, 1)));
 }
 
-TEST(TypeInfoEquals, GoesByTheAddressOfTheNameBeforeItsLength) {
+TEST(TypeInfoEquals, SameNamePointerIsEqualWhateverItsLength) {
     const TypeInfo a = identity(kJoint);
     TypeInfo b = a;
     b.nameLength = 2;
     EXPECT_TRUE(typeInfoEquals(a, b));
 }
 
-TEST(TypeInfoEquals, TellsLengthsApartBeforeCharacters) {
+TEST(TypeInfoEquals, DifferentLengthsAreUnequal) {
     EXPECT_FALSE(typeInfoEquals(identity(kJoint), identity("joints")));
     EXPECT_FALSE(typeInfoEquals(identity(kJoint), identity("join")));
 }
 
-TEST(TypeInfoEquals, ComparesEveryCharacterOfTheLengthAndNoneBehindIt) {
+TEST(TypeInfoEquals, NamesCompareByEveryCharacterOfTheLengthAndNoneBehindIt) {
     ASSERT_NE(&kJoint[0], &kJointElsewhere[0]);
     EXPECT_TRUE(typeInfoEquals(identity(kJoint), identity(kJointElsewhere)));
     EXPECT_FALSE(typeInfoEquals(identity("joint"), identity("joinT")));
@@ -93,53 +93,53 @@ TEST(TypeInfoEquals, ComparesEveryCharacterOfTheLengthAndNoneBehindIt) {
     EXPECT_TRUE(typeInfoEquals(joint, jointAgain));
 }
 
-TEST(TypeInfoLess, PutsSmallerDepthsFirstWhateverElse) {
+TEST(TypeInfoLess, SmallerDepthComesFirstWhateverElse) {
     expectOrdered(identity("z", 0, 9), identity("a", 1, 0));
     expectOrdered(identity("a", 1), identity("a", 2));
     expectOrdered(identity("a", 1), identity("a", 0x80000000u));
 }
 
-TEST(TypeInfoLess, PutsSmallerQualifiersFirstWithinADepth) {
+TEST(TypeInfoLess, SmallerQualifierComesFirstWithinADepth) {
     expectOrdered(identity("z", 1, 0), identity("a", 1, 1));
     expectOrdered(identity("a", 0, 1), identity("a", 0, 0x80));
 }
 
-TEST(TypeInfoLess, FindsNeitherLessWhereTheNamesAreTheSamePointer) {
+TEST(TypeInfoLess, SameNamePointerIsNotLess) {
     const TypeInfo a = identity(kJoint);
     TypeInfo b = a;
     b.nameLength = 2;
     expectNeitherLess(a, b);
 }
 
-TEST(TypeInfoLess, OrdersNamesByTheirFirstDifference) {
+TEST(TypeInfoLess, NamesAreOrderedByTheirFirstDifference) {
     expectOrdered(identity("hip"), identity("knee"));
     expectOrdered(identity("hip long"), identity("knee"));
     expectOrdered(identity("Knee"), identity("hip"));
 }
 
-TEST(TypeInfoLess, TakesCharactersAsSigned) {
+TEST(TypeInfoLess, CharactersCompareAsSigned) {
     expectOrdered(identity("\x80"), identity("\xff"));
     expectOrdered(identity("\xff"), identity("\x01"));
     expectOrdered(identity("a\x80"), identity("a~"));
 }
 
-TEST(TypeInfoLess, PutsAPrefixFirst) {
+TEST(TypeInfoLess, PrefixComesFirst) {
     expectOrdered(identity("join"), identity("joint"));
     expectOrdered(identity(""), identity("\x80"));
 }
 
-TEST(TypeInfoLess, FindsNeitherLessWhereTheCharactersAreTheSame) {
+TEST(TypeInfoLess, SameCharactersAreNotLess) {
     expectNeitherLess(identity(kJoint), identity(kJointElsewhere));
 }
 
-TEST(TypeInfoLess, DoesNotLookAtTheCanonicalFlag) {
+TEST(TypeInfoLess, CanonicalFlagPlaysNoPart) {
     expectNeitherLess(identity(kJoint, 0, 0, 1), identity(kJointElsewhere, 0, 0, 0));
     expectNeitherLess(identity(kJoint, 0, 0, 1), identity(kJointElsewhere, 0, 0, 1));
     expectOrdered(identity("a", 0, 0, 1), identity("b", 0, 0, 0));
     expectOrdered(identity("a", 0, 0, 0), identity("b", 0, 0, 1));
 }
 
-TEST(TypeInfoLess, IsAStrictWeakOrderThatAgreesWithEquality) {
+TEST(TypeInfoLess, OrderIsStrictAndWeakAndAgreesWithEquality) {
     std::vector<TypeInfo> all;
     for (const char* name : {"", "a", "aa", "b", "\x80", "a\x80", kJoint, kJointElsewhere})
         for (const std::uint32_t depth : {0u, 1u, 2u})
@@ -161,7 +161,7 @@ TEST(TypeInfoLess, IsAStrictWeakOrderThatAgreesWithEquality) {
     }
 }
 
-TEST(Identity, NamesAPointerToTheType) {
+TEST(Identity, NameIsThatOfAPointerToTheType) {
     const TypeInfo& matrix = Identity<Math::double4x4, 0>::s_record;
     EXPECT_STREQ(matrix.name, typeid(Math::double4x4*).name());
     EXPECT_EQ(matrix.nameLength, std::strlen(typeid(Math::double4x4*).name()));
@@ -170,7 +170,7 @@ TEST(Identity, NamesAPointerToTheType) {
     EXPECT_EQ(matrix.arrayDepth, 0u);
 }
 
-TEST(Identity, OfAnArrayDiffersInItsDepthAlone) {
+TEST(Identity, IdentityOfAnArrayDiffersInItsDepthAlone) {
     const TypeInfo& matrix = Identity<Math::double4x4, 0>::s_record;
     const TypeInfo& matrices = HeldIdentity<Pelmor::SharedArray<Math::double4x4>>::s_record;
     EXPECT_STREQ(matrices.name, matrix.name);
@@ -181,7 +181,7 @@ TEST(Identity, OfAnArrayDiffersInItsDepthAlone) {
     EXPECT_FALSE(typeInfoEquals(matrix, matrices));
 }
 
-TEST(Identity, OfAnArraySortsBehindThatOfEveryOtherType) {
+TEST(Identity, IdentityOfAnArraySortsBehindThatOfEveryValue) {
     for (const TypeInfo* array : {&HeldIdentity<Pelmor::SharedArray<double>>::s_record,
                                   &HeldIdentity<Pelmor::SharedArray<Math::double4x4>>::s_record})
         for (const TypeInfo* other :
@@ -190,7 +190,7 @@ TEST(Identity, OfAnArraySortsBehindThatOfEveryOtherType) {
             expectOrdered(*other, *array);
 }
 
-TEST(Identity, OfAPointerThatHoldsNoArrayIsThatOfAValue) {
+TEST(Identity, IdentityOfAPointerToNoArrayIsThatOfAValue) {
     EXPECT_EQ(HeldIdentity<Pelmor::Ptr<double>>::s_record.arrayDepth, 0u);
 }
 

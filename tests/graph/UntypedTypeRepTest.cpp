@@ -45,13 +45,13 @@ TEST(UntypedTypeRep, DescribesElementsThatHaveAnEntry) {
     EXPECT_EQ(rep.operations, &GraphTests::EnteredElement::operations);
 }
 
-TEST(UntypedTypeRep, TellsAlignmentAndKindApart) {
+TEST(UntypedTypeRep, AlignmentIsTheLowHalfAndKindTheHighHalf) {
     const UntypedTypeRep rep{4, 0xabcd0010u, nullptr};
     EXPECT_EQ(rep.alignment(), 0x10u);
     EXPECT_EQ(rep.kindCode(), 0xabcdu);
 }
 
-TEST(UntypedTypeRep, AllocatesWritableStorageForAllElements) {
+TEST(UntypedTypeRep, AllocateGivesWritableStorageForAllElements) {
     const AllocationCount count;
     const UntypedTypeRep rep{24, 8, nullptr};
     void* buffer = rep.allocate(100);
@@ -62,7 +62,7 @@ TEST(UntypedTypeRep, AllocatesWritableStorageForAllElements) {
     EXPECT_EQ(count.outstanding(), 0);
 }
 
-TEST(UntypedTypeRep, AllocatesWithTheAlignmentThatItDescribes) {
+TEST(UntypedTypeRep, AllocateAlignsStorageAsDescribed) {
     for (const std::uint32_t alignment : {8u, 16u, 64u, 4096u}) {
         const UntypedTypeRep rep{64, alignment, nullptr};
         void* buffer = rep.allocate(3);
@@ -71,7 +71,7 @@ TEST(UntypedTypeRep, AllocatesWithTheAlignmentThatItDescribes) {
     }
 }
 
-TEST(UntypedTypeRep, RefusesACountWhoseBytesCannotBeCounted) {
+TEST(UntypedTypeRep, AllocateRefusesACountWhoseBytesCannotBeCounted) {
     const UntypedTypeRep rep = elementRepOf<Pelmor::String>();
     const AllocationCount count;
     // Sixteen times these is, in 64 bits, 0 and 16.

@@ -81,6 +81,7 @@ bool fitsSingle(const DataShape& shape, const Pelmor::Type& type) {
             return shape.kind == Kind::Enum;
         case Pelmor::TypeKind::Object:
             return shape.kind == Kind::Empty;
+        case Pelmor::TypeKind::Float:
         case Pelmor::TypeKind::Array:
             break;
     }

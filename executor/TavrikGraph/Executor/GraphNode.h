@@ -44,18 +44,18 @@ public:
     GraphNode(TypeTranslation& translation, const VString& nodeName, Graph graph);
     GraphNode(const GraphNode&) = delete;
     GraphNode& operator=(const GraphNode&) = delete;
-    // The host node stays while a handle names it, and computes nothing any more. [edit thread]
+    // The host node lives on while a handle names it, but computes nothing any more. [edit thread]
     ~GraphNode();
 
-    // [any thread], while nobody edits or evaluates.
+    // [any thread]
     const VObject& hostNode() const noexcept { return m_hostNode; }
     const std::vector<Port>& ports() const noexcept { return m_ports; }
 
-    // False, and no port, where the translation gave the host node no attribute for it.
+    // False, and no port is added, if the translation gave the host node no attribute for it.
     // [edit thread]
     bool addPort(const Pelmor::String& name, PortDirection direction, const Pelmor::Type& type);
 
-    // Evaluates the graph once. True where every port was translated. [evaluation thread]
+    // Evaluates the graph once. True if every port was translated. [evaluation thread]
     bool evaluate();
 
 private:

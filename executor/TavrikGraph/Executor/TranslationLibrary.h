@@ -1,6 +1,6 @@
 // A translation library, loaded at run time, and the translation object that its factory gave. Both
 // go with it: the object is released, then the library is unloaded, so nothing that came from the
-// library (a value of one of its types least of all) may outlive it. [any thread], one at a time
+// library may outlive it, values of its types included. [any thread]
 #pragma once
 
 #include <TavrikGraph/Executor/Export.h>
@@ -13,8 +13,8 @@ namespace TavrikGraph::Executor {
 
 class TAVRIKGRAPH_API TranslationLibrary {
 public:
-    // Throws LoadError where there is no such file, it is no library, it lacks the factory, or the
-    // factory gives nothing. `path` is a path, never a name to search for.
+    // Throws LoadError if there is no such file, it is no library, it lacks the factory, or the
+    // factory returns null. `path` is a path, never a name to search for.
     explicit TranslationLibrary(const std::string& path);
 
     const std::string& path() const noexcept { return m_path; }

@@ -5,6 +5,12 @@
 //
 // The order of the virtual operations is the calling contract between separately built libraries;
 // it never changes. None of them lets an exception out.
+//
+// Headers say in brackets where a declaration, or all that a header declares, may be used:
+//
+//   [any thread]         on any thread. Several may use one object at once as long as none changes
+//   it. [evaluation thread]  on the thread on which the host evaluates the node; one at a time per
+//   node. [edit thread]        on the host's main thread, while no node is evaluated.
 #pragma once
 
 #include <Pelmor/AnyValue.h>
@@ -46,33 +52,34 @@ public:
     // from the host. [any thread]
     virtual void getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept = 0;
 
-    // Reads the host's data of the port of type `type` into `value`, whose former content is
-    // replaced. False where there is no value to be had. [evaluation thread]
+    // Reads the host's data of the port, whose type is `type`, into `value`, and replaces what that
+    // held. False if there is no value. [evaluation thread]
     virtual bool translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
                                    const HostContext& context) const noexcept = 0;
 
-    // Writes `value` into the host's data of the port. False where the value's type is not carried;
-    // a failure of the host while writing is shown to the user. [evaluation thread]
+    // Writes `value` into the host's data of the port. False if the value's type is not carried; a
+    // failure of the host while writing is shown to the user. [evaluation thread]
     virtual bool translateToHost(const Pelmor::AnyValue& value,
                                  const HostContext& context) const noexcept = 0;
 
-    // Gives the host node an attribute for a new port. False where it did not, for a reason that
-    // was shown to the user. `portIndex` is the port's place among those of its graph, `portFlags`
+    // Gives the host node an attribute for a new port. False if it did not, for a reason that was
+    // shown to the user. `portIndex` is the port's place among those of its graph, `portFlags`
     // are the framework's. [edit thread]
     virtual bool portAdded(const Pelmor::String& portName, PortDirection direction,
                            const Pelmor::Type& type, std::uint32_t portIndex,
                            std::uint32_t portFlags, NodeEditContext* context) const noexcept = 0;
 
-    // The framework removes and renames host attributes itself; a translation that keeps something
-    // for a port hears of it here. False objects. The defaults agree. [edit thread]
+    // The framework removes and renames host attributes itself, and tells the translation here, in
+    // case it keeps something for a port. False refuses the change; the defaults return true.
+    // [edit thread]
     virtual bool portRemoved(const Pelmor::String& nodeName,
                              const Pelmor::String& portName) const noexcept;
     virtual bool portRenamed(const Pelmor::String& nodeName, const Pelmor::String& oldPortName,
                              const Pelmor::String& newPortName) const noexcept;
 
     // Called when the host loads and unloads the framework's own plug-in, for a translation that
-    // brings host nodes or data types. False tells of a failure. The defaults have nothing to
-    // register. [edit thread]
+    // brings host nodes or data types. False if that failed. The defaults have nothing to register
+    // and return true. [edit thread]
     virtual bool registerHostPlugins(const PluginHostData* host) const noexcept;
     virtual bool unregisterHostPlugins(const PluginHostData* host) const noexcept;
 
