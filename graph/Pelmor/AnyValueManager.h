@@ -74,8 +74,8 @@ struct InPlaceStorage {
     static void move(HolderWords& source, HolderWords& destination) noexcept {
         T value(std::move(*held(source)));
         destroy(source);
-        // An emptied holder has null words. The move wrote nulls, but an optimising compiler may
-        // drop what is written to an object just before it is destroyed.
+        // The words of an emptied holder are null. Not every move leaves nulls, and an optimising
+        // compiler may drop those that it writes to an object that is destroyed next.
         std::memset(source.storage, 0, sizeof(T));
         construct(destination, std::move(value));
     }

@@ -84,13 +84,14 @@ protected:
     std::unique_ptr<GraphNode> m_node = adder("adder");
 };
 
-TEST_F(GraphNodeEvaluation, ReadsTheInputsThenRunsTheGraphThenWritesTheOutputsInPortOrder) {
+TEST_F(GraphNodeEvaluation,
+       EvaluationReadsTheInputsThenRunsTheGraphThenWritesTheOutputsInPortOrder) {
     EXPECT_TRUE(m_node->evaluate());
     EXPECT_EQ(m_translation.calls,
               (Calls{"read a double", "read b double", "graph", "write sum", "write negative"}));
 }
 
-TEST_F(GraphNodeEvaluation, CarriesValuesFromInputsToOutputs) {
+TEST_F(GraphNodeEvaluation, EvaluationCarriesValuesFromInputsToOutputs) {
     setInput(*m_node, "a", 2);
     setInput(*m_node, "b", 3.5);
     EXPECT_TRUE(m_node->evaluate());
@@ -98,7 +99,7 @@ TEST_F(GraphNodeEvaluation, CarriesValuesFromInputsToOutputs) {
     EXPECT_EQ(stored(*m_node, "negative"), -5.5);
 }
 
-TEST_F(GraphNodeEvaluation, ShowsInThePortsWhatItCarried) {
+TEST_F(GraphNodeEvaluation, PortsShowTheCarriedValues) {
     setInput(*m_node, "a", 2);
     m_node->evaluate();
     for (const GraphNode::Port& port : m_node->ports()) EXPECT_TRUE(port.translated);
@@ -108,7 +109,7 @@ TEST_F(GraphNodeEvaluation, ShowsInThePortsWhatItCarried) {
     EXPECT_EQ(*m_node->ports()[3].value.getIf<double>(), 0);
 }
 
-TEST_F(GraphNodeEvaluation, GivesTheGraphEmptyOutputsEachTime) {
+TEST_F(GraphNodeEvaluation, GraphGetsEmptyOutputsEachTime) {
     m_node->evaluate();
     EXPECT_TRUE(m_outputsWereEmpty);
     ASSERT_TRUE(m_node->ports()[0].value.hasValue());
@@ -119,7 +120,7 @@ TEST_F(GraphNodeEvaluation, GivesTheGraphEmptyOutputsEachTime) {
     EXPECT_FALSE(m_node->ports()[0].value.hasValue());
 }
 
-TEST_F(GraphNodeEvaluation, ReportsAnInputThatIsNotTranslatedAndCarriesTheOthers) {
+TEST_F(GraphNodeEvaluation, UntranslatedInputIsReportedAndTheOthersAreCarried) {
     setInput(*m_node, "a", 2);
     setInput(*m_node, "b", 3);
     m_translation.failingPorts = {"b"};
@@ -134,7 +135,7 @@ TEST_F(GraphNodeEvaluation, ReportsAnInputThatIsNotTranslatedAndCarriesTheOthers
     EXPECT_EQ(stored(*m_node, "sum"), 5);
 }
 
-TEST_F(GraphNodeEvaluation, ReportsAnOutputThatIsNotTranslatedAndCarriesTheOthers) {
+TEST_F(GraphNodeEvaluation, UntranslatedOutputIsReportedAndTheOthersAreCarried) {
     setInput(*m_node, "a", 2);
     m_translation.failingPorts = {"sum"};
     EXPECT_FALSE(m_node->evaluate());
@@ -143,7 +144,7 @@ TEST_F(GraphNodeEvaluation, ReportsAnOutputThatIsNotTranslatedAndCarriesTheOther
     EXPECT_EQ(stored(*m_node, "negative"), -2);
 }
 
-TEST_F(GraphNodeEvaluation, ReportsOutputsThatTheGraphLeavesEmpty) {
+TEST_F(GraphNodeEvaluation, OutputThatTheGraphLeavesEmptyIsReported) {
     m_leavesOutputsEmpty = true;
     EXPECT_FALSE(m_node->evaluate());
     EXPECT_FALSE(m_node->ports()[0].translated);
@@ -151,7 +152,7 @@ TEST_F(GraphNodeEvaluation, ReportsOutputsThatTheGraphLeavesEmpty) {
     EXPECT_TRUE(m_node->ports()[1].translated);
 }
 
-TEST_F(GraphNodeEvaluation, OfANodeWithoutPortsRunsTheGraph) {
+TEST_F(GraphNodeEvaluation, NodeWithoutPortsRunsTheGraph) {
     bool ran = false;
     GraphNode node(m_translation, "empty", [&](const Inputs& inputs, const Outputs& outputs) {
         ran = inputs.empty() && outputs.empty();
@@ -160,7 +161,7 @@ TEST_F(GraphNodeEvaluation, OfANodeWithoutPortsRunsTheGraph) {
     EXPECT_TRUE(ran);
 }
 
-TEST_F(GraphNodeEvaluation, HappensOnceWhenTheHostAsksForDirtyOutputs) {
+TEST_F(GraphNodeEvaluation, HostAskingForDirtyOutputsEvaluatesOnce) {
     setInput(*m_node, "a", 2);
     EXPECT_EQ(graphRuns(), 0);
     EXPECT_EQ(pull(m_node->hostNode(), "sum"), 2);
@@ -170,7 +171,7 @@ TEST_F(GraphNodeEvaluation, HappensOnceWhenTheHostAsksForDirtyOutputs) {
     EXPECT_EQ(graphRuns(), 1) << "both outputs came with the first";
 }
 
-TEST_F(GraphNodeEvaluation, HappensAgainWhenAnInputHasBecomeDirty) {
+TEST_F(GraphNodeEvaluation, DirtyInputMakesTheHostEvaluateAgain) {
     pull(m_node->hostNode(), "sum");
     setInput(*m_node, "b", 7);
     EXPECT_EQ(graphRuns(), 1);
@@ -178,7 +179,7 @@ TEST_F(GraphNodeEvaluation, HappensAgainWhenAnInputHasBecomeDirty) {
     EXPECT_EQ(graphRuns(), 2);
 }
 
-TEST_F(GraphNodeEvaluation, NoLongerHappensWhenTheGraphNodeHasGone) {
+TEST_F(GraphNodeEvaluation, DestroyedGraphNodeEvaluatesNoMore) {
     const VObject hostNode = m_node->hostNode();
     setInput(*m_node, "a", 2);
     pull(hostNode, "sum");
@@ -201,7 +202,7 @@ protected:
     std::unique_ptr<GraphNode> m_downstream = adder("downstream");
 };
 
-TEST_F(ConnectedGraphNodes, EvaluateUpstreamWhenDownstreamIsAskedFor) {
+TEST_F(ConnectedGraphNodes, DownstreamValueAskedForEvaluatesUpstreamFirst) {
     setInput(*m_node, "a", 2);
     setInput(*m_node, "b", 3);
     setInput(*m_downstream, "b", 10);
@@ -212,14 +213,14 @@ TEST_F(ConnectedGraphNodes, EvaluateUpstreamWhenDownstreamIsAskedFor) {
                      "read b double", "graph", "write sum", "write negative"}));
 }
 
-TEST_F(ConnectedGraphNodes, EvaluateUpstreamWhenDownstreamIsEvaluated) {
+TEST_F(ConnectedGraphNodes, DownstreamEvaluationEvaluatesUpstream) {
     setInput(*m_node, "a", 2);
     EXPECT_TRUE(m_downstream->evaluate());
     EXPECT_EQ(stored(*m_downstream, "sum"), 2);
     EXPECT_EQ(graphRuns(), 2);
 }
 
-TEST_F(ConnectedGraphNodes, CarryAChangeUpstreamAllTheWay) {
+TEST_F(ConnectedGraphNodes, UpstreamChangeIsCarriedAllTheWay) {
     setInput(*m_node, "a", 2);
     EXPECT_EQ(pull(m_downstream->hostNode(), "sum"), 2);
     setInput(*m_node, "a", 4);
@@ -227,7 +228,7 @@ TEST_F(ConnectedGraphNodes, CarryAChangeUpstreamAllTheWay) {
     EXPECT_EQ(graphRuns(), 4);
 }
 
-TEST_F(ConnectedGraphNodes, LeaveUpstreamAloneWhenTheChangeIsDownstream) {
+TEST_F(ConnectedGraphNodes, DownstreamChangeLeavesUpstreamAlone) {
     pull(m_downstream->hostNode(), "sum");
     m_translation.calls.clear();
     setInput(*m_downstream, "b", 1);

@@ -21,7 +21,7 @@ protected:
     GraphNode m_node{m_translation, "walk", [](const auto&, const auto&) {}};
 };
 
-TEST_F(GraphNodePorts, AreNoneAtFirst) {
+TEST_F(GraphNodePorts, NewNodeHasNoPorts) {
     const VFnDependencyNode hostNode(m_node.hostNode());
     EXPECT_TRUE(hostNode.name() == "walk");
     EXPECT_EQ(hostNode.attributeCount(), 0u);
@@ -29,7 +29,7 @@ TEST_F(GraphNodePorts, AreNoneAtFirst) {
     EXPECT_TRUE(m_translation.calls.empty());
 }
 
-TEST_F(GraphNodePorts, BecomeAttributesOfTheHostNode) {
+TEST_F(GraphNodePorts, AddedPortIsAnAttributeOfTheHostNode) {
     EXPECT_TRUE(m_node.addPort("length", PortDirection::Input, m_number));
     ASSERT_EQ(m_node.ports().size(), 1u);
     const GraphNode::Port& port = m_node.ports()[0];
@@ -42,7 +42,7 @@ TEST_F(GraphNodePorts, BecomeAttributesOfTheHostNode) {
     EXPECT_FALSE(port.translated);
 }
 
-TEST_F(GraphNodePorts, AreShownToTheTranslationWithTheirNodeAndPlace) {
+TEST_F(GraphNodePorts, AddedPortIsShownToTheTranslationWithItsNodeAndPlace) {
     m_node.addPort("length", PortDirection::Input, m_number);
     m_node.addPort("sum", PortDirection::Output, m_number);
     ASSERT_TRUE(m_translation.lastAdded);
@@ -54,7 +54,7 @@ TEST_F(GraphNodePorts, AreShownToTheTranslationWithTheirNodeAndPlace) {
     EXPECT_TRUE(m_translation.lastAdded->hasModifier);
 }
 
-TEST_F(GraphNodePorts, AreNotThereWhereTheTranslationRefuses) {
+TEST_F(GraphNodePorts, PortThatTheTranslationRefusesIsNotAdded) {
     m_translation.refusedPorts = {"length"};
     EXPECT_FALSE(m_node.addPort("length", PortDirection::Input, m_number));
     EXPECT_TRUE(m_node.ports().empty());
@@ -62,13 +62,13 @@ TEST_F(GraphNodePorts, AreNotThereWhereTheTranslationRefuses) {
     EXPECT_EQ(m_translation.lastAdded->index, 0u) << "the refused port took no place";
 }
 
-TEST_F(GraphNodePorts, AreNotThereWhereTheHostRefusesTheirAttribute) {
+TEST_F(GraphNodePorts, PortOfATakenAttributeNameIsNotAdded) {
     EXPECT_TRUE(m_node.addPort("length", PortDirection::Input, m_number));
     EXPECT_FALSE(m_node.addPort("length", PortDirection::Output, m_number));
     EXPECT_EQ(m_node.ports().size(), 1u);
 }
 
-TEST_F(GraphNodePorts, AreNotThereWhereTheTranslationAgreesButAddsNoAttribute) {
+TEST_F(GraphNodePorts, PortWithoutAnAttributeIsNotAdded) {
     m_translation.forgottenPorts = {"length"};
     EXPECT_FALSE(m_node.addPort("length", PortDirection::Input, m_number));
     EXPECT_TRUE(m_node.ports().empty());

@@ -12,6 +12,7 @@
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 namespace {
 
@@ -58,10 +59,9 @@ class TranslationLibraryFile : public testing::Test {
 protected:
     void SetUp() override {
         g_events.clear();
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        m_folder = fs::path(testing::TempDir()) / "tolvane_translation_library" / test->name();
-        fs::remove_all(m_folder);
-        fs::create_directories(m_folder);
+        std::string pattern = (fs::temp_directory_path() / "tolvane_library.XXXXXX").string();
+        ASSERT_TRUE(mkdtemp(pattern.data())) << pattern;
+        m_folder = pattern;
     }
     void TearDown() override {
         fs::current_path(m_formerFolder);
@@ -78,7 +78,7 @@ protected:
     fs::path m_formerFolder = fs::current_path();
 };
 
-TEST_F(TranslationLibraryFile, GivesTheTranslationOfItsFactory) {
+TEST_F(TranslationLibraryFile, LibraryGivesTheTranslationOfItsFactory) {
     const TranslationLibrary library(GOOD_LIBRARY);
     EXPECT_EQ(g_events, Events{"created"});
     EXPECT_EQ(library.path(), GOOD_LIBRARY);
@@ -89,7 +89,7 @@ TEST_F(TranslationLibraryFile, GivesTheTranslationOfItsFactory) {
     EXPECT_TRUE(names[0] == "double");
 }
 
-TEST_F(TranslationLibraryFile, IsReleasedThenUnloaded) {
+TEST_F(TranslationLibraryFile, TranslationIsReleasedThenTheLibraryUnloaded) {
     {
         const TranslationLibrary library(GOOD_LIBRARY);
         EXPECT_TRUE(isLoaded(GOOD_LIBRARY));
@@ -98,7 +98,7 @@ TEST_F(TranslationLibraryFile, IsReleasedThenUnloaded) {
     EXPECT_FALSE(isLoaded(GOOD_LIBRARY));
 }
 
-TEST_F(TranslationLibraryFile, StaysWhileItIsLoadedASecondTime) {
+TEST_F(TranslationLibraryFile, LibraryStaysWhileItIsLoadedASecondTime) {
     std::optional<TranslationLibrary> first(GOOD_LIBRARY);
     {
         const TranslationLibrary second(GOOD_LIBRARY);
@@ -110,7 +110,7 @@ TEST_F(TranslationLibraryFile, StaysWhileItIsLoadedASecondTime) {
     EXPECT_EQ(g_events, (Events{"created", "created", "released", "released", "unloaded"}));
 }
 
-TEST_F(TranslationLibraryFile, CanBeLoadedAgain) {
+TEST_F(TranslationLibraryFile, LibraryCanBeLoadedAgain) {
     for (int round = 0; round < 2; ++round) {
         g_events.clear();
         { const TranslationLibrary library(GOOD_LIBRARY); }
@@ -118,7 +118,7 @@ TEST_F(TranslationLibraryFile, CanBeLoadedAgain) {
     }
 }
 
-TEST_F(TranslationLibraryFile, IsFoundByARelativePathWithAndWithoutASlash) {
+TEST_F(TranslationLibraryFile, LibraryIsFoundByARelativePathWithAndWithoutASlash) {
     fs::current_path(fs::path(GOOD_LIBRARY).parent_path());
     const std::string name = fs::path(GOOD_LIBRARY).filename().string();
     const std::string upAndDown =
@@ -130,14 +130,14 @@ TEST_F(TranslationLibraryFile, IsFoundByARelativePathWithAndWithoutASlash) {
     }
 }
 
-TEST_F(TranslationLibraryFile, KeepsThePathAsItWasGiven) {
+TEST_F(TranslationLibraryFile, LibraryKeepsThePathAsItWasGiven) {
     fs::current_path(fs::path(GOOD_LIBRARY).parent_path());
     const std::string name = fs::path(GOOD_LIBRARY).filename().string();
     EXPECT_EQ(TranslationLibrary(name).path(), name);
 }
 
 // The loader would find this one by its name, before and instead of a file of that name here.
-TEST_F(TranslationLibraryFile, IsNotSearchedForByName) {
+TEST_F(TranslationLibraryFile, LibraryIsNotSearchedForByName) {
     const std::string name = "libc.so.6";
     ASSERT_TRUE(isLoaded(name));
     fs::current_path(m_folder);
@@ -146,55 +146,46 @@ TEST_F(TranslationLibraryFile, IsNotSearchedForByName) {
     expectOneLine(whyNot(name), name, "cannot be loaded as a library");
 }
 
-TEST_F(TranslationLibraryFile, IsRefusedWhereItIsMissing) {
+TEST_F(TranslationLibraryFile, MissingFileIsRefused) {
     const std::string path = (m_folder / "missing.so").string();
     expectOneLine(whyNot(path), path, "there is no such file");
     fs::current_path(m_folder);
     expectOneLine(whyNot("missing.so"), "missing.so", "there is no such file");
 }
 
-TEST_F(TranslationLibraryFile, IsRefusedWhereItIsAFolder) {
+TEST_F(TranslationLibraryFile, FolderIsRefused) {
     const std::string path = m_folder.string();
     expectOneLine(whyNot(path), path, "cannot be loaded as a library");
     fs::current_path(m_folder);
     expectOneLine(whyNot("."), ".", "cannot be loaded as a library");
 }
 
-TEST_F(TranslationLibraryFile, IsRefusedWhereThePathIsEmpty) {
+TEST_F(TranslationLibraryFile, EmptyPathIsRefused) {
     const std::string message = whyNot("");
     EXPECT_NE(message.find("there is no such file"), std::string::npos) << message;
     EXPECT_EQ(message.find('\n'), std::string::npos);
 }
 
-TEST_F(TranslationLibraryFile, IsRefusedWhereItIsEmpty) {
-    const std::string path = fileWith("");
-    expectOneLine(whyNot(path), path, "cannot be loaded as a library");
-    EXPECT_FALSE(isLoaded(path));
-}
-
-TEST_F(TranslationLibraryFile, IsRefusedWhereItIsText) {
-    const std::string path = fileWith("This is no library.\nIt has two lines of text.\n");
-    expectOneLine(whyNot(path), path, "cannot be loaded as a library");
-    EXPECT_FALSE(isLoaded(path));
-}
-
-TEST_F(TranslationLibraryFile, IsRefusedWhereItIsCutShort) {
+TEST_F(TranslationLibraryFile, FileThatIsEmptyOrTextOrCutShortIsRefused) {
     std::ifstream whole(GOOD_LIBRARY, std::ios::binary);
     std::string start(100, '\0');
     whole.read(start.data(), static_cast<std::streamsize>(start.size()));
-    const std::string path = fileWith(start);
-    expectOneLine(whyNot(path), path, "cannot be loaded as a library");
-    EXPECT_FALSE(isLoaded(path));
+    for (const std::string& content :
+         {std::string(), std::string("No library.\nTwo lines.\n"), start}) {
+        const std::string path = fileWith(content);
+        expectOneLine(whyNot(path), path, "cannot be loaded as a library");
+        EXPECT_FALSE(isLoaded(path));
+    }
 }
 
-TEST_F(TranslationLibraryFile, IsRefusedAndUnloadedWithoutTheFactory) {
+TEST_F(TranslationLibraryFile, LibraryWithoutTheFactoryIsRefusedAndUnloaded) {
     expectOneLine(whyNot(LIBRARY_WITHOUT_FACTORY), LIBRARY_WITHOUT_FACTORY,
                   "it has no createTavrikTypeTranslation");
     EXPECT_EQ(g_events, Events{"unloaded"});
     EXPECT_FALSE(isLoaded(LIBRARY_WITHOUT_FACTORY));
 }
 
-TEST_F(TranslationLibraryFile, IsRefusedAndUnloadedWhereTheFactoryGivesNull) {
+TEST_F(TranslationLibraryFile, LibraryWhoseFactoryGivesNullIsRefusedAndUnloaded) {
     expectOneLine(whyNot(LIBRARY_GIVING_NULL), LIBRARY_GIVING_NULL, "returned null");
     EXPECT_EQ(g_events, (Events{"asked", "unloaded"}));
     EXPECT_FALSE(isLoaded(LIBRARY_GIVING_NULL));

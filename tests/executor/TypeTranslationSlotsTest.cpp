@@ -97,7 +97,7 @@ protected:
     HostContext m_hostContext{};
 };
 
-TEST_F(TypeTranslationSlots, BeginWithTheDestructorWhoseSecondFormFrees) {
+TEST_F(TypeTranslationSlots, DestructorComesFirstAndItsSecondFormFrees) {
     alignas(ReachedTranslation) std::byte storage[sizeof(ReachedTranslation)];
     auto* inStorage = new (storage) ReachedTranslation;
     callSlot<void>(0, inStorage);
@@ -111,30 +111,22 @@ TEST_F(TypeTranslationSlots, BeginWithTheDestructorWhoseSecondFormFrees) {
     EXPECT_EQ(count.deallocations(), 1u);
 }
 
-TEST_F(TypeTranslationSlots, ContinueWithRelease) {
+TEST_F(TypeTranslationSlots, OperationsFollowTheDestructorInTheirOrder) {
+    TypeList types;
+    Array<String> names;
+    AnyValue value = AnyValue::holding(2.5);
+    NodeEditContext context{};
+    const auto* host = reinterpret_cast<const PluginHostData*>(&m_library);
     callSlot<void>(2, &m_translation);
     EXPECT_EQ(g_reached, "release");
-}
-
-TEST_F(TypeTranslationSlots, ContinueWithTheSupportedTypesThenTheirNames) {
-    TypeList types;
     callSlot<void>(3, &m_translation, &m_library, &types);
     EXPECT_EQ(g_reached, "getSupportedTypes");
-    Array<String> names;
     callSlot<void>(4, &m_translation, &names);
     EXPECT_EQ(g_reached, "getSupportedTypeNames");
-}
-
-TEST_F(TypeTranslationSlots, ContinueWithTheTranslationFromTheHostThenToIt) {
-    AnyValue value = AnyValue::holding(2.5);
     EXPECT_TRUE(callSlot<bool>(5, &m_translation, &m_type, &value, &m_hostContext));
     EXPECT_EQ(g_reached, "translateFromHost Rigging::Module::Pins");
     EXPECT_TRUE(callSlot<bool>(6, &m_translation, &value, &m_hostContext));
     EXPECT_EQ(g_reached, "translateToHost 2.500000");
-}
-
-TEST_F(TypeTranslationSlots, ContinueWithAddingRemovingAndRenamingPorts) {
-    NodeEditContext context{};
     EXPECT_TRUE(callSlot<bool>(7, &m_translation, &m_first, PortDirection::Input, &m_type,
                                std::uint32_t{4}, std::uint32_t{8}, &context));
     EXPECT_EQ(g_reached, "portAdded pins 1 Rigging::Module::Pins 4 8 context");
@@ -142,10 +134,6 @@ TEST_F(TypeTranslationSlots, ContinueWithAddingRemovingAndRenamingPorts) {
     EXPECT_EQ(g_reached, "portRemoved walk pins");
     EXPECT_TRUE(callSlot<bool>(9, &m_translation, &m_node, &m_first, &m_second));
     EXPECT_EQ(g_reached, "portRenamed walk pins joints");
-}
-
-TEST_F(TypeTranslationSlots, EndWithRegisteringAndUnregistering) {
-    const auto* host = reinterpret_cast<const PluginHostData*>(&m_library);
     EXPECT_TRUE(callSlot<bool>(10, &m_translation, host));
     EXPECT_EQ(g_reached, "registerHostPlugins");
     EXPECT_TRUE(callSlot<bool>(11, &m_translation, host));

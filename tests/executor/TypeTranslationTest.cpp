@@ -22,9 +22,11 @@ public:
     }
 };
 
-TEST(TypeTranslation, KeepsItsName) { EXPECT_TRUE(NumberTranslation().name() == "Numbers"); }
+TEST(TypeTranslation, TranslationKeepsItsName) {
+    EXPECT_TRUE(NumberTranslation().name() == "Numbers");
+}
 
-TEST(TypeTranslation, SupportsByDefaultTheTypesThatItNamesAndTheLibraryKnows) {
+TEST(TypeTranslation, DefaultSupportedTypesAreThoseNamedThatTheLibraryKnows) {
     const Pelmor::Library library;
     Pelmor::EntityIndexedList<Pelmor::Type> types;
     ManyNames().getSupportedTypes(library, types);
@@ -33,7 +35,7 @@ TEST(TypeTranslation, SupportsByDefaultTheTypesThatItNamesAndTheLibraryKnows) {
     EXPECT_TRUE(types[1].getFullyQualifiedName() == "array<Rigging::Module::Pins>");
 }
 
-TEST(TypeTranslation, AddsItsTypesToThoseThatAreThere) {
+TEST(TypeTranslation, DefaultSupportedTypesAreAddedToThoseThatAreThere) {
     const Pelmor::Library library;
     Pelmor::EntityIndexedList<Pelmor::Type> types;
     types.add(library.getType("Object"));
@@ -45,13 +47,13 @@ TEST(TypeTranslation, AddsItsTypesToThoseThatAreThere) {
     EXPECT_TRUE(types[2].getFullyQualifiedName() == "array<Rigging::Module::Pins>");
 }
 
-TEST(TypeTranslation, AgreesByDefaultToRemovingAndRenamingPorts) {
+TEST(TypeTranslation, DefaultPortRemovalAndRenamingSucceed) {
     const NumberTranslation translation;
     EXPECT_TRUE(translation.portRemoved("walk", "pins"));
     EXPECT_TRUE(translation.portRenamed("walk", "pins", "joints"));
 }
 
-TEST(TypeTranslation, HasByDefaultNothingToRegisterAndSucceeds) {
+TEST(TypeTranslation, DefaultRegistrationSucceeds) {
     const NumberTranslation translation;
     EXPECT_TRUE(translation.registerHostPlugins(nullptr));
     EXPECT_TRUE(translation.unregisterHostPlugins(nullptr));

@@ -15,21 +15,32 @@
 
 namespace {
 
-// Known to this file alone, so that the linker cannot take a holder of it from a file that is not
+// Known to this file alone, so that the linker cannot take their managers from a file that is not
 // optimised.
 struct OptimisedPointee {
     int number;
 };
-using Held = Pelmor::Ptr<OptimisedPointee>;
+struct OptimisedNumbers {
+    double numbers[3];
+};
 
-TEST(OptimisedHolder, MoveLeavesNullWordsOfAValueInPlace) {
+template <typename Held>
+void expectMoveToLeaveNullWords(const Held& value) {
     static_assert(Pelmor::Internal::kHeldInPlace<Held>);
-    auto source = Pelmor::AnyValue::holding(Pelmor::makePtr<OptimisedPointee>());
+    auto source = Pelmor::AnyValue::holding(value);
     const auto destination = std::move(source);
     std::array<std::uintptr_t, 4> words;
     std::memcpy(words.data(), &source.words(), sizeof words);
     EXPECT_EQ(words, (std::array<std::uintptr_t, 4>{}));
-    EXPECT_EQ(destination.getIf<Held>()->useCount(), 1u);
+    EXPECT_TRUE(destination.hasValue());
+}
+
+TEST(OptimisedHolder, MoveLeavesNullWordsOfAPointerInPlace) {
+    expectMoveToLeaveNullWords(Pelmor::makePtr<OptimisedPointee>());
+}
+
+TEST(OptimisedHolder, MoveLeavesNullWordsOfNumbersInPlace) {
+    expectMoveToLeaveNullWords(OptimisedNumbers{{1, 2, 3}});
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ int allocationsOf(Work work) {
 
 }  // namespace
 
-TEST(Allocation, WalkingDataTakesNone) {
+TEST(HostAllocation, WalkingDataAllocatesNothing) {
     const VObject node = makeNode("walk", {asArray(makeCompound("limbs", {makeMatrix("frame")}))});
     VPlug limbs = plugOf(node, "limbs");
     VArrayDataHandle handle(dataOf(node, "limbs"));
@@ -56,7 +56,7 @@ TEST(Allocation, WalkingDataTakesNone) {
               0);
 }
 
-TEST(Allocation, NewElementTakesItsBlockAndAnOwnOneNothing) {
+TEST(HostAllocation, AddedElementAllocatesItsBlockAndAnOwnOneNothing) {
     const VObject node = makeNode("walk", {asArray(makeDouble("weights"))});
     VArrayDataBuilder builder = VArrayDataHandle(dataOf(node, "weights")).builder();
     for (unsigned i = 0; i < 5; ++i) builder.addElement(i);
@@ -65,7 +65,7 @@ TEST(Allocation, NewElementTakesItsBlockAndAnOwnOneNothing) {
     EXPECT_EQ(allocationsOf([&] { builder.addElement(2).setDouble(3.0); }), 0);
 }
 
-TEST(Allocation, UntouchedElementsAreNotCopied) {
+TEST(HostAllocation, BuilderCopiesNoUntouchedElements) {
     const VObject node = makeNode("walk", {asArray(makeDouble("weights"))});
     const VDataHandle data = dataOf(node, "weights");
     VArrayDataHandle handle(data);

@@ -5,7 +5,7 @@
 
 namespace {
 
-class Array : public testing::Test {
+class HostArray : public testing::Test {
 protected:
     const VObject node = makeNode("walk", {asArray(makeDouble("weights", 0.5))});
     const VDataHandle data = dataOf(node, "weights");
@@ -14,7 +14,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Array, WalksSparseElementsInAscendingLogicalIndex) {
+TEST_F(HostArray, WalkGoesThroughSparseElementsInAscendingLogicalIndex) {
     fill(data, {{7, 70.0}, {0, 0.0}, {3, 30.0}});
     VArrayDataHandle handle(data);
     EXPECT_EQ(handle.elementCount(), 3U);
@@ -27,7 +27,7 @@ TEST_F(Array, WalksSparseElementsInAscendingLogicalIndex) {
     EXPECT_EQ(handle.inputValue().asDouble(), 70.0);
 }
 
-TEST_F(Array, PastTheLastElementEverythingFails) {
+TEST_F(HostArray, HandlePastTheLastElementFails) {
     fill(data, {{0, 1.0}});
     VArrayDataHandle handle(data);
     EXPECT_TRUE(handle.next().error());
@@ -41,7 +41,7 @@ TEST_F(Array, PastTheLastElementEverythingFails) {
     EXPECT_EQ(handle.elementCount(), 1U);
 }
 
-TEST_F(Array, EmptyOneStandsPastItsLastElement) {
+TEST_F(HostArray, HandleOnAnEmptyArrayIsPastTheLastElement) {
     VArrayDataHandle handle(data);
     EXPECT_EQ(handle.elementCount(&status), 0U);
     EXPECT_EQ(status, VStatus::kSuccess);
@@ -49,7 +49,7 @@ TEST_F(Array, EmptyOneStandsPastItsLastElement) {
     EXPECT_TRUE(handle.next().error());
 }
 
-TEST_F(Array, JumpsByLogicalIndexAndByPosition) {
+TEST_F(HostArray, HandleJumpsByLogicalIndexAndByPosition) {
     fill(data, {{2, 20.0}, {4, 40.0}, {9, 90.0}});
     VArrayDataHandle handle(data);
     EXPECT_EQ(handle.jumpToElement(9), VStatus::kSuccess);
@@ -61,41 +61,37 @@ TEST_F(Array, JumpsByLogicalIndexAndByPosition) {
     EXPECT_EQ(handle.elementIndex(), 4U);
 }
 
-TEST_F(Array, WritesThroughAnElementAreSeenInTheData) {
+TEST_F(HostArray, WriteThroughAnElementIsSeenInTheData) {
     fill(data, {{6, 1.0}});
     VArrayDataHandle(data).outputValue().setDouble(8.0);
     VPlug element = plugOf(node, "weights").elementByLogicalIndex(6);
     EXPECT_EQ(blockOf(node).outputValue(element).asDouble(), 8.0);
 }
 
-TEST_F(Array, HandleOnAnythingButAWholeArrayFails) {
+TEST_F(HostArray, HandleOnAnythingButAWholeArrayFails) {
     fill(data, {{0, 1.0}});
     const VDataHandle element = VArrayDataHandle(data).outputValue();
     const VObject runner = makeNode("run", {makeDouble("a")});
     const VDataHandle number = dataOf(runner, "a");
     for (const VDataHandle& bad : {VDataHandle(), element, number}) {
-        status = VStatus::kSuccess;
         VArrayDataHandle handle(bad, &status);
         EXPECT_EQ(status, VStatus::kInvalidParameter);
-        EXPECT_EQ(handle.elementCount(&status), 0U);
-        EXPECT_EQ(status, VStatus::kInvalidParameter);
-        EXPECT_TRUE(handle.outputValue(&status).isNull());
-        EXPECT_EQ(status, VStatus::kInvalidParameter);
-        EXPECT_TRUE(handle.inputValue(&status).isNull());
-        EXPECT_EQ(status, VStatus::kInvalidParameter);
-        handle.elementIndex(&status);
-        EXPECT_EQ(status, VStatus::kInvalidParameter);
-        EXPECT_TRUE(handle.next().error());
-        EXPECT_TRUE(handle.jumpToElement(0).error());
-        EXPECT_TRUE(handle.jumpToArrayElement(0).error());
-        EXPECT_TRUE(handle.setAllClean().error());
-        VArrayDataBuilder builder = handle.builder(&status);
-        EXPECT_EQ(status, VStatus::kInvalidParameter);
-        EXPECT_TRUE(handle.set(builder).error());
+        const auto fails = [&](auto operation) {
+            status = VStatus::kSuccess;
+            return operation() && status == VStatus::kInvalidParameter;
+        };
+        EXPECT_TRUE(fails([&] { return handle.elementCount(&status) == 0; }));
+        EXPECT_TRUE(fails([&] { return handle.outputValue(&status).isNull(); }));
+        EXPECT_TRUE(fails([&] { return handle.inputValue(&status).isNull(); }));
+        EXPECT_TRUE(fails([&] { return handle.elementIndex(&status) == 0; }));
+        EXPECT_TRUE(fails([&] { return handle.set(handle.builder(&status)).error(); }));
+        for (const VStatus& answer : {handle.next(), handle.jumpToElement(0),
+                                      handle.jumpToArrayElement(0), handle.setAllClean()})
+            EXPECT_TRUE(answer.error());
     }
 }
 
-TEST_F(Array, SetAllCleanCleansTheAttributeAndAllBelowIt) {
+TEST_F(HostArray, SetAllCleanCleansTheAttributeAndAllBelowIt) {
     const VObject weight = makeDouble("weight");
     const VObject limbs = asArray(makeCompound("limbs", {weight}));
     const VObject other = makeDouble("other");
@@ -107,11 +103,7 @@ TEST_F(Array, SetAllCleanCleansTheAttributeAndAllBelowIt) {
     EXPECT_FALSE(block.isClean(other));
 }
 
-namespace {
-using Builder = Array;
-}
-
-TEST_F(Builder, BeginsWithTheArraysElements) {
+TEST_F(HostArray, BuilderBeginsWithTheElementsOfTheArray) {
     fill(data, {{1, 10.0}, {5, 50.0}});
     VArrayDataBuilder builder = VArrayDataHandle(data).builder();
     EXPECT_EQ(builder.elementCount(), 2U);
@@ -119,14 +111,14 @@ TEST_F(Builder, BeginsWithTheArraysElements) {
     EXPECT_EQ(builder.elementCount(), 2U);
 }
 
-TEST_F(Builder, NewElementHasItsAttributesDefault) {
+TEST_F(HostArray, BuilderGivesNewElementsTheDefaultOfTheirAttribute) {
     VArrayDataBuilder builder = VArrayDataHandle(data).builder();
     EXPECT_EQ(builder.addElement(4, &status).asDouble(), 0.5);
     EXPECT_EQ(status, VStatus::kSuccess);
     EXPECT_EQ(builder.elementCount(), 1U);
 }
 
-TEST_F(Builder, DroppedWithoutSetChangesNothing) {
+TEST_F(HostArray, BuilderDroppedWithoutSetChangesNothing) {
     fill(data, {{0, 1.0}, {1, 2.0}});
     {
         VArrayDataBuilder builder = VArrayDataHandle(data).builder();
@@ -137,7 +129,7 @@ TEST_F(Builder, DroppedWithoutSetChangesNothing) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 1.0}, {1, 2.0}}));
 }
 
-TEST_F(Builder, NothingIsSeenInTheArrayBeforeSet) {
+TEST_F(HostArray, BuilderChangesAreSeenInTheArrayFromSetOn) {
     fill(data, {{0, 1.0}, {1, 2.0}});
     VArrayDataHandle handle(data);
     VArrayDataBuilder builder = handle.builder();
@@ -147,14 +139,14 @@ TEST_F(Builder, NothingIsSeenInTheArrayBeforeSet) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 9.0}, {1, 2.0}}));
 }
 
-TEST_F(Builder, GivesTheSameElementAgain) {
+TEST_F(HostArray, BuilderGivesTheSameElementAgain) {
     fill(data, {{0, 1.0}});
     VArrayDataBuilder builder = VArrayDataHandle(data).builder();
     builder.addElement(0).setDouble(9.0);
     EXPECT_EQ(builder.addElement(0).asDouble(), 9.0);
 }
 
-TEST_F(Builder, RemovesWhatItHasAndFailsOnWhatItLacks) {
+TEST_F(HostArray, BuilderRemovesWhatItHasAndFailsOnWhatItLacks) {
     fill(data, {{0, 1.0}, {5, 2.0}, {9, 3.0}});
     VArrayDataHandle handle(data);
     VArrayDataBuilder builder = handle.builder();
@@ -166,13 +158,13 @@ TEST_F(Builder, RemovesWhatItHasAndFailsOnWhatItLacks) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 1.0}, {9, 3.0}}));
 }
 
-TEST_F(Builder, KeepsElementsInOrderHoweverTheyAreAdded) {
+TEST_F(HostArray, BuilderKeepsElementsInOrderHoweverTheyAreAdded) {
     fill(data, {{5, 5.0}, {1, 1.0}, {4000000000U, 9.0}, {3, 3.0}, {0, 0.0}});
     EXPECT_EQ(elementsOf(data),
               (Elements{{0, 0.0}, {1, 1.0}, {3, 3.0}, {5, 5.0}, {4000000000U, 9.0}}));
 }
 
-TEST_F(Builder, SetMovesToTheFirstElement) {
+TEST_F(HostArray, SetMovesTheHandleToTheFirstElement) {
     fill(data, {{0, 1.0}, {1, 2.0}});
     VArrayDataHandle handle(data);
     handle.next();
@@ -180,7 +172,7 @@ TEST_F(Builder, SetMovesToTheFirstElement) {
     EXPECT_EQ(handle.elementIndex(), 0U);
 }
 
-TEST_F(Builder, StaysIndependentAfterSet) {
+TEST_F(HostArray, BuilderStaysIndependentAfterSet) {
     fill(data, {{0, 1.0}, {1, 2.0}});
     VArrayDataHandle handle(data);
     VArrayDataBuilder builder = handle.builder();
@@ -194,7 +186,7 @@ TEST_F(Builder, StaysIndependentAfterSet) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 9.0}, {1, 9.0}, {2, 0.5}}));
 }
 
-TEST_F(Builder, TwoOfOneArrayAreIndependent) {
+TEST_F(HostArray, TwoBuildersOfOneArrayAreIndependent) {
     fill(data, {{0, 1.0}});
     VArrayDataHandle handle(data);
     VArrayDataBuilder first = handle.builder();
@@ -207,7 +199,7 @@ TEST_F(Builder, TwoOfOneArrayAreIndependent) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 3.0}}));
 }
 
-TEST_F(Builder, OfAnotherAttributeIsRefused) {
+TEST_F(HostArray, BuilderOfAnotherAttributeIsRefused) {
     const VObject other = makeNode("run", {asArray(makeDouble("weights"))});
     fill(data, {{0, 1.0}});
     VArrayDataHandle handle(data);
@@ -217,7 +209,7 @@ TEST_F(Builder, OfAnotherAttributeIsRefused) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 1.0}}));
 }
 
-TEST_F(Builder, OfNothingFails) {
+TEST_F(HostArray, BuilderOfNothingFails) {
     VArrayDataBuilder none;
     EXPECT_TRUE(none.addElement(0, &status).isNull());
     EXPECT_EQ(status, VStatus::kInvalidParameter);
@@ -226,7 +218,7 @@ TEST_F(Builder, OfNothingFails) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST_F(Builder, MovesWithItsElements) {
+TEST_F(HostArray, BuilderMovesWithItsElements) {
     fill(data, {{0, 1.0}});
     VArrayDataHandle handle(data);
     VArrayDataBuilder first = handle.builder();
@@ -237,7 +229,7 @@ TEST_F(Builder, MovesWithItsElements) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 1.0}, {3, 3.0}}));
 }
 
-TEST_F(Builder, HandlesToElementsThatItLeavesAloneStayGood) {
+TEST_F(HostArray, HandlesToElementsThatABuilderLeavesAloneStayValid) {
     fill(data, {{0, 1.0}, {1, 2.0}});
     VArrayDataHandle handle(data);
     VDataHandle first = handle.outputValue();
@@ -248,7 +240,7 @@ TEST_F(Builder, HandlesToElementsThatItLeavesAloneStayGood) {
     EXPECT_EQ(elementsOf(data), (Elements{{0, 3.0}, {1, 4.0}}));
 }
 
-TEST_F(Builder, MayOutliveItsNode) {
+TEST_F(HostArray, BuilderMayOutliveItsNode) {
     VArrayDataBuilder builder;
     {
         const VObject runner =
@@ -262,7 +254,7 @@ TEST_F(Builder, MayOutliveItsNode) {
 namespace {
 
 // run.limbs[].weights[]
-class NestedArray : public testing::Test {
+class NestedHostArray : public testing::Test {
 protected:
     const VObject node =
         makeNode("run", {asArray(makeCompound("limbs", {asArray(makeDouble("weights"))}))});
@@ -272,7 +264,7 @@ protected:
 
 }  // namespace
 
-TEST_F(NestedArray, IsCopiedWithTheElementThatHoldsIt) {
+TEST_F(NestedHostArray, InnerArrayIsCopiedWithTheElementThatHoldsIt) {
     VArrayDataBuilder builder = limbs.builder();
     fill(builder.addElement(0).child(weights), {{2, 1.0}});
     limbs.set(builder);
@@ -280,7 +272,7 @@ TEST_F(NestedArray, IsCopiedWithTheElementThatHoldsIt) {
     EXPECT_EQ(elementsOf(limbs.outputValue().child(weights)), (Elements{{2, 1.0}}));
 }
 
-TEST_F(NestedArray, BuilderSetInTwoElementsLeavesThemIndependent) {
+TEST_F(NestedHostArray, BuilderSetInTwoElementsLeavesThemIndependent) {
     VArrayDataBuilder builder = limbs.builder();
     builder.addElement(0);
     builder.addElement(1);

@@ -3,9 +3,11 @@
 #include <OpenVornik/VFnEnumAttribute.h>
 #include <OpenVornik/VFnGenericAttribute.h>
 
+#include <utility>
+
 #include <gtest/gtest.h>
 
-TEST(Attribute, NewOneIsReadableWritableAndEnforcesItsName) {
+TEST(Attribute, NewAttributeIsReadableWritableAndEnforcesItsName) {
     const VFnAttribute attribute(makeDouble("weight"));
     EXPECT_TRUE(attribute.isReadable());
     EXPECT_TRUE(attribute.isWritable());
@@ -15,7 +17,7 @@ TEST(Attribute, NewOneIsReadableWritableAndEnforcesItsName) {
     EXPECT_TRUE(attribute.parent().isNull());
 }
 
-TEST(Attribute, KeepsTheFlagsItIsGiven) {
+TEST(Attribute, FlagsAreKept) {
     VFnAttribute attribute(makeDouble("weight"));
     EXPECT_EQ(attribute.setReadable(false), VStatus::kSuccess);
     EXPECT_EQ(attribute.setWritable(false), VStatus::kSuccess);
@@ -31,14 +33,14 @@ TEST(Attribute, KeepsTheFlagsItIsGiven) {
     EXPECT_FALSE(same.isEnforcingUniqueName());
 }
 
-TEST(Attribute, HasALongAndAShortName) {
+TEST(Attribute, AttributeHasALongAndAShortName) {
     VFnNumericAttribute attribute;
     attribute.create("weight", "w", VFnNumericData::kDouble);
     EXPECT_EQ(attribute.name(), "weight");
     EXPECT_EQ(attribute.shortName(), "w");
 }
 
-TEST(Attribute, IsRefusedAnEmptyName) {
+TEST(Attribute, EmptyNamesAreRefused) {
     VStatus status;
     EXPECT_TRUE(VFnCompoundAttribute().create("", "c", &status).isNull());
     EXPECT_EQ(status, VStatus::kInvalidParameter);
@@ -46,7 +48,7 @@ TEST(Attribute, IsRefusedAnEmptyName) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST(Attribute, TellsItsKind) {
+TEST(Attribute, AttributeTellsItsKind) {
     EXPECT_EQ(VFnAttribute(makeDouble("a")).kind(), VFnAttribute::kNumeric);
     EXPECT_EQ(VFnAttribute(makeText("a")).kind(), VFnAttribute::kTyped);
     EXPECT_EQ(VFnAttribute(makeMatrix("a")).kind(), VFnAttribute::kMatrix);
@@ -55,7 +57,7 @@ TEST(Attribute, TellsItsKind) {
     EXPECT_EQ(VFnAttribute(VFnGenericAttribute().create("a", "a")).kind(), VFnAttribute::kGeneric);
 }
 
-TEST(Attribute, FunctionSetFailsOnWhatIsNoAttribute) {
+TEST(Attribute, FunctionSetOnNoAttributeFails) {
     VStatus status;
     VFnAttribute none(VObject::kNullObj, &status);
     EXPECT_EQ(status, VStatus::kInvalidParameter);
@@ -69,26 +71,24 @@ TEST(Attribute, FunctionSetFailsOnWhatIsNoAttribute) {
     EXPECT_TRUE(node.object().isNull());
 }
 
-TEST(Attribute, FunctionSetFailsOnAnAttributeOfAnotherKind) {
+TEST(Attribute, FunctionSetOnAnAttributeOfAnotherKindFails) {
     const VObject number = makeDouble("weight");
     VStatus status;
-    EXPECT_TRUE(VFnTypedAttribute(number, &status).object().isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(VFnMatrixAttribute(number, &status).object().isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(VFnEnumAttribute(number, &status).object().isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(VFnGenericAttribute(number, &status).object().isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(VFnCompoundAttribute(number, &status).object().isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(VFnNumericAttribute(makeText("name"), &status).object().isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    const auto fails = [&status](const VFnAttribute& functions) {
+        return functions.object().isNull() &&
+               std::exchange(status, VStatus::kSuccess) == VStatus::kInvalidParameter;
+    };
+    EXPECT_TRUE(fails(VFnTypedAttribute(number, &status)));
+    EXPECT_TRUE(fails(VFnMatrixAttribute(number, &status)));
+    EXPECT_TRUE(fails(VFnEnumAttribute(number, &status)));
+    EXPECT_TRUE(fails(VFnGenericAttribute(number, &status)));
+    EXPECT_TRUE(fails(VFnCompoundAttribute(number, &status)));
+    EXPECT_TRUE(fails(VFnNumericAttribute(makeText("name"), &status)));
     EXPECT_EQ(VFnNumericAttribute(number, &status).object(), number);
     EXPECT_EQ(status, VStatus::kSuccess);
 }
 
-TEST(NumericAttribute, TellsTypeAndDefault) {
+TEST(NumericAttribute, NumericAttributeTellsItsTypeAndDefault) {
     VFnNumericAttribute attribute;
     attribute.create("count", "count", VFnNumericData::kInt, 7.0);
     EXPECT_EQ(attribute.unitType(), VFnNumericData::kInt);
@@ -99,7 +99,7 @@ TEST(NumericAttribute, TellsTypeAndDefault) {
     EXPECT_EQ(attribute.unitType(), VFnNumericData::kDouble);
 }
 
-TEST(NumericAttribute, IsRefusedATypeOrDefaultThatItCannotStore) {
+TEST(NumericAttribute, TypesAndDefaultsThatCannotBeStoredAreRefused) {
     VStatus status;
     VFnNumericAttribute attribute;
     EXPECT_TRUE(attribute.create("a", "a", VFnNumericData::kInvalid, 0.0, &status).isNull());
@@ -108,7 +108,7 @@ TEST(NumericAttribute, IsRefusedATypeOrDefaultThatItCannotStore) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST(TypedAttribute, TakesTextWithTheDefaultOfItsType) {
+TEST(TypedAttribute, TypedAttributeTakesTextWithTheDefaultOfItsType) {
     VStatus status;
     VFnTypedAttribute attribute;
     attribute.create("name", "name", VFnData::kString, VObject::kNullObj, &status);
@@ -118,7 +118,7 @@ TEST(TypedAttribute, TakesTextWithTheDefaultOfItsType) {
     EXPECT_TRUE(attribute.create("name", "name", VFnData::kString, makeNode("walk")).isNull());
 }
 
-TEST(MatrixAttribute, StoresDoublesOnly) {
+TEST(MatrixAttribute, MatrixAttributeStoresDoublesOnly) {
     VStatus status;
     VFnMatrixAttribute attribute;
     attribute.create("m", "m", VFnMatrixAttribute::kDouble, &status);
@@ -128,7 +128,7 @@ TEST(MatrixAttribute, StoresDoublesOnly) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST(EnumAttribute, KeepsItsFieldsInOrder) {
+TEST(EnumAttribute, FieldsKeepTheirOrder) {
     VFnEnumAttribute attribute;
     attribute.create("mode", "mode", 3);
     EXPECT_EQ(attribute.addField("slow", 9), VStatus::kSuccess);
@@ -143,7 +143,7 @@ TEST(EnumAttribute, KeepsItsFieldsInOrder) {
     EXPECT_EQ(attribute.fieldName(2), "also slow");
 }
 
-TEST(EnumAttribute, RefusesAFieldNameThatItHasAndAnIndexPastTheLast) {
+TEST(EnumAttribute, TakenFieldNamesAndIndicesPastTheLastAreRefused) {
     VFnEnumAttribute attribute;
     attribute.create("mode", "mode");
     attribute.addField("slow", 1);
@@ -156,7 +156,7 @@ TEST(EnumAttribute, RefusesAFieldNameThatItHasAndAnIndexPastTheLast) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST(GenericAttribute, AcceptsTheTypesThatItIsTold) {
+TEST(GenericAttribute, GenericAttributeAcceptsTheTypesThatItIsTold) {
     VFnGenericAttribute attribute;
     attribute.create("object", "object");
     EXPECT_EQ(attribute.numAcceptedTypes(), 0U);
@@ -166,7 +166,7 @@ TEST(GenericAttribute, AcceptsTheTypesThatItIsTold) {
     EXPECT_EQ(attribute.addDataAccept(VFnData::kInvalid), VStatus::kInvalidParameter);
 }
 
-TEST(CompoundAttribute, KeepsItsChildrenInOrder) {
+TEST(CompoundAttribute, ChildrenKeepTheirOrder) {
     const VObject first = makeDouble("z");
     const VObject second = makeText("a");
     const VFnCompoundAttribute compound(makeCompound("limb", {first, second}));
@@ -179,7 +179,7 @@ TEST(CompoundAttribute, KeepsItsChildrenInOrder) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST(CompoundAttribute, RefusesAChildThatIsNoAttribute) {
+TEST(CompoundAttribute, ChildThatIsNoAttributeIsRefused) {
     VFnCompoundAttribute compound(makeCompound("limb", {}));
     EXPECT_EQ(compound.addChild(VObject::kNullObj), VStatus::kInvalidParameter);
     EXPECT_EQ(compound.addChild(makeNode("walk")), VStatus::kInvalidParameter);
@@ -187,7 +187,7 @@ TEST(CompoundAttribute, RefusesAChildThatIsNoAttribute) {
     EXPECT_EQ(compound.numChildren(), 0U);
 }
 
-TEST(CompoundAttribute, RefusesAChildThatHasAParentOrANode) {
+TEST(CompoundAttribute, ChildThatHasAParentOrANodeIsRefused) {
     const VObject taken = makeDouble("a");
     const VObject first = makeCompound("first", {taken});
     const VObject owned = makeDouble("b");
@@ -199,7 +199,7 @@ TEST(CompoundAttribute, RefusesAChildThatHasAParentOrANode) {
     EXPECT_EQ(VFnAttribute(taken).parent(), first);
 }
 
-TEST(CompoundAttribute, RefusesItselfAndWhatIsAboveIt) {
+TEST(CompoundAttribute, CompoundInsideItselfIsRefused) {
     const VObject inner = makeCompound("inner", {});
     const VObject outer = makeCompound("outer", {inner});
     EXPECT_TRUE(VFnCompoundAttribute(inner).addChild(inner).error());
@@ -207,7 +207,7 @@ TEST(CompoundAttribute, RefusesItselfAndWhatIsAboveIt) {
     EXPECT_EQ(VFnCompoundAttribute(inner).numChildren(), 0U);
 }
 
-TEST(CompoundAttribute, RefusesAChildNameThatItHasLongOrShort) {
+TEST(CompoundAttribute, ChildOfATakenNameLongOrShortIsRefused) {
     VFnCompoundAttribute compound(makeCompound("limb", {}));
     VFnNumericAttribute numeric;
     compound.addChild(numeric.create("weight", "w", VFnNumericData::kDouble));
@@ -217,7 +217,7 @@ TEST(CompoundAttribute, RefusesAChildNameThatItHasLongOrShort) {
     EXPECT_EQ(compound.numChildren(), 2U);
 }
 
-TEST(CompoundAttribute, ItsShapeIsFixedOnceANodeHasIt) {
+TEST(CompoundAttribute, ShapeIsFixedOnceANodeHasTheCompound) {
     const VObject child = makeDouble("a");
     const VObject generic = VFnGenericAttribute().create("g", "g");
     const VObject compound = makeCompound("limb", {child, generic});
@@ -229,7 +229,7 @@ TEST(CompoundAttribute, ItsShapeIsFixedOnceANodeHasIt) {
     EXPECT_EQ(VFnAttribute(child).setKeyable(true), VStatus::kSuccess);
 }
 
-TEST(CompoundAttribute, ChildOutlivesItsParentWithoutOne) {
+TEST(CompoundAttribute, ChildThatOutlivesItsParentHasNone) {
     const VObject child = makeDouble("a");
     { const VObject compound = makeCompound("limb", {child}); }
     EXPECT_TRUE(VFnAttribute(child).parent().isNull());

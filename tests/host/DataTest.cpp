@@ -27,7 +27,7 @@ TEST(Data, LeavesStartAtTheirDefaults) {
     EXPECT_EQ(VArrayDataHandle(dataOf(node, "weights")).elementCount(), 0U);
 }
 
-TEST(Data, KeepsWhatIsWritten) {
+TEST(Data, WrittenValuesAreKept) {
     const VObject node =
         makeNode("walk", {makeDouble("weight"), makeNumber("on", VFnNumericData::kBoolean),
                           makeNumber("count", VFnNumericData::kInt), makeText("name"),
@@ -51,7 +51,7 @@ TEST(Data, KeepsWhatIsWritten) {
     EXPECT_EQ(dataOf(node, "frame").asMatrix()[2][3], 10.0);
 }
 
-TEST(Data, StaysWhereItIsWhenTheNodeGetsAnAttribute) {
+TEST(Data, HandleStaysValidWhenTheNodeGetsAnAttribute) {
     const VObject node = makeNode("walk", {makeDouble("a")});
     VDataHandle handle = dataOf(node, "a");
     for (const char* name : {"b", "c", "d", "e", "f"}) addTo(node, makeText(name));
@@ -95,7 +95,7 @@ TEST(Data, ChildIsFoundByAttributeWhateverElementThePlugStandsIn) {
     EXPECT_EQ(blockOf(node).outputValue(there).asDouble(), 1.25);
 }
 
-TEST(Data, HasNoChildThatIsNotItsOwn) {
+TEST(Data, ChildOfAnotherCompoundIsANullHandle) {
     const VObject node = makeNode(
         "walk", {makeCompound("limb", {makeDouble("a")}), makeCompound("other", {makeDouble("a")}),
                  asArray(makeCompound("limbs", {makeDouble("a")}))});
@@ -109,7 +109,7 @@ TEST(Data, HasNoChildThatIsNotItsOwn) {
     EXPECT_TRUE(dataOf(node, "limbs").child(inElement).isNull());
 }
 
-TEST(Data, AccessToNothingGivesTheKindsDefaultAndLosesWhatIsWritten) {
+TEST(Data, AccessToANullHandleGivesTheDefaultAndLosesWhatIsWritten) {
     VDataHandle none;
     EXPECT_TRUE(none.isNull());
     none.asDouble() = 4.0;
@@ -148,7 +148,7 @@ TEST(Data, SpareValueBelongsToItsThread) {
     EXPECT_NE(here, there);
 }
 
-TEST(Data, GenericHoldsNothingUnlessItAcceptsText) {
+TEST(Data, GenericDataHoldsNothingUnlessItAcceptsText) {
     VFnGenericAttribute accepting;
     accepting.create("text", "text");
     accepting.addDataAccept(VFnData::kString);
@@ -161,7 +161,7 @@ TEST(Data, GenericHoldsNothingUnlessItAcceptsText) {
     EXPECT_EQ(dataOf(node, "text").asString(), "kept");
 }
 
-TEST(DataBlock, FailsForPlugsThatAreNotItsNodes) {
+TEST(DataBlock, BlockFailsForPlugsOfOtherNodes) {
     const VObject node = makeNode("walk", {makeDouble("a")});
     const VObject other = makeNode("run", {makeDouble("a")});
     VDataBlock block = blockOf(node);
@@ -177,7 +177,7 @@ TEST(DataBlock, FailsForPlugsThatAreNotItsNodes) {
     EXPECT_FALSE(block.isClean(plugOf(other, "a").attribute()));
 }
 
-TEST(DataBlock, OfNothingFails) {
+TEST(DataBlock, BlockOfNothingFails) {
     const VObject node = makeNode("walk", {makeDouble("a")});
     VDataBlock none;
     VStatus status;

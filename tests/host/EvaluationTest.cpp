@@ -94,7 +94,7 @@ TEST(DirtyAndClean, DirtyOutputLeavesTheInputsClean) {
     EXPECT_TRUE(block.isClean(second));
 }
 
-TEST(Evaluation, OutputIsComputedOnceUntilItIsDirty) {
+TEST(HostEvaluation, OutputIsComputedOnceUntilItIsDirty) {
     Names computed;
     const VObject node = makeAdder("node", computed);
     dataOf(node, "in").setDouble(4.0);
@@ -107,20 +107,20 @@ TEST(Evaluation, OutputIsComputedOnceUntilItIsDirty) {
     EXPECT_EQ(computed.size(), 2U);
 }
 
-TEST(Evaluation, AskingForAnOutputValueComputesNothing) {
+TEST(HostEvaluation, AskingForAnOutputValueComputesNothing) {
     Names computed;
     const VObject node = makeAdder("node", computed);
     EXPECT_EQ(dataOf(node, "out").asDouble(), 0.0);
     EXPECT_TRUE(computed.empty());
 }
 
-TEST(Evaluation, WithoutAComputationAnOutputIsJustCleaned) {
+TEST(HostEvaluation, OutputWithoutAComputationIsJustCleaned) {
     const VObject node = makeNode("walk", {asOutput(makeDouble("out", 3.0))});
     EXPECT_EQ(inputOf(node, "out"), 3.0);
     EXPECT_TRUE(blockOf(node).isClean(plugOf(node, "out").attribute()));
 }
 
-TEST(Evaluation, WhatTheComputationLeftDirtyIsCleanAfterwards) {
+TEST(HostEvaluation, OutputThatTheComputationLeavesDirtyIsCleanAfterwards) {
     const VObject node = makeNode("walk", {asOutput(makeDouble("out"))});
     int runs = 0;
     VFnDependencyNode(node).setCompute([&](VPlug, VDataBlock&) {
@@ -133,7 +133,7 @@ TEST(Evaluation, WhatTheComputationLeftDirtyIsCleanAfterwards) {
     EXPECT_EQ(runs, 1);
 }
 
-TEST(Evaluation, StatusOfAFailingComputationIsHandedOnWithTheDataAsItStands) {
+TEST(HostEvaluation, StatusOfAFailingComputationIsHandedOnWithTheDataAsItStands) {
     const VObject source = makeNode("source", {asOutput(makeDouble("out", 3.0))});
     VFnDependencyNode(source).setCompute(
         [](VPlug, VDataBlock&) { return VStatus(VStatus::kNotFound); });
@@ -145,7 +145,7 @@ TEST(Evaluation, StatusOfAFailingComputationIsHandedOnWithTheDataAsItStands) {
     EXPECT_EQ(handle.asDouble(), 3.0);
 }
 
-TEST(Evaluation, ChildOfAnOutputIsComputedWithTheWhole) {
+TEST(HostEvaluation, ChildOfAnOutputIsComputedWithTheWhole) {
     const VObject node = makeNode("walk", {asOutput(makeCompound("out", {makeDouble("a")}))});
     VPlug out = plugOf(node, "out");
     Names computed;
@@ -159,7 +159,7 @@ TEST(Evaluation, ChildOfAnOutputIsComputedWithTheWhole) {
     EXPECT_TRUE(blockOf(node).isClean(out.attribute()));
 }
 
-TEST(Evaluation, OutputInsideAWritableCompoundIsComputedWithIt) {
+TEST(HostEvaluation, OutputInsideAWritableCompoundIsComputedWithIt) {
     const VObject node =
         makeNode("walk", {makeCompound("both", {makeDouble("in"), asOutput(makeDouble("out"))})});
     VPlug both = plugOf(node, "both");
@@ -174,7 +174,7 @@ TEST(Evaluation, OutputInsideAWritableCompoundIsComputedWithIt) {
     EXPECT_EQ(computed, Names{"walk.both.out"});
 }
 
-TEST(Evaluation, RemovedComputationIsNotCalled) {
+TEST(HostEvaluation, RemovedComputationIsNotCalled) {
     Names computed;
     const VObject node = makeAdder("node", computed);
     VFnDependencyNode(node).setCompute({});
@@ -182,7 +182,7 @@ TEST(Evaluation, RemovedComputationIsNotCalled) {
     EXPECT_TRUE(computed.empty());
 }
 
-TEST(Connection, CarriesAValueOverThreeNodes) {
+TEST(Connection, ConnectionsCarryAValueOverThreeNodes) {
     Names computed;
     const VObject first = makeAdder("first", computed);
     const VObject second = makeAdder("second", computed);
@@ -196,7 +196,7 @@ TEST(Connection, CarriesAValueOverThreeNodes) {
     EXPECT_EQ(computed.size(), 3U);
 }
 
-TEST(Connection, DirtSpreadsDownstream) {
+TEST(Connection, DirtyInputMakesWhatIsDownstreamDirty) {
     Names computed;
     const VObject first = makeAdder("first", computed);
     const VObject second = makeAdder("second", computed);
@@ -210,7 +210,7 @@ TEST(Connection, DirtSpreadsDownstream) {
     EXPECT_EQ(inputOf(second, "out"), 22.0);
 }
 
-TEST(Connection, MakesItsDestinationDirty) {
+TEST(Connection, NewConnectionMakesItsDestinationDirty) {
     Names computed;
     const VObject source = makeNode("source", {makeDouble("a", 5.0)});
     const VObject target = makeAdder("target", computed);
@@ -219,7 +219,7 @@ TEST(Connection, MakesItsDestinationDirty) {
     EXPECT_EQ(inputOf(target, "out"), 6.0);
 }
 
-TEST(Connection, BrokenOneLeavesTheValueAndCarriesNoMore) {
+TEST(Connection, BrokenConnectionLeavesTheValueAndCarriesNoMore) {
     const VObject source = makeNode("source", {makeDouble("a", 5.0)});
     const VObject target = makeNode("target", {makeDouble("a")});
     connect(plugOf(source, "a"), plugOf(target, "a"));
@@ -233,7 +233,7 @@ TEST(Connection, BrokenOneLeavesTheValueAndCarriesNoMore) {
     EXPECT_EQ(inputOf(target, "a"), 5.0);
 }
 
-TEST(Connection, CopiesAnArrayWithItsLogicalIndices) {
+TEST(Connection, ConnectedArrayIsCopiedWithItsLogicalIndices) {
     const VObject source = makeNode("source", {asArray(makeDouble("a"))});
     const VObject target = makeNode("target", {asArray(makeDouble("a"))});
     connect(plugOf(source, "a"), plugOf(target, "a"));
@@ -245,7 +245,7 @@ TEST(Connection, CopiesAnArrayWithItsLogicalIndices) {
     EXPECT_EQ(elementsOf(copy), (Elements{{2, 20.0}, {5, 50.0}}));
 }
 
-TEST(Connection, ArrayHandleEvaluatesWhatItDependsOn) {
+TEST(Connection, ArrayHandleEvaluatesWhatTheArrayDependsOn) {
     const VObject source = makeNode("source", {asArray(makeDouble("a"))});
     const VObject target = makeNode("target", {asArray(makeDouble("a"))});
     connect(plugOf(source, "a"), plugOf(target, "a"));
@@ -256,7 +256,7 @@ TEST(Connection, ArrayHandleEvaluatesWhatItDependsOn) {
     EXPECT_TRUE(blockOf(target).isClean(plugOf(target, "a").attribute()));
 }
 
-TEST(Connection, CopiesACompoundWithAllThatIsBelowIt) {
+TEST(Connection, ConnectedCompoundIsCopiedWithAllThatIsBelowIt) {
     const auto limb = [] {
         return makeCompound("limb", {makeText("name"), makeMatrix("frame"),
                                      makeNumber("on", VFnNumericData::kBoolean),
@@ -291,7 +291,7 @@ TEST(Connection, CopiesACompoundWithAllThatIsBelowIt) {
     EXPECT_EQ(blockOf(target).outputValue(length).asDouble(), 3.0);
 }
 
-TEST(Connection, BelowAPlugIsEvaluatedWithIt) {
+TEST(Connection, ConnectionBelowACompoundIsEvaluatedWithIt) {
     const VObject source = makeNode("source", {makeDouble("a", 8.0)});
     const VObject target = makeNode("target", {makeCompound("limb", {makeDouble("a")})});
     VPlug limb = plugOf(target, "limb");
@@ -300,7 +300,7 @@ TEST(Connection, BelowAPlugIsEvaluatedWithIt) {
     EXPECT_EQ(data.child(limb.child(0)).asDouble(), 8.0);
 }
 
-TEST(Connection, ReachesSingleElementsAndMakesThem) {
+TEST(Connection, ConnectionOfElementsMakesTheDestinationElement) {
     const VObject source = makeNode("source", {asArray(makeDouble("a"))});
     const VObject target = makeNode("target", {asArray(makeDouble("a"))});
     VPlug from = plugOf(source, "a");
@@ -312,7 +312,7 @@ TEST(Connection, ReachesSingleElementsAndMakesThem) {
     EXPECT_EQ(elementsOf(dataOf(target, "a")), (Elements{{9, 40.0}}));
 }
 
-TEST(Connection, CycleComesToAnEnd) {
+TEST(Connection, CycleOfConnectionsComesToAnEnd) {
     Names computed;
     const VObject first = makeAdder("first", computed);
     const VObject second = makeAdder("second", computed);
@@ -324,7 +324,7 @@ TEST(Connection, CycleComesToAnEnd) {
     EXPECT_FALSE(blockOf(second).isClean(plugOf(second, "out").attribute()));
 }
 
-TEST(Connection, GoesWithTheSourceNode) {
+TEST(Connection, ConnectionEndsWithItsSourceNode) {
     const VObject target = makeNode("target", {makeDouble("a", 1.0)});
     {
         const VObject source = makeNode("source", {makeDouble("a", 5.0)});
@@ -335,7 +335,7 @@ TEST(Connection, GoesWithTheSourceNode) {
     EXPECT_EQ(connect(plugOf(source, "a"), plugOf(target, "a")), VStatus::kSuccess);
 }
 
-TEST(Connection, GoesWithTheDestinationNode) {
+TEST(Connection, ConnectionEndsWithItsDestinationNode) {
     const VObject source = makeNode("source", {makeDouble("a", 5.0)});
     {
         const VObject target = makeNode("target", {makeDouble("a")});
@@ -344,7 +344,7 @@ TEST(Connection, GoesWithTheDestinationNode) {
     EXPECT_EQ(blockOf(source).setDirty(plugOf(source, "a").attribute()), VStatus::kSuccess);
 }
 
-TEST(Connection, OfANodeToItself) {
+TEST(Connection, ConnectionOfANodeToItselfIsEvaluatedOnce) {
     Names computed;
     const VObject node = makeAdder("node", computed);
     connect(plugOf(node, "out"), plugOf(node, "in"));

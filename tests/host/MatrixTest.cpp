@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Matrix, NewOneIsTheIdentity) {
+TEST(Matrix, NewMatrixIsTheIdentity) {
     const VMatrix matrix;
     for (unsigned row = 0; row < 4; ++row) {
         for (unsigned column = 0; column < 4; ++column) {
@@ -13,13 +13,13 @@ TEST(Matrix, NewOneIsTheIdentity) {
     }
 }
 
-TEST(Matrix, LiesRowByRow) {
+TEST(Matrix, MatrixLiesRowByRow) {
     VMatrix matrix;
     matrix[1][2] = 7.0;
     EXPECT_EQ((&matrix.matrix[0][0])[6], 7.0);
 }
 
-TEST(Matrix, EveryElementCountsInComparison) {
+TEST(Matrix, ComparisonCountsEveryElement) {
     for (unsigned i = 0; i < 16; ++i) {
         VMatrix matrix;
         matrix[i / 4][i % 4] = 5.0;
@@ -28,7 +28,7 @@ TEST(Matrix, EveryElementCountsInComparison) {
     EXPECT_TRUE(VMatrix() == VMatrix());
 }
 
-TEST(Matrix, ComparesAsNumbers) {
+TEST(Matrix, ComparisonIsThatOfNumbers) {
     VMatrix zero;
     VMatrix negativeZero;
     negativeZero[0][1] = -0.0;

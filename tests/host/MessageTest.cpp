@@ -1,8 +1,9 @@
+#include "tests/support/RunTogether.h"
+
 #include <OpenVornik/VErrorListener.h>
 #include <OpenVornik/VGlobal.h>
 
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -17,7 +18,7 @@ VErrorListener::Receive into(Messages& messages) {
 
 }  // namespace
 
-TEST(Message, GoesToEveryListenerAndNotToStandardError) {
+TEST(Message, MessageGoesToEveryListenerAndNotToStandardError) {
     Messages first;
     Messages second;
     const VErrorListener one(into(first));
@@ -29,7 +30,7 @@ TEST(Message, GoesToEveryListenerAndNotToStandardError) {
     EXPECT_EQ(second, Messages{"Internal error !"});
 }
 
-TEST(Message, GoesToStandardErrorWhereNobodyListens) {
+TEST(Message, MessageGoesToStandardErrorIfNobodyListens) {
     Messages messages;
     { const VErrorListener listener(into(messages)); }
     testing::internal::CaptureStderr();
@@ -38,14 +39,11 @@ TEST(Message, GoesToStandardErrorWhereNobodyListens) {
     EXPECT_TRUE(messages.empty());
 }
 
-TEST(Message, ComesFromAnyThreadOneAtATime) {
+TEST(Message, MessagesOfSeveralThreadsAreReceivedOneAtATime) {
     Messages messages;
     const VErrorListener listener(into(messages));
-    const auto complain = [] {
-        for (int i = 0; i < 100; ++i) VGlobal::displayError("wrong");
-    };
-    std::thread other(complain);
-    complain();
-    other.join();
-    EXPECT_EQ(messages, Messages(200, "wrong"));
+    TestSupport::runTogether(2, [](std::size_t) {
+        for (int i = 0; i < 1000; ++i) VGlobal::displayError("wrong");
+    });
+    EXPECT_EQ(messages, Messages(2000, "wrong"));
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Modifier, QueuesUntilItIsExecuted) {
+TEST(Modifier, OperationsAreQueuedUntilDoIt) {
     const VObject node = makeNode("walk");
     const VObject attribute = makeDouble("a");
     VDGModifier modifier;
@@ -12,7 +12,7 @@ TEST(Modifier, QueuesUntilItIsExecuted) {
     EXPECT_EQ(VFnDependencyNode(node).attribute("a"), attribute);
 }
 
-TEST(Modifier, CarriesOutWhatIsQueuedOnce) {
+TEST(Modifier, DoItCarriesOutTheQueueOnce) {
     const VObject node = makeNode("walk");
     VDGModifier modifier;
     modifier.addAttribute(node, makeDouble("a"));
@@ -23,13 +23,13 @@ TEST(Modifier, CarriesOutWhatIsQueuedOnce) {
     EXPECT_EQ(VFnDependencyNode(node).attributeCount(), 2U);
 }
 
-TEST(Modifier, DroppedWithoutExecutionChangesNothing) {
+TEST(Modifier, ModifierDroppedWithoutDoItChangesNothing) {
     const VObject node = makeNode("walk");
     { VDGModifier().addAttribute(node, makeDouble("a")); }
     EXPECT_EQ(VFnDependencyNode(node).attributeCount(), 0U);
 }
 
-TEST(Modifier, RefusesWhatIsNullOrOfTheWrongKindAtOnce) {
+TEST(Modifier, NullAndWrongArgumentsAreRefusedAtOnce) {
     const VObject node = makeNode("walk");
     const VObject attribute = makeDouble("a");
     VDGModifier modifier;
@@ -42,7 +42,7 @@ TEST(Modifier, RefusesWhatIsNullOrOfTheWrongKindAtOnce) {
     EXPECT_EQ(VFnDependencyNode(node).attributeCount(), 0U);
 }
 
-TEST(Modifier, RefusesAnAttributeThatIsTakenAtOnce) {
+TEST(Modifier, AttributeThatIsTakenIsRefusedAtOnce) {
     const VObject child = makeDouble("a");
     const VObject node = makeNode("walk", {makeCompound("limb", {child})});
     VDGModifier modifier;
@@ -51,7 +51,7 @@ TEST(Modifier, RefusesAnAttributeThatIsTakenAtOnce) {
               VStatus::kFailure);
 }
 
-TEST(Modifier, ARefusedOperationTakesBackThoseBeforeIt) {
+TEST(Modifier, FailedOperationTakesBackThoseBeforeIt) {
     const VObject source = makeNode("source", {makeDouble("a")});
     const VObject target = makeNode("target", {makeDouble("a"), makeDouble("taken")});
     VDataBlock block = blockOf(target);
@@ -75,7 +75,7 @@ TEST(Modifier, ARefusedOperationTakesBackThoseBeforeIt) {
     EXPECT_EQ(VFnDependencyNode(target).attributeCount(), 2U);
 }
 
-TEST(Modifier, TakesBackADisconnection) {
+TEST(Modifier, FailedOperationTakesBackADisconnection) {
     const VObject source = makeNode("source", {makeDouble("a", 4.0)});
     const VObject target = makeNode("target", {makeDouble("a")});
     connect(plugOf(source, "a"), plugOf(target, "a"));
@@ -86,7 +86,7 @@ TEST(Modifier, TakesBackADisconnection) {
     EXPECT_EQ(blockOf(target).inputValue(plugOf(target, "a")).asDouble(), 4.0);
 }
 
-TEST(Modifier, SameAttributeQueuedTwiceIsRefusedWhenExecuted) {
+TEST(Modifier, AttributeQueuedTwiceFailsInDoIt) {
     const VObject node = makeNode("walk");
     const VObject attribute = makeDouble("a");
     VDGModifier modifier;
@@ -97,7 +97,7 @@ TEST(Modifier, SameAttributeQueuedTwiceIsRefusedWhenExecuted) {
     EXPECT_EQ(addTo(node, attribute), VStatus::kSuccess);
 }
 
-TEST(Modifier, RefusesPlugsThatCannotBeConnected) {
+TEST(Modifier, PlugsThatCannotBeConnectedAreRefused) {
     const VObject source =
         makeNode("source", {makeDouble("number"), makeText("text"), asArray(makeDouble("numbers")),
                             asInput(makeDouble("input")), makeCompound("pair", {makeDouble("a")})});
@@ -118,14 +118,14 @@ TEST(Modifier, RefusesPlugsThatCannotBeConnected) {
               VStatus::kSuccess);
 }
 
-TEST(Modifier, RefusesASecondSourceForADestination) {
+TEST(Modifier, SecondSourceOfADestinationIsRefused) {
     const VObject source = makeNode("source", {makeDouble("a"), makeDouble("b")});
     const VObject target = makeNode("target", {makeDouble("a")});
     EXPECT_EQ(connect(plugOf(source, "a"), plugOf(target, "a")), VStatus::kSuccess);
     EXPECT_EQ(connect(plugOf(source, "b"), plugOf(target, "a")), VStatus::kFailure);
 }
 
-TEST(Modifier, DisconnectingWhatIsNotConnectedIsNotFound) {
+TEST(Modifier, DisconnectionOfWhatIsNotConnectedIsNotFound) {
     const VObject source = makeNode("source", {makeDouble("a")});
     const VObject target = makeNode("target", {makeDouble("a")});
     VDGModifier modifier;
@@ -133,7 +133,7 @@ TEST(Modifier, DisconnectingWhatIsNotConnectedIsNotFound) {
     EXPECT_EQ(modifier.doIt(), VStatus::kNotFound);
 }
 
-TEST(Modifier, KeepsTheNodesOfQueuedPlugsAlive) {
+TEST(Modifier, ModifierKeepsTheNodesOfQueuedPlugsAlive) {
     VObject source = makeNode("source", {makeDouble("a")});
     const VObject target = makeNode("target", {makeDouble("a")});
     VDGModifier modifier;

@@ -2,13 +2,25 @@
 
 #include <gtest/gtest.h>
 
-TEST(Node, HasItsNameAndNoAttributesAtFirst) {
+namespace {
+
+// A compound whose child enforces a unique name.
+VObject enforcing(const char* compound, const char* child) {
+    VFnCompoundAttribute result;
+    result.create(compound, compound);
+    result.addChild(makeDouble(child));
+    return result.object();
+}
+
+}  // namespace
+
+TEST(Node, NewNodeHasItsNameAndNoAttributes) {
     const VFnDependencyNode node(makeNode("walk"));
     EXPECT_EQ(node.name(), "walk");
     EXPECT_EQ(node.attributeCount(), 0U);
 }
 
-TEST(Node, FunctionSetFailsOnWhatIsNoNode) {
+TEST(Node, FunctionSetOnNoNodeFails) {
     VStatus status;
     VFnDependencyNode none(makeDouble("a"), &status);
     EXPECT_EQ(status, VStatus::kInvalidParameter);
@@ -24,7 +36,7 @@ TEST(Node, FunctionSetFailsOnWhatIsNoNode) {
     EXPECT_EQ(none.setCompute(nullptr), VStatus::kInvalidParameter);
 }
 
-TEST(Node, ListsItsTopLevelAttributesInTheOrderTheyCame) {
+TEST(Node, TopLevelAttributesAreListedInTheOrderTheyCame) {
     const VObject limb = makeCompound("limb", {makeDouble("a"), makeDouble("b")});
     const VObject speed = makeDouble("speed");
     const VFnDependencyNode node(makeNode("walk", {limb, speed}));
@@ -36,7 +48,7 @@ TEST(Node, ListsItsTopLevelAttributesInTheOrderTheyCame) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST(Node, FindsAnAttributeByItsLongOrShortName) {
+TEST(Node, AttributeIsFoundByItsLongOrShortName) {
     const VObject weight = VFnNumericAttribute().create("weight", "w", VFnNumericData::kDouble);
     const VFnDependencyNode node(makeNode("walk", {weight}));
     EXPECT_EQ(node.attribute("weight"), weight);
@@ -53,15 +65,25 @@ TEST(Node, UnknownNameGivesTheNullObjectWithoutAFailureButNoPlug) {
     EXPECT_EQ(status, VStatus::kNotFound);
 }
 
-TEST(Node, KnowsAChildByNameOnlyIfItEnforcesIt) {
+TEST(Node, ChildrenAreNotFoundByName) {
     const VObject child = makeDouble("a");
-    const VFnDependencyNode node(makeNode("walk", {makeCompound("limb", {child})}));
-    EXPECT_TRUE(node.attribute("a").isNull());
-    VFnAttribute(child).setEnforcingUniqueName(true);
-    EXPECT_EQ(node.attribute("a"), child);
+    const VObject limb = makeCompound("limb", {child});
+    const VFnDependencyNode node(makeNode("walk", {limb}));
+    for (const bool enforcing : {false, true}) {
+        VFnAttribute(child).setEnforcingUniqueName(enforcing);
+        EXPECT_TRUE(node.attribute("a").isNull());
+        EXPECT_TRUE(node.findPlug("a").isNull());
+    }
+    EXPECT_EQ(addTo(node.object(), makeDouble("a")), VStatus::kFailure)
+        << "it is taken all the same";
+    VFnAttribute(child).setEnforcingUniqueName(false);
+    const VObject own = makeDouble("a");
+    EXPECT_EQ(addTo(node.object(), own), VStatus::kSuccess);
+    EXPECT_EQ(node.attribute("a"), own);
+    EXPECT_EQ(node.findPlug("a").attribute(), own);
 }
 
-TEST(Node, RefusesATopLevelNameThatItKnows) {
+TEST(Node, TopLevelAttributeOfATakenNameIsRefused) {
     const VObject weight = VFnNumericAttribute().create("weight", "w", VFnNumericData::kDouble);
     const VObject node = makeNode("walk", {weight});
     EXPECT_EQ(addTo(node, makeText("weight")), VStatus::kFailure);
@@ -70,20 +92,14 @@ TEST(Node, RefusesATopLevelNameThatItKnows) {
     EXPECT_EQ(VFnDependencyNode(node).attribute("weight"), weight);
 }
 
-TEST(Node, SameChildNamesMeetWhereTheyDoNotEnforceThem) {
+TEST(Node, ChildrenThatEnforceNoNameMayShareOne) {
     const VObject node = makeNode("walk", {makeCompound("left", {makeDouble("a")})});
     EXPECT_EQ(addTo(node, makeCompound("right", {makeDouble("a")})), VStatus::kSuccess);
     EXPECT_EQ(addTo(node, makeDouble("a")), VStatus::kSuccess);
     EXPECT_EQ(addTo(node, makeCompound("b", {makeDouble("b")})), VStatus::kSuccess);
 }
 
-TEST(Node, RefusesAnEnforcingChildWhoseNameIsAnywhere) {
-    const auto enforcing = [](const char* compound, const char* child) {
-        VFnCompoundAttribute result;
-        result.create(compound, compound);
-        result.addChild(makeDouble(child));
-        return result.object();
-    };
+TEST(Node, EnforcingChildWhoseNameIsAnywhereIsRefused) {
     const VObject node = makeNode("walk", {makeCompound("left", {makeDouble("a")})});
     EXPECT_EQ(addTo(node, enforcing("right", "a")), VStatus::kFailure);
     EXPECT_EQ(addTo(node, enforcing("right", "left")), VStatus::kFailure);
@@ -93,19 +109,14 @@ TEST(Node, RefusesAnEnforcingChildWhoseNameIsAnywhere) {
     EXPECT_EQ(addTo(node, makeDouble("b")), VStatus::kFailure);
 }
 
-TEST(Node, RefusesEnforcingChildrenOfOneTreeThatShareAName) {
-    const auto side = [](const char* name) {
-        VFnCompoundAttribute compound;
-        compound.create(name, name);
-        compound.addChild(makeDouble("a"));
-        return compound.object();
-    };
+TEST(Node, EnforcingChildrenOfOneTreeThatShareANameAreRefused) {
     const VObject node = makeNode("walk");
-    EXPECT_EQ(addTo(node, makeCompound("body", {side("left"), side("right")})), VStatus::kFailure);
+    EXPECT_EQ(addTo(node, makeCompound("body", {enforcing("left", "a"), enforcing("right", "a")})),
+              VStatus::kFailure);
     EXPECT_EQ(VFnDependencyNode(node).attributeCount(), 0U);
 }
 
-TEST(Node, RefusesArraysTooDeep) {
+TEST(Node, ArraysNestedTooDeepAreRefused) {
     const auto nested = [](unsigned depth) {
         VObject attribute = asArray(makeDouble("value"));
         for (unsigned i = 1; i < depth; ++i)
@@ -118,14 +129,14 @@ TEST(Node, RefusesArraysTooDeep) {
     EXPECT_EQ(addTo(node, nested(VPlug::kMaxArrayDepth)), VStatus::kSuccess);
 }
 
-TEST(Node, LivesWhileAHandleNamesIt) {
+TEST(Node, NodeLivesWhileAHandleNamesIt) {
     VObject node = makeNode("walk", {makeDouble("a")});
     const VFnDependencyNode functions(node);
     node = VObject::kNullObj;
     EXPECT_EQ(functions.name(), "walk");
 }
 
-TEST(Node, AttributeThatOutlivesItMayGoToAnother) {
+TEST(Node, AttributeThatOutlivesItsNodeMayGoToAnother) {
     const VObject attribute = makeDouble("a");
     { const VObject node = makeNode("walk", {attribute}); }
     const VObject other = makeNode("run");

@@ -1,13 +1,11 @@
 #include "tests/host/Attributes.h"
 
-#include <type_traits>
-
 #include <gtest/gtest.h>
 
 namespace {
 
 // walk.limbs[].names[], walk.limbs[].weight, walk.root
-class Plug : public testing::Test {
+class HostPlug : public testing::Test {
 protected:
     const VObject names = asArray(makeText("names"));
     const VObject weight = makeDouble("weight");
@@ -19,24 +17,23 @@ protected:
 
 }  // namespace
 
-static_assert(std::is_trivially_copyable_v<VPlug>);
-
-TEST_F(Plug, GoesDownByChildAndLogicalIndex) {
-    VPlug plug = VPlug(node, limbs).elementByLogicalIndex(3).child(0).elementByLogicalIndex(7);
+TEST_F(HostPlug, PlugGoesDownByChildAndLogicalIndex) {
+    VPlug plug =
+        VPlug(node, limbs).elementByLogicalIndex(3).child(0).elementByLogicalIndex(7);
     EXPECT_EQ(plug.name(), "walk.limbs[3].names[7]");
     EXPECT_EQ(plug.attribute(), names);
     EXPECT_EQ(plug.node(), node);
     EXPECT_EQ(plug.logicalIndex(), 7U);
 }
 
-TEST_F(Plug, AbsentElementIsStillAPlug) {
+TEST_F(HostPlug, PlugOfAnAbsentElementIsStillAPlug) {
     VPlug plug = VPlug(node, limbs).elementByLogicalIndex(4000000000U, &status);
     EXPECT_EQ(status, VStatus::kSuccess);
     EXPECT_EQ(plug.logicalIndex(), 4000000000U);
     EXPECT_TRUE(blockOf(node).outputValue(plug).isNull());
 }
 
-TEST_F(Plug, TellsWholeArraysElementsAndCompounds) {
+TEST_F(HostPlug, PlugTellsWholeArraysElementsAndCompounds) {
     VPlug array(node, limbs);
     EXPECT_TRUE(array.isArray());
     EXPECT_FALSE(array.isElement());
@@ -52,13 +49,13 @@ TEST_F(Plug, TellsWholeArraysElementsAndCompounds) {
     EXPECT_TRUE(element.child(0).isArray());
 }
 
-TEST_F(Plug, MadeFromAnAttributeStandsInTheElementsAtZero) {
+TEST_F(HostPlug, PlugMadeFromAnAttributeIsInTheElementsAtZero) {
     EXPECT_EQ(VPlug(node, weight).name(), "walk.limbs[0].weight");
     EXPECT_EQ(VPlug(node, weight), VPlug(node, limbs).elementByLogicalIndex(0).child(1));
     EXPECT_EQ(VPlug(node, limbs).name(), "walk.limbs");
 }
 
-TEST_F(Plug, EqualityComparesTheWholePath) {
+TEST_F(HostPlug, EqualityComparesTheWholePath) {
     VPlug array(node, limbs);
     EXPECT_EQ(array.elementByLogicalIndex(2).child(1), array.elementByLogicalIndex(2).child(1));
     EXPECT_NE(array.elementByLogicalIndex(2).child(1), array.elementByLogicalIndex(3).child(1));
@@ -66,12 +63,12 @@ TEST_F(Plug, EqualityComparesTheWholePath) {
     EXPECT_EQ(VPlug(), VPlug());
 }
 
-TEST_F(Plug, WholeArrayHasNoChildPlugs) {
+TEST_F(HostPlug, PlugOfAWholeArrayHasNoChildren) {
     EXPECT_TRUE(VPlug(node, limbs).child(0, &status).isNull());
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST_F(Plug, ChildPastTheLastFails) {
+TEST_F(HostPlug, ChildPlugPastTheLastFails) {
     EXPECT_EQ(VPlug(node, root).numChildren(), 1U);
     EXPECT_FALSE(VPlug(node, root).child(0, &status).isNull());
     EXPECT_EQ(status, VStatus::kSuccess);
@@ -81,7 +78,7 @@ TEST_F(Plug, ChildPastTheLastFails) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST_F(Plug, OnlyAWholeArrayHasElements) {
+TEST_F(HostPlug, OnlyThePlugOfAWholeArrayHasElements) {
     EXPECT_TRUE(VPlug(node, root).elementByLogicalIndex(0, &status).isNull());
     EXPECT_EQ(status, VStatus::kInvalidParameter);
     VPlug element = VPlug(node, limbs).elementByLogicalIndex(1);
@@ -91,7 +88,7 @@ TEST_F(Plug, OnlyAWholeArrayHasElements) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST_F(Plug, IsRefusedAnAttributeThatIsNotTheNodes) {
+TEST_F(HostPlug, PlugOfAnAttributeOfAnotherNodeIsRefused) {
     EXPECT_TRUE(VPlug(node, makeDouble("weight"), &status).isNull());
     EXPECT_EQ(status, VStatus::kInvalidParameter);
     EXPECT_TRUE(VPlug(makeNode("run"), weight, &status).isNull());
@@ -100,7 +97,7 @@ TEST_F(Plug, IsRefusedAnAttributeThatIsNotTheNodes) {
     EXPECT_EQ(status, VStatus::kInvalidParameter);
 }
 
-TEST_F(Plug, EveryOperationOnANullPlugFails) {
+TEST_F(HostPlug, EveryOperationOnANullPlugFails) {
     VPlug none;
     EXPECT_TRUE(none.isNull());
     const auto fails = [&](auto operation) {
@@ -120,7 +117,7 @@ TEST_F(Plug, EveryOperationOnANullPlugFails) {
     EXPECT_TRUE(fails([&] { none.name(&status); }));
 }
 
-TEST_F(Plug, ReachesTheDeepestArrayThatANodeTakes) {
+TEST_F(HostPlug, PlugReachesTheDeepestArrayThatANodeTakes) {
     VObject attribute = asArray(makeDouble("value"));
     for (unsigned i = 1; i < VPlug::kMaxArrayDepth; ++i) {
         attribute = asArray(makeCompound("level", {attribute}));

@@ -21,10 +21,17 @@ public:
         return call.operation == m_failing ? m_answer : VStatus::kSuccess;
     }
 
-    std::vector<std::string> operations() const {
-        std::vector<std::string> names;
-        for (const Call& call : calls) names.emplace_back(call.operation);
-        return names;
+    // Such as "VPlug::child walk.rig [2]" and "VFnAttribute::setWritable weight (false)".
+    std::vector<std::string> texts() const {
+        std::vector<std::string> texts;
+        for (const Call& call : calls) {
+            std::string text(call.operation);
+            if (call.subject != "") text += std::string(" ") + call.subject.asChar();
+            if (call.index >= 0) text += " [" + std::to_string(call.index) + "]";
+            if (call.argument != "") text += std::string(" (") + call.argument.asChar() + ")";
+            texts.push_back(text);
+        }
+        return texts;
     }
 
     std::vector<Call> calls;

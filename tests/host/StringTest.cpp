@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(String, IsMadeFromTextAndComparesWithIt) {
+TEST(HostString, StringIsMadeFromTextAndComparesWithIt) {
     const VString text("walk");
     EXPECT_STREQ(text.asChar(), "walk");
     EXPECT_EQ(text.length(), 4U);
@@ -14,7 +14,7 @@ TEST(String, IsMadeFromTextAndComparesWithIt) {
     EXPECT_TRUE(text != VString("run"));
 }
 
-TEST(String, NullTextIsEmpty) {
+TEST(HostString, NullTextIsEmpty) {
     const char* null = nullptr;
     VString text(null);
     EXPECT_EQ(text.length(), 0U);
@@ -26,14 +26,14 @@ TEST(String, NullTextIsEmpty) {
     EXPECT_STREQ(text.asChar(), "");
 }
 
-TEST(String, Concatenates) {
+TEST(HostString, StringsConcatenate) {
     VString text("walk");
     text += "ing";
     EXPECT_EQ(text, "walking");
     EXPECT_EQ(text + " " + text, "walking walking");
 }
 
-TEST(StringFormat, ReplacesThePlaceholdersWhereverTheyStand) {
+TEST(HostStringFormat, FormatReplacesPlaceholdersWhereverTheyStand) {
     VString text("before");
     EXPECT_EQ(text.format("^2s and ^1s, ^2s", "a", "b"), VStatus::kSuccess);
     EXPECT_EQ(text, "b and a, b");
@@ -41,7 +41,7 @@ TEST(StringFormat, ReplacesThePlaceholdersWhereverTheyStand) {
     EXPECT_EQ(text, "plain");
 }
 
-TEST(StringFormat, TakesTenArguments) {
+TEST(HostStringFormat, FormatTakesTenArguments) {
     VString text;
     EXPECT_EQ(text.format("^1s^2s^3s^4s^5s^6s^7s^8s^9s^10s", "a", "b", "c", "d", "e", "f", "g", "h",
                           "i", "j"),
@@ -49,32 +49,32 @@ TEST(StringFormat, TakesTenArguments) {
     EXPECT_EQ(text, "abcdefghij");
 }
 
-TEST(StringFormat, PlaceholderOfAnUnusedArgumentStaysAndFails) {
+TEST(HostStringFormat, PlaceholderOfAnUnusedArgumentStaysAndFails) {
     VString text;
     EXPECT_EQ(text.format("^1s ^2s ^10s", "a", VString::argUnused), VStatus::kInvalidParameter);
     EXPECT_EQ(text, "a ^2s ^10s");
 }
 
-TEST(StringFormat, EmptyTextAndACopyOfArgUnusedAreArguments) {
+TEST(HostStringFormat, EmptyTextAndACopyOfArgUnusedAreArguments) {
     const VString copy = VString::argUnused;
     VString text;
     EXPECT_EQ(text.format("[^1s^2s]", "", copy), VStatus::kSuccess);
     EXPECT_EQ(text, "[]");
 }
 
-TEST(StringFormat, DoesNotExpandArgumentsAgain) {
+TEST(HostStringFormat, FormatDoesNotExpandArgumentsAgain) {
     VString text;
     EXPECT_EQ(text.format("^1s", "^2s", "b"), VStatus::kSuccess);
     EXPECT_EQ(text, "^2s");
 }
 
-TEST(StringFormat, LeavesWhatIsNoPlaceholder) {
+TEST(HostStringFormat, FormatLeavesWhatIsNoPlaceholder) {
     VString text;
     EXPECT_EQ(text.format("^ ^s ^0s ^11s ^01s ^1 ^1d 1s ^^1s ^", "a"), VStatus::kSuccess);
     EXPECT_EQ(text, "^ ^s ^0s ^11s ^01s ^1 ^1d 1s ^a ^");
 }
 
-TEST(StringFormat, MayTakeItselfAsFormatAndArgument) {
+TEST(HostStringFormat, FormatMayTakeItsOwnStringAsFormatAndArgument) {
     VString text("<^1s>");
     EXPECT_EQ(text.format(text, text), VStatus::kSuccess);
     EXPECT_EQ(text, "<<^1s>>");
