@@ -36,8 +36,7 @@ struct PELMOR_API UntypedTypeRep {
     std::uint32_t kindCode() const noexcept { return alignmentAndKind >> 16; }
 
     // Raw storage for `count` elements, which is returned with `deallocate` and the same count.
-    // Throws std::bad_alloc, also if the number of bytes is more than can be allocated. [any
-    // thread]
+    // Throws std::bad_alloc, also if the bytes are too many to count. [any thread]
     void* allocate(std::uint64_t count) const;
     void deallocate(void* buffer, std::uint64_t count) const noexcept;
 };

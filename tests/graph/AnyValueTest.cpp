@@ -83,12 +83,6 @@ TEST(AnyValue, NewHolderIsEmpty) {
     EXPECT_EQ(holder.words().manager, nullptr);
 }
 
-TEST(AnyValue, HolderBeginsWithItsWords) {
-    const auto holder = AnyValue::holding(2.5);
-    EXPECT_EQ(static_cast<const void*>(&holder.words()), &holder);
-    EXPECT_EQ(holder.words().manager, &manageHeld<double>);
-}
-
 TEST(AnyValue, SmallValuesAreHeldWithoutAllocating) {
     const String text("hip");
     const AllocationCount count;
@@ -119,23 +113,6 @@ TEST(AnyValue, TypeIsTheIdentityOfTheHeldValue) {
     EXPECT_EQ(&AnyValue::holding(2.5).type(), &HeldIdentity<double>::s_record);
     EXPECT_EQ(&AnyValue::holding(SharedArray<double>()).type(),
               &HeldIdentity<SharedArray<double>>::s_record);
-}
-
-TEST(AnyValue, GetIfGivesNullForATypeThatIsNotHeld) {
-    auto number = AnyValue::holding(2.5);
-    EXPECT_EQ(number.getIf<SharedArray<double>>(), nullptr);
-    EXPECT_EQ(number.getIf<String>(), nullptr);
-    auto numbers = AnyValue::holding(makePtr<Array<double>>());
-    EXPECT_EQ(numbers.getIf<double>(), nullptr);
-    EXPECT_EQ(numbers.getIf<SharedArray<String>>(), nullptr);
-    EXPECT_NE(numbers.getIf<SharedArray<double>>(), nullptr);
-}
-
-TEST(AnyValue, HeldNullPointerIsAValue) {
-    auto holder = AnyValue::holding(SharedArray<double>());
-    EXPECT_TRUE(holder.hasValue());
-    ASSERT_NE(holder.getIf<SharedArray<double>>(), nullptr);
-    EXPECT_FALSE(*holder.getIf<SharedArray<double>>());
 }
 
 TEST(AnyValue, CopyHoldsAValueOfItsOwn) {

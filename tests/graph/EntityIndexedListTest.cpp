@@ -7,12 +7,6 @@ namespace {
 
 using TypeList = Pelmor::EntityIndexedList<Pelmor::Type>;
 
-TEST(EntityIndexedList, NewListIsEmpty) {
-    const TypeList list;
-    EXPECT_EQ(list.size(), 0u);
-    EXPECT_EQ(list.find("double"), nullptr);
-}
-
 TEST(EntityIndexedList, ListKeepsTheOrderInWhichEntitiesAreAdded) {
     const Pelmor::Library library;
     TypeList list;
@@ -37,6 +31,8 @@ TEST(EntityIndexedList, ListHasEachNameOnce) {
 TEST(EntityIndexedList, ListFindsByTheWholeName) {
     const Pelmor::Library library;
     TypeList list;
+    EXPECT_EQ(list.size(), 0u);
+    EXPECT_EQ(list.find("double"), nullptr);
     list.add(library.getType("double"));
     list.add(library.getType("Math::double4x4"));
     EXPECT_EQ(list.find("Math::double4x4"), &list[1]);

@@ -61,12 +61,11 @@ TEST(TypeInfoEquals, OneCanonicalRecordComparesByContent) {
     EXPECT_TRUE(typeInfoEquals(ordinary, canonical));
 }
 
-TEST(TypeInfoEquals, DifferentQualifiersAreUnequalWhateverTheName) {
+TEST(TypeInfoEquals, RecordsThatDifferInQualifierDepthOrLengthAreUnequal) {
     EXPECT_FALSE(typeInfoEquals(identity(kJoint, 0, 0), identity(kJoint, 0, 1)));
-}
-
-TEST(TypeInfoEquals, DifferentDepthsAreUnequalWhateverTheName) {
     EXPECT_FALSE(typeInfoEquals(identity(kJoint, 0), identity(kJoint, 1)));
+    EXPECT_FALSE(typeInfoEquals(identity(kJoint), identity("joints")));
+    EXPECT_FALSE(typeInfoEquals(identity(kJoint), identity("join")));
 }
 
 TEST(TypeInfoEquals, SameNamePointerIsEqualWhateverItsLength) {
@@ -74,11 +73,6 @@ TEST(TypeInfoEquals, SameNamePointerIsEqualWhateverItsLength) {
     TypeInfo b = a;
     b.nameLength = 2;
     EXPECT_TRUE(typeInfoEquals(a, b));
-}
-
-TEST(TypeInfoEquals, DifferentLengthsAreUnequal) {
-    EXPECT_FALSE(typeInfoEquals(identity(kJoint), identity("joints")));
-    EXPECT_FALSE(typeInfoEquals(identity(kJoint), identity("join")));
 }
 
 TEST(TypeInfoEquals, NamesCompareByEveryCharacterOfTheLengthAndNoneBehindIt) {
@@ -104,14 +98,17 @@ TEST(TypeInfoLess, SmallerQualifierComesFirstWithinADepth) {
     expectOrdered(identity("a", 0, 1), identity("a", 0, 0x80));
 }
 
-TEST(TypeInfoLess, SameNamePointerIsNotLess) {
+TEST(TypeInfoLess, SameNamePointerOrSameCharactersAreNotLess) {
+    expectNeitherLess(identity(kJoint), identity(kJointElsewhere));
     const TypeInfo a = identity(kJoint);
     TypeInfo b = a;
     b.nameLength = 2;
     expectNeitherLess(a, b);
 }
 
-TEST(TypeInfoLess, NamesAreOrderedByTheirFirstDifference) {
+TEST(TypeInfoLess, NamesAreOrderedByTheirFirstDifferenceThenPrefixesFirst) {
+    expectOrdered(identity("join"), identity("joint"));
+    expectOrdered(identity(""), identity("\x80"));
     expectOrdered(identity("hip"), identity("knee"));
     expectOrdered(identity("hip long"), identity("knee"));
     expectOrdered(identity("Knee"), identity("hip"));
@@ -121,15 +118,6 @@ TEST(TypeInfoLess, CharactersCompareAsSigned) {
     expectOrdered(identity("\x80"), identity("\xff"));
     expectOrdered(identity("\xff"), identity("\x01"));
     expectOrdered(identity("a\x80"), identity("a~"));
-}
-
-TEST(TypeInfoLess, PrefixComesFirst) {
-    expectOrdered(identity("join"), identity("joint"));
-    expectOrdered(identity(""), identity("\x80"));
-}
-
-TEST(TypeInfoLess, SameCharactersAreNotLess) {
-    expectNeitherLess(identity(kJoint), identity(kJointElsewhere));
 }
 
 TEST(TypeInfoLess, CanonicalFlagPlaysNoPart) {

@@ -17,32 +17,22 @@ using Pelmor::Internal::elementRepOf;
 using Pelmor::Internal::UntypedTypeRep;
 using TestSupport::AllocationCount;
 
-TEST(UntypedTypeRep, DescribesDoubles) {
-    const UntypedTypeRep rep = elementRepOf<double>();
-    EXPECT_EQ(rep.elementSize, 8u);
-    EXPECT_EQ(rep.alignmentAndKind, 0x00000008u);
-    EXPECT_EQ(rep.operations, nullptr);
+template <typename Element>
+void expectDescription(std::uint32_t alignmentAndKind,
+                       Pelmor::Internal::ElementOperations operations = nullptr) {
+    const UntypedTypeRep rep = elementRepOf<Element>();
+    EXPECT_EQ(rep.elementSize, sizeof(Element));
+    EXPECT_EQ(rep.alignmentAndKind, alignmentAndKind);
+    EXPECT_EQ(rep.operations, operations);
 }
 
-TEST(UntypedTypeRep, DescribesMatrices) {
-    const UntypedTypeRep rep = elementRepOf<Math::double4x4>();
-    EXPECT_EQ(rep.elementSize, 128u);
-    EXPECT_EQ(rep.alignmentAndKind, 0x00000008u);
-    EXPECT_EQ(rep.operations, nullptr);
-}
-
-TEST(UntypedTypeRep, DescribesStrings) {
-    const UntypedTypeRep rep = elementRepOf<Pelmor::String>();
-    EXPECT_EQ(rep.elementSize, 16u);
-    EXPECT_EQ(rep.alignmentAndKind, 0x00010008u);
-    EXPECT_EQ(rep.operations, nullptr);
-}
-
-TEST(UntypedTypeRep, DescribesElementsThatHaveAnEntry) {
-    const UntypedTypeRep rep = elementRepOf<GraphTests::EnteredElement>();
-    EXPECT_EQ(rep.elementSize, sizeof(GraphTests::EnteredElement));
-    EXPECT_EQ(rep.alignmentAndKind, 0x00080008u);
-    EXPECT_EQ(rep.operations, &GraphTests::EnteredElement::operations);
+TEST(UntypedTypeRep, DescriptionHasSizeAlignmentKindAndOperationsOfTheElement) {
+    static_assert(sizeof(Math::double4x4) == 128 && sizeof(Pelmor::String) == 16);
+    expectDescription<double>(0x00000008u);
+    expectDescription<Math::double4x4>(0x00000008u);
+    expectDescription<Pelmor::String>(0x00010008u);
+    expectDescription<GraphTests::EnteredElement>(0x00080008u,
+                                                  &GraphTests::EnteredElement::operations);
 }
 
 TEST(UntypedTypeRep, AlignmentIsTheLowHalfAndKindTheHighHalf) {

@@ -1,34 +1,19 @@
 #include "tests/host/Arrays.h"
 #include "tests/host/Attributes.h"
+#include "tests/support/AllocationCount.h"
 
-#include <cstdlib>
-#include <new>
+#include <cstdint>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-thread_local int allocations = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size)) return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-
-namespace {
-
 // How often `work` asks for memory.
 template <typename Work>
-int allocationsOf(Work work) {
-    const int before = allocations;
+std::uint64_t allocationsOf(Work work) {
+    const TestSupport::AllocationCount count;
     work();
-    return allocations - before;
+    return count.allocations();
 }
 
 }  // namespace
@@ -53,7 +38,7 @@ TEST(HostAllocation, WalkingDataAllocatesNothing) {
                   }
                   walk.jumpToElement(3);
               }),
-              0);
+              0U);
 }
 
 TEST(HostAllocation, AddedElementAllocatesItsBlockAndAnOwnOneNothing) {
@@ -61,8 +46,8 @@ TEST(HostAllocation, AddedElementAllocatesItsBlockAndAnOwnOneNothing) {
     VArrayDataBuilder builder = VArrayDataHandle(dataOf(node, "weights")).builder();
     for (unsigned i = 0; i < 5; ++i) builder.addElement(i);
     builder.removeElement(4);
-    EXPECT_EQ(allocationsOf([&] { builder.addElement(4); }), 1);
-    EXPECT_EQ(allocationsOf([&] { builder.addElement(2).setDouble(3.0); }), 0);
+    EXPECT_EQ(allocationsOf([&] { builder.addElement(4); }), 1U);
+    EXPECT_EQ(allocationsOf([&] { builder.addElement(2).setDouble(3.0); }), 0U);
 }
 
 TEST(HostAllocation, BuilderCopiesNoUntouchedElements) {
@@ -77,5 +62,5 @@ TEST(HostAllocation, BuilderCopiesNoUntouchedElements) {
                   builder.addElement(7);
                   handle.set(builder);
               }),
-              10);
+              10U);
 }

@@ -31,12 +31,10 @@ TEST_F(HostArray, HandlePastTheLastElementFails) {
     fill(data, {{0, 1.0}});
     VArrayDataHandle handle(data);
     EXPECT_TRUE(handle.next().error());
-    EXPECT_TRUE(handle.outputValue(&status).isNull());
-    EXPECT_EQ(status, VStatus::kNotFound);
-    EXPECT_TRUE(handle.inputValue(&status).isNull());
-    EXPECT_EQ(status, VStatus::kNotFound);
-    EXPECT_EQ(handle.elementIndex(&status), 0U);
-    EXPECT_EQ(status, VStatus::kNotFound);
+    const auto isNotFound = [](auto call) { return fails(call, VStatus::kNotFound); };
+    EXPECT_TRUE(isNotFound([&](VStatus* s) { return handle.outputValue(s).isNull(); }));
+    EXPECT_TRUE(isNotFound([&](VStatus* s) { return handle.inputValue(s).isNull(); }));
+    EXPECT_TRUE(isNotFound([&](VStatus* s) { return handle.elementIndex(s) == 0; }));
     EXPECT_TRUE(handle.next().error());
     EXPECT_EQ(handle.elementCount(), 1U);
 }
@@ -76,15 +74,11 @@ TEST_F(HostArray, HandleOnAnythingButAWholeArrayFails) {
     for (const VDataHandle& bad : {VDataHandle(), element, number}) {
         VArrayDataHandle handle(bad, &status);
         EXPECT_EQ(status, VStatus::kInvalidParameter);
-        const auto fails = [&](auto operation) {
-            status = VStatus::kSuccess;
-            return operation() && status == VStatus::kInvalidParameter;
-        };
-        EXPECT_TRUE(fails([&] { return handle.elementCount(&status) == 0; }));
-        EXPECT_TRUE(fails([&] { return handle.outputValue(&status).isNull(); }));
-        EXPECT_TRUE(fails([&] { return handle.inputValue(&status).isNull(); }));
-        EXPECT_TRUE(fails([&] { return handle.elementIndex(&status) == 0; }));
-        EXPECT_TRUE(fails([&] { return handle.set(handle.builder(&status)).error(); }));
+        EXPECT_TRUE(fails([&](VStatus* s) { return handle.elementCount(s) == 0; }));
+        EXPECT_TRUE(fails([&](VStatus* s) { return handle.outputValue(s).isNull(); }));
+        EXPECT_TRUE(fails([&](VStatus* s) { return handle.inputValue(s).isNull(); }));
+        EXPECT_TRUE(fails([&](VStatus* s) { return handle.elementIndex(s) == 0; }));
+        EXPECT_TRUE(fails([&](VStatus* s) { return handle.set(handle.builder(s)).error(); }));
         for (const VStatus& answer : {handle.next(), handle.jumpToElement(0),
                                       handle.jumpToArrayElement(0), handle.setAllClean()})
             EXPECT_TRUE(answer.error());

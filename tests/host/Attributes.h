@@ -19,6 +19,13 @@ inline std::ostream& operator<<(std::ostream& stream, const VStatus& status) {
     return stream << "status " << status.statusCode();
 }
 
+// Whether `call`, given a pointer to a status, gives nothing and that status.
+template <typename Call>
+bool fails(Call call, VStatus::Code expected = VStatus::kInvalidParameter) {
+    VStatus status;
+    return call(&status) && status == expected;
+}
+
 inline VObject makeNumber(const char* name, VFnNumericData::Type type, double defaultValue = 0.0) {
     return VFnNumericAttribute().create(name, name, type, defaultValue);
 }

@@ -27,30 +27,6 @@ TEST(Data, LeavesStartAtTheirDefaults) {
     EXPECT_EQ(VArrayDataHandle(dataOf(node, "weights")).elementCount(), 0U);
 }
 
-TEST(Data, WrittenValuesAreKept) {
-    const VObject node =
-        makeNode("walk", {makeDouble("weight"), makeNumber("on", VFnNumericData::kBoolean),
-                          makeNumber("count", VFnNumericData::kInt), makeText("name"),
-                          makeMatrix("frame"), VFnEnumAttribute().create("mode", "mode")});
-    VMatrix matrix;
-    matrix[2][3] = 9.0;
-    dataOf(node, "weight").setDouble(1.5);
-    dataOf(node, "on").setBool(true);
-    dataOf(node, "count").setInt(12);
-    dataOf(node, "name").setString("a text that is longer than any string keeps in itself");
-    dataOf(node, "frame").setMatrix(matrix);
-    dataOf(node, "mode").setShort(-4);
-    EXPECT_EQ(dataOf(node, "weight").asDouble(), 1.5);
-    EXPECT_TRUE(dataOf(node, "on").asBool());
-    EXPECT_EQ(dataOf(node, "count").asInt(), 12);
-    EXPECT_EQ(dataOf(node, "name").asString(),
-              "a text that is longer than any string keeps in itself");
-    EXPECT_EQ(dataOf(node, "frame").asMatrix(), matrix);
-    EXPECT_EQ(dataOf(node, "mode").asShort(), -4);
-    dataOf(node, "frame").asMatrix()[2][3] = 10.0;
-    EXPECT_EQ(dataOf(node, "frame").asMatrix()[2][3], 10.0);
-}
-
 TEST(Data, HandleStaysValidWhenTheNodeGetsAnAttribute) {
     const VObject node = makeNode("walk", {makeDouble("a")});
     VDataHandle handle = dataOf(node, "a");
@@ -59,27 +35,30 @@ TEST(Data, HandleStaysValidWhenTheNodeGetsAnAttribute) {
     EXPECT_EQ(dataOf(node, "a").asDouble(), 3.0);
 }
 
-TEST(Data, ChildrenOfDifferentSizesDoNotOverlap) {
+TEST(Data, WrittenValuesOfAllSizesAreKeptSideBySide) {
     const VObject node = makeNode(
         "walk", {makeCompound("limb", {makeNumber("on", VFnNumericData::kBoolean), makeMatrix("m"),
                                        VFnEnumAttribute().create("mode", "mode"), makeText("text"),
                                        makeNumber("i", VFnNumericData::kInt), makeDouble("d")})});
     VPlug plug = plugOf(node, "limb");
     const VDataHandle limb = dataOf(node, "limb");
+    constexpr const char* kText = "a text that is longer than any string keeps in itself";
     VMatrix matrix;
     matrix[3][0] = 5.0;
     limb.child(plug.child(0)).setBool(true);
     limb.child(plug.child(1)).setMatrix(matrix);
-    limb.child(plug.child(2)).setShort(6);
-    limb.child(plug.child(3)).setString("text");
+    limb.child(plug.child(2)).setShort(-6);
+    limb.child(plug.child(3)).setString(kText);
     limb.child(plug.child(4)).setInt(7);
     limb.child(plug.child(5)).setDouble(8.0);
     EXPECT_TRUE(limb.child(plug.child(0)).asBool());
     EXPECT_EQ(limb.child(plug.child(1)).asMatrix(), matrix);
-    EXPECT_EQ(limb.child(plug.child(2)).asShort(), 6);
-    EXPECT_EQ(limb.child(plug.child(3)).asString(), "text");
+    EXPECT_EQ(limb.child(plug.child(2)).asShort(), -6);
+    EXPECT_EQ(limb.child(plug.child(3)).asString(), kText);
     EXPECT_EQ(limb.child(plug.child(4)).asInt(), 7);
     EXPECT_EQ(limb.child(plug.child(5)).asDouble(), 8.0);
+    limb.child(plug.child(1)).asMatrix()[2][3] = 10.0;
+    EXPECT_EQ(dataOf(node, "limb").child(plug.child(1)).asMatrix()[2][3], 10.0);
 }
 
 TEST(Data, ChildIsFoundByAttributeWhateverElementThePlugStandsIn) {
@@ -164,27 +143,22 @@ TEST(Data, GenericDataHoldsNothingUnlessItAcceptsText) {
 TEST(DataBlock, BlockFailsForPlugsOfOtherNodes) {
     const VObject node = makeNode("walk", {makeDouble("a")});
     const VObject other = makeNode("run", {makeDouble("a")});
+    const VPlug elsewhere = plugOf(other, "a");
     VDataBlock block = blockOf(node);
-    VStatus status;
-    EXPECT_TRUE(block.inputValue(plugOf(other, "a"), &status).isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(block.outputValue(plugOf(other, "a"), &status).isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(block.outputValue(VPlug(), &status).isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_EQ(block.setClean(plugOf(other, "a").attribute()), VStatus::kInvalidParameter);
+    for (const VPlug& plug : {elsewhere, VPlug()}) {
+        EXPECT_TRUE(fails([&](VStatus* s) { return block.inputValue(plug, s).isNull(); }));
+        EXPECT_TRUE(fails([&](VStatus* s) { return block.outputValue(plug, s).isNull(); }));
+    }
+    EXPECT_EQ(block.setClean(elsewhere.attribute()), VStatus::kInvalidParameter);
     EXPECT_EQ(block.setDirty(VObject::kNullObj), VStatus::kInvalidParameter);
-    EXPECT_FALSE(block.isClean(plugOf(other, "a").attribute()));
+    EXPECT_FALSE(block.isClean(elsewhere.attribute()));
 }
 
 TEST(DataBlock, BlockOfNothingFails) {
     const VObject node = makeNode("walk", {makeDouble("a")});
     VDataBlock none;
-    VStatus status;
-    EXPECT_TRUE(none.inputValue(VPlug(), &status).isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(none.outputValue(plugOf(node, "a"), &status).isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(fails([&](VStatus* s) { return none.inputValue(VPlug(), s).isNull(); }));
+    EXPECT_TRUE(fails([&](VStatus* s) { return none.outputValue(plugOf(node, "a"), s).isNull(); }));
     EXPECT_EQ(none.setClean(makeDouble("a")), VStatus::kInvalidParameter);
     EXPECT_EQ(none.setDirty(makeDouble("a")), VStatus::kInvalidParameter);
     EXPECT_FALSE(none.isClean(makeDouble("a")));
@@ -194,10 +168,9 @@ TEST(DataBlock, AbsentElementOnThePathIsNotFound) {
     const VObject node = makeNode("walk", {asArray(makeCompound("limbs", {makeDouble("a")}))});
     VDataBlock block = blockOf(node);
     VPlug absent = plugOf(node, "limbs").elementByLogicalIndex(1);
-    VStatus status;
-    EXPECT_TRUE(block.outputValue(absent, &status).isNull());
-    EXPECT_EQ(status, VStatus::kNotFound);
-    EXPECT_TRUE(block.inputValue(absent.child(0), &status).isNull());
-    EXPECT_EQ(status, VStatus::kNotFound);
+    EXPECT_TRUE(fails([&](VStatus* s) { return block.outputValue(absent, s).isNull(); },
+                      VStatus::kNotFound));
+    EXPECT_TRUE(fails([&](VStatus* s) { return block.inputValue(absent.child(0), s).isNull(); },
+                      VStatus::kNotFound));
     EXPECT_EQ(VArrayDataHandle(dataOf(node, "limbs")).elementCount(), 0U);
 }

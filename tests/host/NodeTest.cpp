@@ -25,14 +25,10 @@ TEST(Node, FunctionSetOnNoNodeFails) {
     VFnDependencyNode none(makeDouble("a"), &status);
     EXPECT_EQ(status, VStatus::kInvalidParameter);
     EXPECT_TRUE(none.object().isNull());
-    EXPECT_EQ(none.name(&status), "");
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(none.attribute("a", &status).isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    EXPECT_TRUE(none.findPlug("a", &status).isNull());
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
-    none.dataBlock(&status);
-    EXPECT_EQ(status, VStatus::kInvalidParameter);
+    EXPECT_TRUE(fails([&](VStatus* s) { return none.name(s) == ""; }));
+    EXPECT_TRUE(fails([&](VStatus* s) { return none.attribute("a", s).isNull(); }));
+    EXPECT_TRUE(fails([&](VStatus* s) { return none.findPlug("a", s).isNull(); }));
+    EXPECT_TRUE(fails([&](VStatus* s) { return none.dataBlock(s).outputValue({}).isNull(); }));
     EXPECT_EQ(none.setCompute(nullptr), VStatus::kInvalidParameter);
 }
 

@@ -8,9 +8,9 @@
 //
 // Headers say in brackets where a declaration, or all that a header declares, may be used:
 //
-//   [any thread]         on any thread. Several may use one object at once as long as none changes
-//   it. [evaluation thread]  on the thread on which the host evaluates the node; one at a time per
-//   node. [edit thread]        on the host's main thread, while no node is evaluated.
+//   [any thread]         on any; several at once may use one object as long as none changes it
+//   [evaluation thread]  on the one that evaluates the node; each node has one at a time
+//   [edit thread]        on the host's main thread, while no node is evaluated
 #pragma once
 
 #include <Pelmor/AnyValue.h>
