@@ -98,7 +98,7 @@ TEST(AnyValueOp, CodesAreThoseOfTheProtocol) {
         EXPECT_EQ(static_cast<std::uint32_t>(inOrder[code]), code);
 }
 
-TEST(HolderStorage, IsInPlaceForWhatFitsThreeWordsIsAlignedInThemAndMovesWithoutThrowing) {
+TEST(HolderStorage, ValueIsInPlaceIfItFitsThreeWordsIsAlignedInThemAndMovesWithoutThrowing) {
     EXPECT_TRUE(kHeldInPlace<SharedArray<double>>);
     EXPECT_TRUE(kHeldInPlace<double>);
     EXPECT_TRUE(kHeldInPlace<ThreeWords>);

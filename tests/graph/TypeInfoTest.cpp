@@ -127,7 +127,7 @@ TEST(TypeInfoLess, CanonicalFlagPlaysNoPart) {
     expectOrdered(identity("a", 0, 0, 0), identity("b", 0, 0, 1));
 }
 
-TEST(TypeInfoLess, OrderIsStrictAndWeakAndAgreesWithEquality) {
+TEST(TypeInfoLess, LessIsAStrictWeakOrderThatAgreesWithEquality) {
     std::vector<TypeInfo> all;
     for (const char* name : {"", "a", "aa", "b", "\x80", "a\x80", kJoint, kJointElsewhere})
         for (const std::uint32_t depth : {0u, 1u, 2u})
