@@ -18,8 +18,7 @@ protected:
 }  // namespace
 
 TEST_F(HostPlug, PlugGoesDownByChildAndLogicalIndex) {
-    VPlug plug =
-        VPlug(node, limbs).elementByLogicalIndex(3).child(0).elementByLogicalIndex(7);
+    VPlug plug = VPlug(node, limbs).elementByLogicalIndex(3).child(0).elementByLogicalIndex(7);
     EXPECT_EQ(plug.name(), "walk.limbs[3].names[7]");
     EXPECT_EQ(plug.attribute(), names);
     EXPECT_EQ(plug.node(), node);
