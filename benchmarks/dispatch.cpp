@@ -21,11 +21,13 @@ using Tolvane::TranslatorRegistry;
 // The names of the registry's types, and what is asked for, in turn.
 struct Names {
     Names() {
-        for (const auto& reader : TranslatorRegistry::instance().readers()) {
+        for (const auto& reader :
+             TranslatorRegistry::instance<Rigging::Module::Records>().readers()) {
             names.push_back(reader.first);
             plainNames.emplace_back(reader.first.c_str());
         }
-        for (const auto& writer : TranslatorRegistry::instance().writers())
+        for (const auto& writer :
+             TranslatorRegistry::instance<Rigging::Module::Records>().writers())
             identities.push_back(writer.first);
     }
 
@@ -51,7 +53,8 @@ Side readerSide(const std::shared_ptr<Names>& names) {
     Side side;
     side.elements = static_cast<double>(names->names.size());
     side.run = [names] {
-        const TranslatorRegistry& registry = TranslatorRegistry::instance();
+        const TranslatorRegistry& registry =
+            TranslatorRegistry::instance<Rigging::Module::Records>();
         for (const Pelmor::String& name : names->names)
             benchmark::DoNotOptimize(registry.findReader(name));
     };
@@ -62,7 +65,8 @@ Side writerSide(const std::shared_ptr<Names>& names) {
     Side side;
     side.elements = static_cast<double>(names->identities.size());
     side.run = [names] {
-        const TranslatorRegistry& registry = TranslatorRegistry::instance();
+        const TranslatorRegistry& registry =
+            TranslatorRegistry::instance<Rigging::Module::Records>();
         for (const Pelmor::Internal::TypeInfo* identity : names->identities)
             benchmark::DoNotOptimize(registry.findWriter(*identity));
     };

@@ -9,7 +9,7 @@ CHECK = Path(__file__).parents[2] / "scripts/check_includes"
 
 # Every tree has these headers, so that quoted includes can name them.
 HEADERS = [
-    "plugin/Registry.h", "attributes/Mapping.h", "types/Pins.h", "convert/ReadRecords.h",
+    "plugin/Records.h", "record/Page.h", "translation/Registry.h", "attributes/Mapping.h", "types/Pins.h", "convert/Read.h",
     "version/BuildRecord.h", "graph/Pelmor/Type.h", "graph/src/Types.h", "host/src/Node.h",
     "executor/src/Loader.h", "tests/Rigs.h", "tools/commands/Run.h", "tools/report/Table.h",
     "tools/node/RoundTrip.h", "tools/rig/Rig.h", "tools/support/Error.h",
@@ -52,8 +52,8 @@ class CheckIncludes(unittest.TestCase):
 
     def test_plugin_may_include_the_product_and_the_two_interfaces(self):
         self.assert_allowed(
-            "plugin", '"plugin/Registry.h"', '"attributes/Mapping.h"', '"types/Pins.h"',
-            '"convert/ReadRecords.h"', '"version/BuildRecord.h"', "<Pelmor/Type.h>",
+            "plugin", '"translation/Registry.h"', '"attributes/Mapping.h"', '"types/Pins.h"',
+            '"convert/Read.h"', '"version/BuildRecord.h"', "<Pelmor/Type.h>",
             "<OpenVornik/VPlug.h>", "<memory>",
         )  # fmt: skip
         self.assert_refused("plugin", '"tools/rig/Rig.h"', '"tests/Rigs.h"')
@@ -65,17 +65,26 @@ class CheckIncludes(unittest.TestCase):
     def test_attributes_may_include_graph_and_host_alone(self):
         self.assert_allowed("attributes", "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>")
         self.assert_refused(
-            "attributes", '"types/Pins.h"', '"convert/ReadRecords.h"', '"plugin/Registry.h"',
+            "attributes", '"types/Pins.h"', '"convert/Read.h"', '"translation/Registry.h"',
             "<TavrikGraph/Executor/TypeTranslation.h>",
         )  # fmt: skip
 
-    def test_types_may_include_graph_alone(self):
-        self.assert_allowed("types", "<Pelmor/Array.h>", "<Math/double4x4.h>", "<Tavrik/Object.h>")
-        self.assert_refused("types", "<OpenVornik/VPlug.h>", '"convert/ReadRecords.h"')
+    def test_pages_and_what_a_page_is_know_the_graph_alone(self):
+        self.assert_allowed("record", "<Pelmor/Array.h>", "<Tavrik/Object.h>")
+        self.assert_allowed("types", "<Pelmor/Array.h>", "<Math/double4x4.h>", '"record/Page.h"')
+        self.assert_refused("record", "<OpenVornik/VPlug.h>", '"types/Pins.h"', '"convert/Read.h"')
+        self.assert_refused("types", "<OpenVornik/VPlug.h>", '"convert/Read.h"')
 
-    def test_convert_may_include_types_graph_and_host(self):
-        self.assert_allowed("convert", '"types/Pins.h"', "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>")
-        self.assert_refused("convert", '"attributes/Mapping.h"', '"version/BuildRecord.h"')
+    def test_generic_half_knows_no_record(self):
+        self.assert_allowed("convert", '"record/Page.h"', "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>")
+        self.assert_refused(
+            "convert", '"types/Pins.h"', '"attributes/Mapping.h"', '"version/BuildRecord.h"'
+        )
+        self.assert_allowed(
+            "translation", '"record/Page.h"', '"convert/Read.h"', '"attributes/Mapping.h"',
+            "<TavrikGraph/Executor/TypeTranslation.h>",
+        )  # fmt: skip
+        self.assert_refused("translation", '"types/Pins.h"', '"plugin/Records.h"')
 
     def test_version_may_include_standard_and_posix_headers_alone(self):
         self.assert_allowed("version", "<cstdlib>", "<stdio.h>", "<unistd.h>")
@@ -89,7 +98,7 @@ class CheckIncludes(unittest.TestCase):
 
     def test_executor_may_include_graph_host_and_posix(self):
         self.assert_allowed("executor", "<Pelmor/Type.h>", "<OpenVornik/VPlug.h>", "<dlfcn.h>")
-        self.assert_refused("executor", '"plugin/Registry.h"', '"types/Pins.h"')
+        self.assert_refused("executor", '"translation/Registry.h"', '"types/Pins.h"')
 
     def test_tools_must_not_include_the_inside_of_the_plugin(self):
         self.assert_allowed(
@@ -98,7 +107,7 @@ class CheckIncludes(unittest.TestCase):
         )  # fmt: skip
         for folder in ("tools", "tools/commands", "tools/node"):
             self.assert_refused(
-                folder, '"plugin/Registry.h"', '"attributes/Mapping.h"', '"convert/ReadRecords.h"'
+                folder, '"translation/Registry.h"', '"attributes/Mapping.h"', '"convert/Read.h"'
             )
 
     def test_rooms_of_tools_include_each_other_in_one_direction(self):
@@ -155,10 +164,10 @@ class CheckIncludes(unittest.TestCase):
             self.assert_refused(folder, '"graph/Pelmor/Type.h"', why="write <Pelmor/Type.h>")
 
     def test_product_headers_are_in_quotes(self):
-        self.assert_refused("tests", "<convert/ReadRecords.h>", why="in quotes")
+        self.assert_refused("tests", "<convert/Read.h>", why="in quotes")
 
     def test_quoted_headers_are_named_from_the_root(self):
-        self.assert_refused("convert", '"ReadRecords.h"', '"convert/Absent.h"', why="root$")
+        self.assert_refused("convert", '"Read.h"', '"convert/Absent.h"', why="root$")
         self.assert_refused("tests", '"Rigs.h"', why="root$")
 
     def test_an_include_must_not_climb(self):
