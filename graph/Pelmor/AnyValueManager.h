@@ -108,7 +108,7 @@ private:
 template <typename T>
 constexpr bool kHeldInPlace =
     sizeof(T) <= sizeof(HolderWords::storage) &&
-    alignof(T) <= alignof(HolderWords) && std::is_nothrow_move_constructible_v<T>;
+    alignof(HolderWords) % alignof(T) == 0 && std::is_nothrow_move_constructible_v<T>;
 
 template <typename T>
 using HolderStorage = std::conditional_t<kHeldInPlace<T>, InPlaceStorage<T>, HeapStorage<T>>;
