@@ -2,17 +2,10 @@
 // are shared by copies, and a new record has the graph's default object in both.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
+#include "record/Record.h"
 #include "types/InputsControls.h"
 #include "types/InputsJoints.h"
 #include "types/Pins.h"
-
-#include <Pelmor/DefaultClass.h>
-#include <Pelmor/Ptr.h>
-#include <Tavrik/Object.h>
-
-#include <tuple>
 
 namespace Rigging::Module {
 

@@ -2,15 +2,8 @@
 // never null in a new record, and never changed in place.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
+#include "record/Record.h"
 #include "types/NamedTransforms.h"
-
-#include <Math/double4x4.h>
-#include <Pelmor/Array.h>
-#include <Pelmor/String.h>
-
-#include <tuple>
 
 namespace Rigging::Module {
 

@@ -2,14 +2,8 @@
 // changed in place.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
+#include "record/Record.h"
 #include "types/Transform.h"
-
-#include <Pelmor/Array.h>
-#include <Pelmor/String.h>
-
-#include <tuple>
 
 namespace Rigging::Module {
 

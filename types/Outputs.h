@@ -2,17 +2,9 @@
 // are shared by copies, and a new record has the graph's default object in both.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
+#include "record/Record.h"
 #include "types/NamedTransforms.h"
 #include "types/Pins.h"
-
-#include <Pelmor/DefaultClass.h>
-#include <Pelmor/Ptr.h>
-#include <Pelmor/String.h>
-#include <Tavrik/Object.h>
-
-#include <tuple>
 
 namespace Rigging::Module {
 

@@ -2,14 +2,7 @@
 // in place.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
-
-#include <Math/double4x4.h>
-#include <Pelmor/Array.h>
-#include <Pelmor/String.h>
-
-#include <tuple>
+#include "record/Record.h"
 
 namespace Rigging::Module {
 

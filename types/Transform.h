@@ -2,12 +2,8 @@
 // zeros by default.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
+#include "record/Record.h"
 
-#include <Math/double4x4.h>
-
-#include <tuple>
 #include <type_traits>
 
 namespace Core::Transform {
