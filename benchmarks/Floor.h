@@ -13,7 +13,7 @@
 
 namespace Floor {
 
-// Not set before it is read.
+// Left uninitialised until it is read.
 struct Matrix {
     Matrix() {}
     std::array<double, 16> values;

@@ -8,7 +8,7 @@
 namespace Floor {
 namespace {
 
-// Where the elements of an array that no cache holds will go.
+// Prefetches the places of elements that are filled next, in arrays larger than the caches.
 template <typename Element>
 void fetchAhead(const std::vector<Element>& elements, unsigned count) {
     constexpr std::size_t kAhead = std::max<std::size_t>(2, 2048 / sizeof(Element));

@@ -11,7 +11,7 @@ namespace {
 constexpr int kRepetitions = 9;
 constexpr double kSecondsPerRepetition = 0.02;
 
-// Of this thread's own, so that what else the machine does takes no part.
+// This thread's processor time, to which other work on the machine adds nothing.
 double secondsNow() {
     timespec time{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
@@ -34,7 +34,7 @@ const Pair& pairOf(const std::string& name, const std::function<Pair()>& make) {
         s_pair = {};
         s_pair = make();
         s_name = name;
-        // The first run of each finds memory and caches as no later one does.
+        // The first run of each side warms memory and caches, and is not timed.
         secondsOf(s_pair.measured);
         secondsOf(s_pair.reference);
     }

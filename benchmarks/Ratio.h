@@ -1,5 +1,5 @@
-// What every benchmark here gives: how long one thing takes against another, both measured in turn
-// in one run. A repetition of the benchmark is one such pair of times.
+// What every benchmark here gives: the ratio of the times that two things take, measured in turn in
+// one run. A repetition of the benchmark is one such pair of times.
 #pragma once
 
 #include <functional>

@@ -1,6 +1,6 @@
 // A heap for counting instructions: what taking a block costs does not depend on what was taken and
 // given back before, so that a change in one place does not move the count of everything after it.
-// For one thread.
+// Not thread-safe.
 #include <cstddef>
 #include <cstdlib>
 #include <iterator>

@@ -33,7 +33,7 @@ public:
     // Elements that are there already stay as they are.
     void fill(const Lengths& lengths);
 
-    // Through the plugin.
+    // By the plugin.
     void read(Pelmor::AnyValue& value);
     Pelmor::AnyValue read();
     void write(const Pelmor::AnyValue& value);

@@ -1,4 +1,4 @@
-// Finding who reads and who writes, against maps with plain strings.
+// Finding readers and writers in the registry, compared with maps of plain strings.
 #include "benchmarks/Ratio.h"
 #include "plugin/Records.h"
 #include "translation/TranslatorRegistry.h"
@@ -18,7 +18,7 @@ namespace {
 using namespace Benchmarks;
 using Tolvane::TranslatorRegistry;
 
-// The names of the registry's types, and what is asked for, in turn.
+// The names that are looked up, one after another.
 struct Names {
     Names() {
         for (const auto& reader :

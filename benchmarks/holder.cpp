@@ -52,7 +52,7 @@ struct InputsControls {
     NamedTransforms namedTransforms;
 };
 struct Object {};
-// As in the graph, there is one object that all begin with.
+// As in the graph, all records begin with one shared object.
 const std::shared_ptr<Object>& defaultObject() {
     static const auto s_object = std::make_shared<Object>();
     return s_object;
@@ -181,7 +181,7 @@ bool areEqual(const TwoWords* a, const TwoWords* b) {
     return a->first == b->first && a->second == b->second;
 }
 
-// The compiler may not know where the call goes.
+// Keeps the compiler from knowing what is called.
 bool (*volatile s_areEqual)(const TwoWords*, const TwoWords*) = &areEqual;
 
 template <typename Wanted>

@@ -10,12 +10,12 @@ void addDispatchRatios();
 void addStartRatios();
 
 int main(int count, char** arguments) {
-    // As in a process that has been up for a while, memory that was given back is not fetched from
-    // the system anew: that would be most of what is timed, and is neither side's doing.
+    // Freed memory is kept, as in a process that has run for a while. Fetching it from the system
+    // again would be most of what is timed, and is no part of either side.
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, 2'000'000'000);
     mallopt(M_TOP_PAD, 64'000'000);
-    // The large arrays come last: they leave a heap in which small blocks lie far apart.
+    // The large arrays come last: after them, small blocks lie far apart on the heap.
     addHolderRatios();
     addDispatchRatios();
     addStartRatios();

@@ -21,8 +21,8 @@ using Operation = std::function<void()>;
 
 constexpr unsigned kJoints = 20;
 
-// Neither reading nor writing is counted the first time, when it also builds the registry and binds
-// what it calls.
+// The first read and the first write are not counted: they also build the registry and bind the
+// functions that they call.
 
 Operation reading(const char* type) {
     const auto port = std::make_shared<HostPort>(type);

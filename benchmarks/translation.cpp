@@ -21,7 +21,7 @@ using namespace Benchmarks;
 constexpr unsigned kSizes[] = {1, 10, 100, 1'000, 10'000, 100'000};
 constexpr unsigned kJointsPerRecord = 10;
 
-// Small values are handled many times in a run, for the clock to see them.
+// Small values are handled many times in a run, so that the clock can measure them.
 unsigned timesInARun(unsigned size) { return std::max(1u, 256 / size); }
 
 // The values are gone when they have been read, so that the largest fit into memory.
@@ -129,7 +129,7 @@ void addFloor(const char* type, double bytesPerElement) {
     }
 }
 
-// Without an array in it, it has one size only.
+// A record without arrays has one size only.
 void addFloorOfTransform() {
     const char* type = "Core::Transform::Transform";
     const std::string name = std::string("floor/") + type;
