@@ -8,8 +8,8 @@
 
 namespace Tolvane {
 
-// Builds the attribute and lets `modifier` add it to `node` at once. False where it did not, for a
-// reason that was shown to the user; then `modifier` is left as it is. [edit thread]
+// Builds the attribute and lets `modifier` add it to `node` at once. False, with the
+// reason shown to the user, where that failed; nothing in `modifier` is undone then. [edit thread]
 bool addPort(const Pelmor::String& portName, bool isInput, const Pelmor::Type& type,
              const VObject& node, VDGModifier& modifier);
 

@@ -1,6 +1,6 @@
 // Makes the attributes that stand at the leaves of a record's tree. They keep the host's default
-// flags; those that can be arrays are told whether to be. A single flag or number never becomes an
-// array. Host statuses are not checked. [edit thread]
+// flags; those that can be arrays are told whether to be. Those for "bool" and "int"
+// never become arrays. Host statuses are not checked. [edit thread]
 #pragma once
 
 #include <OpenVornik/VObject.h>

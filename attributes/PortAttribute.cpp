@@ -42,8 +42,8 @@ std::optional<VObject> createMemberAttribute(const Pelmor::Type& memberType, con
         return createCompoundAttribute(Pelmor::StructType(type), name, isInput, isArray);
     if (typeName == "double") return createDoubleAttribute(name, isArray);
     if (typeName == "Object") return createObjectAttribute(name, isArray);
-    // Transforms are the only structs that a record holds in arrays; an array of any other struct
-    // is carried as a single one.
+    // Transforms are the only structs that members hold in arrays. An array of any other struct
+    // gets a compound that is no array, and cannot be carried.
     if (kind == TypeKind::Struct)
         return createCompoundAttribute(Pelmor::StructType(type), name, isInput, false);
     if (kind == TypeKind::Enum)

@@ -1,6 +1,6 @@
 // Turns the graph type of a port into the tree of host attributes that carries the port's values:
-// child i of a compound stands for member i of the struct. The tree belongs to no node yet. Host
-// statuses are not checked. [edit thread]
+// the children of a compound stand for the members of the struct, in their order. The tree belongs
+// to no node yet. Host statuses are not checked. [edit thread]
 #pragma once
 
 #include <OpenVornik/VObject.h>

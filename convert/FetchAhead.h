@@ -1,6 +1,5 @@
-// Prefetching for large arrays: one that the nearer caches cannot hold is filled at the bandwidth
-// of memory, instead of waiting for its latency, if the processor hears in time where the next
-// elements go.
+// Prefetching for arrays that the nearer caches cannot hold. Asking for the lines of later elements
+// in time hides the latency of memory, so that its bandwidth is the limit.
 #pragma once
 
 #include <Pelmor/Array.h>

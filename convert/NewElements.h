@@ -17,8 +17,8 @@
 
 namespace Tolvane {
 
-// Whether reading a value sets every byte of it. Nobody can tell then whether an element had a
-// default before, and giving it one would be a second pass over the array.
+// Whether reading a value sets every byte of it. Such an element needs no default first: it would
+// never be seen, and would cost a pass over the array.
 template <typename T, typename = void>
 inline constexpr bool kIsSetWhole = std::is_trivially_copyable_v<T>;
 
@@ -32,8 +32,8 @@ template <typename Record>
 inline constexpr bool kIsSetWhole<Record, std::enable_if_t<kIsRecord<Record>>> =
     kBytesSet<decltype(Page<Record>::members)> == sizeof(Record);
 
-// The five words of the graph's array, which are its binary contract. The array itself has no
-// operation that makes room without growing step by step.
+// The five words of the graph's array, which are its binary contract. The operations of the array
+// give every element a default; through its words, those that reading sets whole get none.
 template <typename Element>
 struct ArrayWords {
     Element* data;
@@ -53,7 +53,7 @@ void defaultConstruct(const ArrayWords<Element>& words) {
 // `count` elements, default unless reading sets them whole. Ends the process where there is no
 // memory for them.
 template <typename Element>
-Pelmor::SharedArray<Element> newElements(std::uint64_t count) noexcept {
+Pelmor::SharedArray<Element> makeElements(std::uint64_t count) noexcept {
     Pelmor::Array<Element> array;
     if (count > 0) {
         const Pelmor::Internal::UntypedTypeRep rep = array.elementRep();

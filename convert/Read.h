@@ -1,8 +1,9 @@
-// Reading from the host: the one walk over the children of a record's compound, the one walk over
-// the elements of an array, and what each kind of value does. No status is passed to the host; the
-// only one that is checked is what moving to an array's next element returns.
+// Reading from the host: what each kind of value does, the walk over the elements of an array, and
+// how what was read gets into a holder. No status is passed to the host; the only one that is
+// checked is what moving to an array's next element returns.
 #pragma once
 
+#include "convert/Children.h"
 #include "convert/FetchAhead.h"
 #include "convert/Matrix.h"
 #include "convert/NewElements.h"
@@ -19,7 +20,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <tuple>
 #include <utility>
 
 namespace Tolvane {
@@ -43,30 +43,18 @@ void readMember(VDataHandle& handle, VPlug& plug, Pelmor::SharedArray<Element>& 
 
 template <typename Record>
 void readMember(VDataHandle& handle, VPlug& plug, Record& record) {
-    static_assert(
-        kIsRecord<Record>,
-        "a member that crosses is a Math::double4x4, a Pelmor::String, a double, a shared "
-        "array of these or of records, or a record that has a Tolvane::Page");
     Translators<Record>::read(handle, plug, record);
 }
 
 template <typename Record>
 void Translators<Record>::read(VDataHandle& handle, VPlug& plug, Record& record) {
-    std::apply(
-        [&](auto first, auto... others) {
-            VPlug childPlug = plug.child(0);
-            VDataHandle childHandle = handle.child(childPlug);
-            readMember(childHandle, childPlug, record.*first);
-            unsigned index = 0;
-            ((childPlug = plug.child(++index), childHandle = handle.child(childPlug),
-              readMember(childHandle, childPlug, record.*others)),
-             ...);
-        },
-        Page<Record>::members);
+    forEachChild<Record>(handle, plug, [&](auto member, VDataHandle& child, VPlug& childPlug) {
+        readMember(child, childPlug, record.*member);
+    });
 }
 
-// Only a record needs the plug of its element. The element's position stands in for its logical
-// index there: the children are found by attribute, whatever element their plug stands in.
+// Only a record needs the plug of its element. It is asked for by position, not by logical index,
+// which the host allows: data is found by the plug's attribute, whatever element the plug is in.
 template <typename Element>
 void readElement(VDataHandle& handle, VPlug& arrayPlug, unsigned position, Element& element) {
     if constexpr (kIsRecord<Element>) {
@@ -97,16 +85,15 @@ template <typename Element>
 void Translators<Element>::readArray(VDataHandle& handle, VPlug& plug,
                                      Pelmor::SharedArray<Element>& array) {
     VArrayDataHandle source(handle);
-    Pelmor::SharedArray<Element> elements = newElements<Element>(source.elementCount());
+    Pelmor::SharedArray<Element> elements = makeElements<Element>(source.elementCount());
     const unsigned read = readElements(source, plug, *elements);
     if constexpr (kIsSetWhole<Element>)
         std::fill(elements->begin() + read, elements->end(), Element());
     array = std::move(elements);
 }
 
-// Replaces what `holder` holds by a copy of `value`, which shares its arrays. The holder lets go of
-// its former content only once the copy is made. Without memory for the copy there is no value to
-// give, and the process ends.
+// Replaces what `holder` holds by a copy of `value`, which shares its arrays. The copy is complete
+// before the holder lets go of its former content.
 template <typename Held>
 void store(Pelmor::AnyValue& holder, const Held& value) noexcept {
     Pelmor::AnyValue copy = Pelmor::AnyValue::holding(value);

@@ -1,9 +1,9 @@
 // The functions that carry one type across the boundary, and the two signatures by which the
 // registry knows them. They are declared here; "convert/Read.h" and "convert/Write.h" define them.
 //
-// The host gives a plug's children and elements by operations that are not const in every release
-// of its interface. Whoever gets a plug to read only, for a value of a port, copies it once; below
-// that, each walk works on plugs of its own. [evaluation thread]
+// The host's operations that give a plug's children and elements are not const. So a function that
+// is given a port's plug as const copies it once, and everything below works on that copy.
+// [evaluation thread]
 #pragma once
 
 #include <OpenVornik/VDataHandle.h>
@@ -31,11 +31,11 @@ struct Translators {
     static void read(VDataHandle& handle, VPlug& plug, T& record);
     // Replaces `array` by a new array of the host's elements, dense and in the host's order, once
     // all of them are read. Where the host's walk ends early, the remaining elements keep their
-    // defaults. Ends the process where there is no memory for the array.
+    // defaults. Without memory for the array the process ends.
     static void readArray(VDataHandle& handle, VPlug& plug, Pelmor::SharedArray<T>& array);
 
-    // HostReaders: each reads a new value and puts it into `value`. They end the process where
-    // there is no memory for it, so that a holder never holds half of a value.
+    // HostReaders: each reads a new value and puts it into `value`, which changes only once the new
+    // one is complete. Without memory for that the process ends, as a reader has no way to report.
     static void readValue(Pelmor::AnyValue& value, VDataHandle& handle, const VPlug& plug);
     static void readArrayValue(Pelmor::AnyValue& value, VDataHandle& handle, const VPlug& plug);
 

@@ -1,8 +1,9 @@
-// Writing to the host: the one walk over the children of a record's compound, the one walk over the
-// elements of an array, and what each kind of value does. Two statuses are checked, those of taking
-// an element's handle in place and of removing an element.
+// Writing to the host: what each kind of value does, the walk over the elements of an array, and
+// how the value gets out of a holder. Two statuses are checked, those of taking an element's handle
+// in place and of removing an element.
 #pragma once
 
+#include "convert/Children.h"
 #include "convert/Matrix.h"
 #include "convert/PlainArrays.h"
 #include "convert/Translators.h"
@@ -18,7 +19,6 @@
 #include <Pelmor/String.h>
 
 #include <stdexcept>
-#include <tuple>
 
 namespace Tolvane {
 
@@ -43,26 +43,14 @@ void writeMember(const Pelmor::SharedArray<Element>& array, VDataHandle& handle,
 
 template <typename Record>
 void writeMember(const Record& record, VDataHandle& handle, VPlug& plug) {
-    static_assert(
-        kIsRecord<Record>,
-        "a member that crosses is a Math::double4x4, a Pelmor::String, a double, a shared "
-        "array of these or of records, or a record that has a Tolvane::Page");
     Translators<Record>::write(record, handle, plug);
 }
 
 template <typename Record>
 void Translators<Record>::write(const Record& record, VDataHandle& handle, VPlug& plug) {
-    std::apply(
-        [&](auto first, auto... others) {
-            VPlug childPlug = plug.child(0);
-            VDataHandle childHandle = handle.child(childPlug);
-            writeMember(record.*first, childHandle, childPlug);
-            unsigned index = 0;
-            ((childPlug = plug.child(++index), childHandle = handle.child(childPlug),
-              writeMember(record.*others, childHandle, childPlug)),
-             ...);
-        },
-        Page<Record>::members);
+    forEachChild<Record>(handle, plug, [&](auto member, VDataHandle& child, VPlug& childPlug) {
+        writeMember(record.*member, child, childPlug);
+    });
 }
 
 // Only a record needs the plug of its element.
@@ -90,8 +78,9 @@ void writeInPlace(const Pelmor::Array<Element>& array, VArrayDataHandle& destina
     }
 }
 
-// Elements go to the logical indices from 0 on; then the surplus elements are removed, by logical
-// index, from behind the last one written. The host refuses to remove one that it lacks.
+// Elements are added at the logical indices from 0 on. Then the surplus elements are removed: those
+// at the logical indices that follow, up to the builder's count. The host refuses to remove one
+// that it lacks.
 template <typename Element>
 void rebuild(const Pelmor::Array<Element>& array, VArrayDataHandle& destination, VPlug& plug) {
     VArrayDataBuilder builder = destination.builder();
@@ -118,7 +107,7 @@ void Translators<Element>::writeArray(const Pelmor::SharedArray<Element>& array,
     destination.setAllClean();
 }
 
-// A HostWriter: takes the `Held` out of the graph's holder and hands it to `write`. Throws
+// A HostWriter: hands the `Held` in the graph's holder to `write`. Throws
 // std::runtime_error, "Internal error !", where `value` is empty or holds another type, and what
 // `write` throws.
 template <typename Held, void (*write)(const Held&, VDataHandle&, VPlug&)>

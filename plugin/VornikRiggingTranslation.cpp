@@ -6,8 +6,8 @@
 namespace Rigging::Module {
 namespace {
 
-// The identity of a string belongs to the plugin as those of its records do. Nothing in it asks for
-// that one, so it is marked to be kept.
+// The plugin defines the identity of a string beside those of its records. No code in it uses that
+// one, so this reference is marked as used, for the identity to be made.
 [[gnu::used]] const Pelmor::Internal::TypeInfo& stringIdentity =
     Pelmor::Internal::HeldIdentity<Pelmor::String>::s_record;
 

@@ -9,6 +9,7 @@
 #include <Pelmor/UntypedTypeRep.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -16,13 +17,13 @@
 
 namespace Tolvane {
 
-// The storage is zero-filled first, so that no byte of an element is ever left to chance. A
-// trivially copyable record is all zeros by default.
+// As ElementOperation::DefaultConstruct says. The fence keeps the compiler from dropping the zeros
+// as a store to storage in which no object lives yet.
 template <typename Record>
 void defaultConstructElements(Record* destination, std::uint64_t count) {
     std::memset(static_cast<void*>(destination), 0, count * sizeof(Record));
-    if constexpr (!std::is_trivially_copyable_v<Record>)
-        std::uninitialized_value_construct_n(destination, count);
+    std::atomic_signal_fence(std::memory_order_seq_cst);
+    std::uninitialized_value_construct_n(destination, count);
 }
 
 // Does what `operation` says to `count` records. The pointers may be null if there are none.

@@ -11,8 +11,8 @@ namespace Tolvane {
 //     static constexpr const char* typeName: the fully qualified name of the graph's type;
 //     static constexpr std::tuple members: pointers to the members that cross, in their order.
 //
-// Member i of the list is child i of the record's compound attribute. A member that stays in the
-// graph is not listed; it stands behind all that are.
+// Member i of the list is child i of the record's compound attribute. Members that stay in the
+// graph are not listed, and come after those that are.
 template <typename Record>
 struct Page;
 

@@ -9,7 +9,7 @@ namespace Tolvane {
 
 using TavrikGraph::Executor::HostContext;
 
-void supportedTypeNames(GetRegistry registry, Pelmor::Array<Pelmor::String>& names) noexcept {
+void getSupportedTypeNames(GetRegistry registry, Pelmor::Array<Pelmor::String>& names) noexcept {
     Pelmor::Array<Pelmor::String> supported;
     for (const auto& reader : registry().readers()) supported.append(reader.first);
     names.clear();

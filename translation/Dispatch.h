@@ -1,6 +1,6 @@
 // What a translation object does when the framework calls it, for any registry. A registry is given
-// as the function that builds it at its first call, because the host is asked first. Nothing thrown
-// here reaches the framework, except as the end of the process.
+// as the function that builds it at its first call, because the host is asked first. No exception
+// reaches the framework: one that is not handled here ends the process.
 #pragma once
 
 #include "translation/TranslatorRegistry.h"
@@ -16,7 +16,7 @@ namespace Tolvane {
 using GetRegistry = const TranslatorRegistry& (*)();
 
 // Replaces `names` by the names that have a reader, in the registry's order. [any thread]
-void supportedTypeNames(GetRegistry registry, Pelmor::Array<Pelmor::String>& names) noexcept;
+void getSupportedTypeNames(GetRegistry registry, Pelmor::Array<Pelmor::String>& names) noexcept;
 
 // Reads the port's data into `value`. The host is asked for the port's input before the type is
 // looked up, so that it evaluates the port whether the type is carried or not. False where the type

@@ -18,15 +18,16 @@ class RecordTranslation : public TavrikGraph::Executor::TypeTranslation {
 public:
     using TypeTranslation::TypeTranslation;
 
-    // The framework may release an object that it never got, so `this` may be null here. The
-    // compiler takes it for non-null, but not what it reads from a volatile: deleting checks that.
+    // Does nothing on a null object, which only a call through the slot of another object can bring
+    // here. The compiler assumes that `this` is not null and would drop the check that `delete`
+    // makes; a copy that is volatile makes it keep the check.
     void release() noexcept override {
         TypeTranslation* volatile object = this;
         delete object;
     }
 
     void getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept override {
-        supportedTypeNames(registry, names);
+        Tolvane::getSupportedTypeNames(registry, names);
     }
 
     bool translateFromHost(

@@ -1,5 +1,4 @@
-// One joint's or control's transformation as the rigging nodes exchange it: eight matrices, all
-// zeros by default.
+// A transformation as the rigging nodes exchange it: eight matrices, all zeros by default.
 #pragma once
 
 #include "record/Record.h"

@@ -10,7 +10,8 @@ const char* productName();
 const char* branchName();
 // The full identifier, forty lowercase hexadecimal digits.
 const char* commitText();
-// When the library was built, such as "Fri 11/20/2026, 202611202332", in UTC.
+// When this commit was first configured for building, such as "Fri 11/20/2026, 202611202332", in
+// UTC.
 const char* buildDateStamp();
 
 // The four numbers of the version, joined by ".".

@@ -103,8 +103,8 @@ private:
     }
 };
 
-// In place lies what fits the storage words, is aligned in them wherever the holder lies, and moves
-// without throwing.
+// A value is held in place if it fits the storage words in size and alignment and its move does not
+// throw.
 template <typename T>
 constexpr bool kHeldInPlace =
     sizeof(T) <= sizeof(HolderWords::storage) &&
@@ -145,8 +145,8 @@ template <typename T>
         request.operand3 = static_cast<T*>(HolderStorage<T>::held(holder));
 }
 
-// Decides most cases without comparing names: within one library the identity asked for is T's own
-// record, or one whose name has another length.
+// Decides without a call what is asked most: T's own record, or another type whose name has another
+// length. The rest is compared in full.
 template <typename T>
 void getHeldIfType(HolderWords& holder, AnyValueRequest& request) {
     const auto& wanted = *static_cast<const TypeInfo*>(request.operand2);
@@ -160,7 +160,8 @@ void getHeldIfType(HolderWords& holder, AnyValueRequest& request) {
         getHeldIfEqual<T>(holder, request);
 }
 
-// The manager of T. The most frequent requests are tested first.
+// The manager of T. Looking into a holder and moving it, which every value that is carried takes,
+// are tested first.
 template <typename T>
 void manageHeld(AnyValueRequest* request) {
     auto& holder = *static_cast<HolderWords*>(request->operand1);

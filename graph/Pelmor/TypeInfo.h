@@ -1,5 +1,5 @@
 // The identity of what a holder holds. Libraries that know the same type each have a record of
-// their own for it, so identities are compared by content, never by address alone.
+// their own for it, so identities are compared by content; only two canonical ones by address.
 #pragma once
 
 #include <Pelmor/Array.h>

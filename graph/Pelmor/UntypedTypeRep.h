@@ -21,7 +21,7 @@ enum class ElementOperation : std::uint32_t {
     Destroy = 6
 };
 
-// `source` is ignored by DefaultConstruct and Destroy, and only written by the moves. A code that
+// `source` is ignored by DefaultConstruct and Destroy, and changed by the moves alone. A code that
 // is none of the above does nothing. Where constructing an element throws, those that the call has
 // constructed are destroyed; moves and Destroy do not throw.
 using ElementOperations = void (*)(ElementOperation operation, void* destination, void* source,
@@ -52,8 +52,8 @@ template <typename T, typename Enable = void>
 struct ElementTraits;
 
 // Elements that the graph library handles by their own constructors, assignments and destructor. It
-// tells them by the type of `operations`, because whether a function's address is null is not a
-// constant to every compiler.
+// tells them by the type of `operations`: not every compiler takes the comparison of a function's
+// address with null for a constant.
 template <std::uint16_t Kind>
 struct PlainElementTraits {
     static constexpr std::uint16_t kindCode = Kind;
