@@ -1,7 +1,8 @@
 // The tree of each record that the plugin carries: the graph's name of it, and its members in
-// order, those that stay in the graph included. It is said here once for all tests, and apart from
-// the product; attributes, leaves, calls, allocations and counts are worked out from it. There is
-// no default: a record of the plugin's list that has no tree here does not compile.
+// order with their types, those that stay in the graph included. It is said here once for all
+// tests, and apart from the product; attributes, leaves, calls, allocations and counts are worked
+// out from it. There is no default: a record of the plugin's list that has no tree here does not
+// compile.
 #pragma once
 
 #include "plugin/Records.h"
@@ -30,74 +31,90 @@ struct Member {
     Type Record::*pointer;
 };
 
+// A member of that type: a record whose member has another one does not compile.
+template <typename Type, typename Record>
+constexpr Member<Record, Type> memberOf(const char* name, Type Record::*pointer) {
+    return {name, pointer};
+}
+
+using Object = Pelmor::Ptr<Tavrik::Object>;
+
 template <typename Record>
 struct RecordTree;
 
 template <>
 struct RecordTree<Transform> {
     static constexpr const char* typeName = "Core::Transform::Transform";
-    static constexpr std::tuple members{
-        Member("matrix0", &Transform::matrix0), Member("matrix1", &Transform::matrix1),
-        Member("matrix2", &Transform::matrix2), Member("matrix3", &Transform::matrix3),
-        Member("matrix4", &Transform::matrix4), Member("matrix5", &Transform::matrix5),
-        Member("matrix6", &Transform::matrix6), Member("matrix7", &Transform::matrix7)};
+    static constexpr std::tuple members{memberOf<Math::double4x4>("matrix0", &Transform::matrix0),
+                                        memberOf<Math::double4x4>("matrix1", &Transform::matrix1),
+                                        memberOf<Math::double4x4>("matrix2", &Transform::matrix2),
+                                        memberOf<Math::double4x4>("matrix3", &Transform::matrix3),
+                                        memberOf<Math::double4x4>("matrix4", &Transform::matrix4),
+                                        memberOf<Math::double4x4>("matrix5", &Transform::matrix5),
+                                        memberOf<Math::double4x4>("matrix6", &Transform::matrix6),
+                                        memberOf<Math::double4x4>("matrix7", &Transform::matrix7)};
 };
 
 template <>
 struct RecordTree<NamedTransforms> {
     static constexpr const char* typeName = "Rigging::Module::NamedTransforms";
-    static constexpr std::tuple members{Member("names", &NamedTransforms::names),
-                                        Member("transforms", &NamedTransforms::transforms)};
+    static constexpr std::tuple members{
+        memberOf<Pelmor::SharedArray<Pelmor::String>>("names", &NamedTransforms::names),
+        memberOf<Pelmor::SharedArray<Transform>>("transforms", &NamedTransforms::transforms)};
 };
 
 template <>
 struct RecordTree<Pins> {
     static constexpr const char* typeName = "Rigging::Module::Pins";
-    static constexpr std::tuple members{Member("names", &Pins::names),
-                                        Member("matrices", &Pins::matrices)};
+    static constexpr std::tuple members{
+        memberOf<Pelmor::SharedArray<Pelmor::String>>("names", &Pins::names),
+        memberOf<Pelmor::SharedArray<Math::double4x4>>("matrices", &Pins::matrices)};
 };
 
 template <>
 struct RecordTree<InputsJoints> {
     static constexpr const char* typeName = "Rigging::Module::InputsJoints";
-    static constexpr std::tuple members{Member("names", &InputsJoints::names),
-                                        Member("matrices", &InputsJoints::matrices),
-                                        Member("namedTransforms", &InputsJoints::namedTransforms)};
+    static constexpr std::tuple members{
+        memberOf<Pelmor::SharedArray<Pelmor::String>>("names", &InputsJoints::names),
+        memberOf<Pelmor::SharedArray<Math::double4x4>>("matrices", &InputsJoints::matrices),
+        memberOf<NamedTransforms>("namedTransforms", &InputsJoints::namedTransforms)};
 };
 
 template <>
 struct RecordTree<InputsControls> {
     static constexpr const char* typeName = "Rigging::Module::InputsControls";
     static constexpr std::tuple members{
-        Member("names", &InputsControls::names), Member("matrices", &InputsControls::matrices),
-        Member("weights", &InputsControls::weights),
-        Member("namedTransforms", &InputsControls::namedTransforms)};
+        memberOf<Pelmor::SharedArray<Pelmor::String>>("names", &InputsControls::names),
+        memberOf<Pelmor::SharedArray<Math::double4x4>>("matrices", &InputsControls::matrices),
+        memberOf<Pelmor::SharedArray<double>>("weights", &InputsControls::weights),
+        memberOf<NamedTransforms>("namedTransforms", &InputsControls::namedTransforms)};
 };
 
 template <>
 struct RecordTree<Inputs> {
     static constexpr const char* typeName = "Rigging::Module::Inputs";
-    static constexpr std::tuple members{
-        Member("pins", &Inputs::pins),           Member("joints", &Inputs::joints),
-        Member("controls0", &Inputs::controls0), Member("controls1", &Inputs::controls1),
-        Member("object0", &Inputs::object0),     Member("object1", &Inputs::object1)};
+    static constexpr std::tuple members{memberOf<Pins>("pins", &Inputs::pins),
+                                        memberOf<InputsJoints>("joints", &Inputs::joints),
+                                        memberOf<InputsControls>("controls0", &Inputs::controls0),
+                                        memberOf<InputsControls>("controls1", &Inputs::controls1),
+                                        memberOf<Object>("object0", &Inputs::object0),
+                                        memberOf<Object>("object1", &Inputs::object1)};
 };
 
 template <>
 struct RecordTree<Outputs> {
     static constexpr const char* typeName = "Rigging::Module::Outputs";
-    static constexpr std::tuple members{Member("name", &Outputs::name),
-                                        Member("pins", &Outputs::pins),
-                                        Member("namedTransforms0", &Outputs::namedTransforms0),
-                                        Member("namedTransforms1", &Outputs::namedTransforms1),
-                                        Member("namedTransforms2", &Outputs::namedTransforms2),
-                                        Member("object0", &Outputs::object0),
-                                        Member("object1", &Outputs::object1)};
+    static constexpr std::tuple members{
+        memberOf<Pelmor::String>("name", &Outputs::name),
+        memberOf<Pins>("pins", &Outputs::pins),
+        memberOf<NamedTransforms>("namedTransforms0", &Outputs::namedTransforms0),
+        memberOf<NamedTransforms>("namedTransforms1", &Outputs::namedTransforms1),
+        memberOf<NamedTransforms>("namedTransforms2", &Outputs::namedTransforms2),
+        memberOf<Object>("object0", &Outputs::object0),
+        memberOf<Object>("object1", &Outputs::object1)};
 };
 
 // What kind of member or element a type is.
-
-using Object = Pelmor::Ptr<Tavrik::Object>;
 
 template <typename T>
 inline constexpr bool kIsObject = std::is_same_v<T, Object>;

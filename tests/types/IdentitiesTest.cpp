@@ -1,98 +1,91 @@
-#include "plugin/Records.h"
+#include "tests/support/CarriedTypes.h"
 
 #include <Pelmor/TypeInfo.h>
 
 #include <cstring>
 #include <string>
+#include <typeinfo>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using namespace Rigging::Module;
+using namespace TestSupport;
 using Pelmor::SharedArray;
 using Pelmor::Internal::HeldIdentity;
 using Pelmor::Internal::TypeInfo;
 using Pelmor::Internal::typeInfoEquals;
 using Pelmor::Internal::typeInfoLess;
 
-struct Expected {
-    const TypeInfo* identity;
-    const char* name;  // the decorated name of a pointer to the type
-    std::uint32_t arrayDepth;
-};
+template <typename... Types>
+std::vector<const TypeInfo*> identitiesOf(testing::Types<Types...>) {
+    return {&HeldIdentity<Types>::s_record...};
+}
+
+// Those of the records, of the arrays of them, and that of a string.
+std::vector<const TypeInfo*> allIdentities() {
+    return identitiesOf(Joined<HeldTypes, testing::Types<Pelmor::String>>::Type());
+}
 
 template <typename Record>
-void addRecord(std::vector<Expected>& all, const char* name) {
-    all.push_back({&HeldIdentity<Record>::s_record, name, 0});
-    all.push_back({&HeldIdentity<SharedArray<Record>>::s_record, name, 1});
+class RecordIdentities : public testing::Test {
+protected:
+    const TypeInfo& ofOne = HeldIdentity<Record>::s_record;
+    const TypeInfo& ofArray = HeldIdentity<SharedArray<Record>>::s_record;
+};
+TYPED_TEST_SUITE(RecordIdentities, RecordTypes, NameOfType);
+
+TYPED_TEST(RecordIdentities, NameAPointerToTheRecord) {
+    EXPECT_STREQ(this->ofOne.name, typeid(TypeParam*).name());
 }
 
-std::vector<Expected> allIdentities() {
-    std::vector<Expected> all;
-    addRecord<Transform>(all, "PN4Core9Transform9TransformE");
-    addRecord<NamedTransforms>(all, "PN7Rigging6Module15NamedTransformsE");
-    addRecord<Pins>(all, "PN7Rigging6Module4PinsE");
-    addRecord<InputsJoints>(all, "PN7Rigging6Module12InputsJointsE");
-    addRecord<InputsControls>(all, "PN7Rigging6Module14InputsControlsE");
-    addRecord<Inputs>(all, "PN7Rigging6Module6InputsE");
-    addRecord<Outputs>(all, "PN7Rigging6Module7OutputsE");
-    all.push_back({&HeldIdentity<Pelmor::String>::s_record, "PN6Pelmor6StringE", 0});
-    return all;
+TYPED_TEST(RecordIdentities, DifferInTheirDepthAlone) {
+    EXPECT_EQ(this->ofOne.arrayDepth, 0u);
+    EXPECT_EQ(this->ofArray.arrayDepth, 1u);
+    EXPECT_EQ(this->ofOne.name, this->ofArray.name) << "the same characters";
+    EXPECT_EQ(this->ofOne.nameLength, this->ofArray.nameLength);
+    EXPECT_TRUE(typeInfoEquals(TypeInfo(this->ofOne.name, 1), this->ofArray));
 }
 
-TEST(Identities, AreFifteenAndNoTwoAreEqual) {
-    const std::vector<Expected> all = allIdentities();
-    EXPECT_EQ(all.size(), 15u);
-    for (const Expected& a : all)
-        for (const Expected& b : all) {
-            const bool same = &a == &b;
-            EXPECT_EQ(typeInfoEquals(*a.identity, *b.identity), same) << a.name << ' ' << b.name;
-            EXPECT_EQ(
-                typeInfoLess(*a.identity, *b.identity) != typeInfoLess(*b.identity, *a.identity),
-                !same)
-                << a.name << ' ' << b.name;
+TEST(Identities, StringHasOneWithTheNameOfAPointerToIt) {
+    EXPECT_STREQ(HeldIdentity<Pelmor::String>::s_record.name, typeid(Pelmor::String*).name());
+    EXPECT_EQ(HeldIdentity<Pelmor::String>::s_record.arrayDepth, 0u);
+}
+
+TEST(Identities, AllHaveTheLengthOfTheirNameAndAreNeitherCanonicalNorQualified) {
+    for (const TypeInfo* identity : allIdentities()) {
+        SCOPED_TRACE(identity->name);
+        EXPECT_EQ(identity->nameLength, std::strlen(identity->name));
+        EXPECT_EQ(identity->isCanonical, 0);
+        EXPECT_EQ(identity->qualifier, 0);
+    }
+}
+
+TEST(Identities, AllDifferAndThoseOfArraysComeLast) {
+    const std::vector<const TypeInfo*> all = allIdentities();
+    for (const TypeInfo* a : all) {
+        EXPECT_FALSE(typeInfoEquals(*a, TypeInfo::s_void)) << a->name;
+        for (const TypeInfo* b : all) {
+            SCOPED_TRACE(std::string(a->name) + " and " + b->name);
+            const bool areOne = a == b;
+            EXPECT_EQ(typeInfoEquals(*a, *b), areOne);
+            EXPECT_EQ(typeInfoLess(*a, *b) != typeInfoLess(*b, *a), !areOne);
+            if (a->arrayDepth < b->arrayDepth) {
+                EXPECT_TRUE(typeInfoLess(*a, *b));
+            }
         }
-}
-
-TEST(Identities, NameAPointerToTheTypeWithItsLength) {
-    for (const Expected& expected : allIdentities()) {
-        EXPECT_STREQ(expected.identity->name, expected.name);
-        EXPECT_EQ(expected.identity->nameLength, std::strlen(expected.name));
-        EXPECT_EQ(expected.identity->arrayDepth, expected.arrayDepth);
     }
 }
 
-TEST(Identities, AreNeitherCanonicalNorQualified) {
-    for (const Expected& expected : allIdentities()) {
-        EXPECT_EQ(expected.identity->isCanonical, 0);
-        EXPECT_EQ(expected.identity->qualifier, 0);
+TEST(Identities, AllAreFoundByTheSameCharactersElsewhere) {
+    for (const TypeInfo* identity : allIdentities()) {
+        const std::string elsewhere = identity->name;
+        const TypeInfo other(elsewhere.c_str(), identity->arrayDepth);
+        EXPECT_TRUE(typeInfoEquals(*identity, other)) << elsewhere;
+        EXPECT_FALSE(typeInfoLess(*identity, other)) << elsewhere;
+        EXPECT_FALSE(typeInfoLess(other, *identity)) << elsewhere;
     }
-}
-
-TEST(Identities, OfRecordsComeBeforeThoseOfArrays) {
-    for (const Expected& a : allIdentities())
-        for (const Expected& b : allIdentities()) {
-            if (a.arrayDepth >= b.arrayDepth) continue;
-            EXPECT_TRUE(typeInfoLess(*a.identity, *b.identity)) << a.name << ' ' << b.name;
-            EXPECT_FALSE(typeInfoLess(*b.identity, *a.identity)) << a.name << ' ' << b.name;
-        }
-}
-
-TEST(Identities, OfTheSameCharactersElsewhereAreTheSameKey) {
-    for (const Expected& expected : allIdentities()) {
-        const std::string elsewhere = expected.name;
-        const TypeInfo other(elsewhere.c_str(), expected.arrayDepth);
-        EXPECT_TRUE(typeInfoEquals(*expected.identity, other));
-        EXPECT_FALSE(typeInfoLess(*expected.identity, other));
-        EXPECT_FALSE(typeInfoLess(other, *expected.identity));
-    }
-}
-
-TEST(Identities, DifferFromThatOfAnEmptyHolder) {
-    for (const Expected& expected : allIdentities())
-        EXPECT_FALSE(typeInfoEquals(*expected.identity, TypeInfo::s_void)) << expected.name;
 }
 
 }  // namespace

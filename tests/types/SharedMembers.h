@@ -1,5 +1,5 @@
-// The shared members of the records, nested records included, in member order; and watched pointees
-// for them, which write down when they are released.
+// The shared members of the records, which are their arrays and objects and those of their nested
+// records, in member order; and watched pointees for them, which write down when they are released.
 #pragma once
 
 #include "tests/support/CarriedTypes.h"
@@ -8,18 +8,47 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <set>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 namespace TypesTests {
 
-// Calls `visit` with each shared member of `record`.
+// How many arrays a `T` has, nested records included, and how many objects.
+template <typename T>
+std::size_t arraysOf() {
+    if constexpr (!TestSupport::kIsRecord<T>) return TestSupport::kIsArray<T> ? 1 : 0;
+    std::size_t arrays = 0;
+    if constexpr (TestSupport::kIsRecord<T>)
+        TestSupport::eachMemberType<T>(
+            [&](auto, auto tag) { arrays += arraysOf<typename decltype(tag)::Type>(); });
+    return arrays;
+}
+template <typename T>
+std::size_t objectsOf() {
+    if constexpr (!TestSupport::kIsRecord<T>) return TestSupport::kIsObject<T> ? 1 : 0;
+    std::size_t objects = 0;
+    if constexpr (TestSupport::kIsRecord<T>)
+        TestSupport::eachMemberType<T>(
+            [&](auto, auto tag) { objects += objectsOf<typename decltype(tag)::Type>(); });
+    return objects;
+}
+template <typename Record>
+std::size_t sharedMembers() {
+    return arraysOf<Record>() + objectsOf<Record>();
+}
+
+// Calls `visit` with each shared member of `record`, which may be const.
 template <typename Record, typename Visit>
-void forEachShared(Record& record, const Visit& visit);
+void eachShared(Record& record, const Visit& visit) {
+    TestSupport::eachMemberAndObject(record, [&](auto& member) {
+        using T = std::remove_const_t<std::remove_reference_t<decltype(member)>>;
+        if constexpr (TestSupport::kIsRecord<T>)
+            eachShared(member, visit);
+        else if constexpr (!TestSupport::kIsPlain<T>)
+            visit(member);
+    });
+}
 
 // As many as there are shared members, in their order.
 using UseCounts = std::vector<std::uint64_t>;
@@ -28,74 +57,26 @@ using Pointees = std::vector<const void*>;
 template <typename Record>
 UseCounts useCounts(const Record& record) {
     UseCounts counts;
-    forEachShared(record, [&](const auto& member) { counts.push_back(member.useCount()); });
+    eachShared(record, [&](const auto& member) { counts.push_back(member.useCount()); });
     return counts;
 }
 
 template <typename Record>
 Pointees pointees(const Record& record) {
     Pointees found;
-    forEachShared(record, [&](const auto& member) { found.push_back(member.get()); });
+    eachShared(record, [&](const auto& member) { found.push_back(member.get()); });
     return found;
 }
-
-template <typename T>
-constexpr std::size_t sharedMembers();
-template <typename Record, typename... Types>
-constexpr std::size_t sharedAmong(const std::tuple<TestSupport::Member<Record, Types>...>&) {
-    return (sharedMembers<Types>() + ...);
-}
-template <typename T>
-constexpr std::size_t sharedMembers() {
-    if constexpr (TestSupport::kIsRecord<T>)
-        return sharedAmong(TestSupport::RecordTree<T>::members);
-    else
-        return TestSupport::kIsPlain<T> ? 0 : 1;
-}
-template <typename Record>
-constexpr std::size_t kSharedMembers = sharedMembers<Record>();
-
-// How many of the shared members are arrays; the others are objects.
-template <typename T>
-constexpr std::size_t arrays();
-template <typename Record, typename... Types>
-constexpr std::size_t arraysAmong(const std::tuple<TestSupport::Member<Record, Types>...>&) {
-    return (arrays<Types>() + ...);
-}
-template <typename T>
-constexpr std::size_t arrays() {
-    if constexpr (TestSupport::kIsRecord<T>)
-        return arraysAmong(TestSupport::RecordTree<T>::members);
-    else
-        return TestSupport::kIsArray<T> ? 1 : 0;
-}
-template <typename Record>
-constexpr std::size_t kArrays = arrays<Record>();
 
 // `count` for every shared member.
 template <typename Record>
 UseCounts everyCount(std::uint64_t count) {
-    return UseCounts(kSharedMembers<Record>, count);
+    return UseCounts(sharedMembers<Record>(), count);
 }
 
 template <typename Record>
 Pointees allNull() {
-    return Pointees(kSharedMembers<Record>, nullptr);
-}
-
-// Expects of every array of `record` what a new record has, an empty array that nothing shares, and
-// adds it to `arrays`.
-template <typename Record>
-void expectNewArrays(const Record& record, std::set<const void*>& arrays) {
-    forEachShared(record, [&](const auto& member) {
-        if constexpr (!std::is_same_v<decltype(member), const Pelmor::Ptr<Tavrik::Object>&>) {
-            ASSERT_TRUE(member);
-            EXPECT_EQ(member->size(), 0u);
-            EXPECT_EQ(member->data(), nullptr);
-            EXPECT_EQ(member.useCount(), 1u);
-            arrays.insert(member.get());
-        }
-    });
+    return Pointees(sharedMembers<Record>(), nullptr);
 }
 
 // Pointees that were released, by their place among the shared members.
@@ -107,7 +88,18 @@ class WatchedPointees {
 public:
     // Lets every shared member of `record` point to a pointee of its own, with a use count of 1.
     template <typename Record>
-    void putInto(Record& record);
+    void putInto(Record& record) {
+        eachShared(record, [&](auto& member) {
+            auto pointee = std::make_shared<std::decay_t<decltype(*member)>>();
+            put(member, pointee.get(), pointee);
+        });
+    }
+    // Lets every shared member of `record` point to what it points to, but through a control block
+    // of its own, with a use count of 1.
+    template <typename Record>
+    void putOtherBlocksInto(Record& record) {
+        eachShared(record, [&](auto& member) { put(member, member.get(), nullptr); });
+    }
 
     const Releases& releases() const noexcept { return m_releases; }
     UseCounts counts() const;
@@ -118,9 +110,8 @@ private:
     struct Block;
 
     template <typename T>
-    void put(Pelmor::Ptr<T>& member) {
-        auto pointee = std::make_shared<T>();
-        member = Pelmor::Ptr<T>(pointee.get(), addBlock(pointee));
+    void put(Pelmor::Ptr<T>& member, T* pointee, std::shared_ptr<void> owner) {
+        member = Pelmor::Ptr<T>(pointee, addBlock(std::move(owner)));
     }
 
     Pelmor::ControlBlock* addBlock(std::shared_ptr<void> pointee);
@@ -131,23 +122,5 @@ private:
     Releases m_releases;
     std::function<void(std::size_t)> m_onRelease;
 };
-
-template <typename Record>
-void WatchedPointees::putInto(Record& record) {
-    forEachShared(record, [&](auto& member) { put(member); });
-}
-
-template <typename Record, typename Visit>
-void forEachShared(Record& record, const Visit& visit) {
-    TestSupport::eachMemberAndObject(record, [&](auto& member) {
-        using T = std::remove_const_t<std::remove_reference_t<decltype(member)>>;
-        if constexpr (TestSupport::kIsRecord<T>)
-            forEachShared(member, visit);
-        else if constexpr (!TestSupport::kIsPlain<T>)
-            visit(member);
-    });
-}
-
-using SharingRecords = TestSupport::RecordTypesWithArrays;
 
 }  // namespace TypesTests

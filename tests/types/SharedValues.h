@@ -1,6 +1,7 @@
 // A value of each held type, with the use counts of all that it shares.
 #pragma once
 
+#include "tests/support/RecordLeaves.h"
 #include "tests/types/SharedMembers.h"
 
 #include <cstddef>
@@ -12,9 +13,8 @@ namespace TypesTests {
 // A record.
 template <typename Held>
 struct SharedValue {
-    static constexpr bool isArray = false;
     // How many arrays and objects the record, or the elements of the array, share.
-    static constexpr std::size_t pointees = kSharedMembers<Held>;
+    static std::size_t pointees() { return sharedMembers<Held>(); }
     // The counts where the value has so many copies, itself among them.
     static UseCounts countsOf(std::uint64_t copies) { return everyCount<Held>(copies); }
 
@@ -32,17 +32,16 @@ private:
     WatchedPointees m_watched;
 
 public:
-    Held value{};
+    Held value = TestSupport::numbered<Held>();
 };
 
 // A shared array of two records. Copies share the array, whose count stands before those of what
 // its elements share, which no copy changes.
 template <typename Record>
 struct SharedValue<Pelmor::SharedArray<Record>> {
-    static constexpr bool isArray = true;
-    static constexpr std::size_t pointees = 2 * kSharedMembers<Record>;
+    static std::size_t pointees() { return 2 * sharedMembers<Record>(); }
     static UseCounts countsOf(std::uint64_t copies) {
-        UseCounts counts(1 + pointees, 1);
+        UseCounts counts(1 + pointees(), 1);
         counts.front() = copies;
         return counts;
     }
@@ -75,16 +74,7 @@ private:
     WatchedPointees m_second;
 
 public:
-    Pelmor::SharedArray<Record> value = Pelmor::makePtr<Pelmor::Array<Record>>(2u);
+    Pelmor::SharedArray<Record> value = TestSupport::numberedElements<Record>(2);
 };
-
-using HeldTypes = testing::Types<
-    Rigging::Module::Transform, Rigging::Module::NamedTransforms, Rigging::Module::Pins,
-    Rigging::Module::InputsJoints, Rigging::Module::InputsControls, Rigging::Module::Inputs,
-    Rigging::Module::Outputs, Pelmor::SharedArray<Rigging::Module::Transform>,
-    Pelmor::SharedArray<Rigging::Module::NamedTransforms>,
-    Pelmor::SharedArray<Rigging::Module::Pins>, Pelmor::SharedArray<Rigging::Module::InputsJoints>,
-    Pelmor::SharedArray<Rigging::Module::InputsControls>,
-    Pelmor::SharedArray<Rigging::Module::Inputs>, Pelmor::SharedArray<Rigging::Module::Outputs>>;
 
 }  // namespace TypesTests

@@ -1,0 +1,54 @@
+// What the page of each record says, and how the record lies in memory, against the tree of it.
+#include "tests/support/CarriedTypes.h"
+
+#include <cstddef>
+#include <string>
+#include <typeinfo>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace TestSupport;
+
+template <typename Record>
+class RecordPage : public testing::Test {
+protected:
+    template <typename Value>
+    std::size_t placeOf(const Value& member) const {
+        return static_cast<std::size_t>(reinterpret_cast<const char*>(&member) -
+                                        reinterpret_cast<const char*>(&record));
+    }
+
+    const Record record{};
+};
+TYPED_TEST_SUITE(RecordPage, RecordTypes, NameOfType);
+
+TYPED_TEST(RecordPage, NamesTheTypeOfTheGraph) {
+    EXPECT_STREQ(Tolvane::Page<TypeParam>::typeName, RecordTree<TypeParam>::typeName);
+}
+
+TYPED_TEST(RecordPage, ListsAllMembersInOrderButTheObjects) {
+    std::vector<std::pair<std::size_t, std::string>> listed, expected;
+    const auto addTo = [this](auto& list, const auto& member) {
+        list.emplace_back(this->placeOf(member), typeid(member).name());
+    };
+    std::apply([&](auto... members) { (addTo(listed, this->record.*members), ...); },
+               Tolvane::Page<TypeParam>::members);
+    eachMember(this->record, [&](const auto& member) { addTo(expected, member); });
+    EXPECT_EQ(listed, expected);
+}
+
+// The graph knows members by their places alone.
+TYPED_TEST(RecordPage, IsOfARecordWhoseMembersLieInOrderWithoutGaps) {
+    std::size_t place = 0;
+    eachNamedMember(this->record, [&](const char* name, const auto& member) {
+        EXPECT_EQ(this->placeOf(member), place) << name;
+        place += sizeof member;
+    });
+    EXPECT_EQ(sizeof(TypeParam), place);
+}
+
+}  // namespace
