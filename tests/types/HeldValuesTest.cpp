@@ -36,7 +36,7 @@ std::size_t typesGiven(const AnyValue& holder, testing::Types<Types...>) {
 }
 
 template <typename Held>
-class HeldValue : public testing::Test {
+class ValueInHolder : public testing::Test {
 protected:
     using Value = SharedValue<Held>;
 
@@ -60,9 +60,9 @@ protected:
     Value shared;
     Value former;
 };
-TYPED_TEST_SUITE(HeldValue, HeldTypes, NameOfType);
+TYPED_TEST_SUITE(ValueInHolder, HeldTypes, NameOfType);
 
-TYPED_TEST(HeldValue, LiesInTheHolderIfItFitsAndElseOnTheHeap) {
+TYPED_TEST(ValueInHolder, LiesInTheHolderIfItFitsAndElseOnTheHeap) {
     const AnyValue holder = this->holding(this->shared);
     const void* value = holder.getIf<TypeParam>();
     const Words words = wordsOf(holder);
@@ -76,7 +76,7 @@ TYPED_TEST(HeldValue, LiesInTheHolderIfItFitsAndElseOnTheHeap) {
     for (std::size_t i = used; i < 3; ++i) EXPECT_EQ(words[i], nullptr) << i;
 }
 
-TYPED_TEST(HeldValue, IsGivenForItsOwnTypeAlone) {
+TYPED_TEST(ValueInHolder, IsGivenForItsOwnTypeAlone) {
     const AnyValue holder = this->holding(this->shared);
     EXPECT_NE(holder.getIf<TypeParam>(), nullptr);
     EXPECT_EQ(typesGiven(holder, HeldTypes()), 1u);
@@ -84,7 +84,7 @@ TYPED_TEST(HeldValue, IsGivenForItsOwnTypeAlone) {
     EXPECT_EQ(&holder.type(), &Pelmor::Internal::HeldIdentity<TypeParam>::s_record);
 }
 
-TYPED_TEST(HeldValue, IsSharedByEachCopyOfItsHolder) {
+TYPED_TEST(ValueInHolder, IsSharedByEachCopyOfItsHolder) {
     {
         const AllocationCount count;
         const AnyValue holder = this->holding(this->shared);
@@ -99,7 +99,7 @@ TYPED_TEST(HeldValue, IsSharedByEachCopyOfItsHolder) {
     this->expectCopies(1);
 }
 
-TYPED_TEST(HeldValue, IsUnharmedWhereThereIsNoMemoryForACopy) {
+TYPED_TEST(ValueInHolder, IsUnharmedWhereThereIsNoMemoryForACopy) {
     constexpr bool kNeedsNone = TestFixture::kLiesInHolder;
     const AnyValue source = this->holding(this->shared);
     AnyValue destination = this->holding(this->former);
@@ -121,7 +121,7 @@ TYPED_TEST(HeldValue, IsUnharmedWhereThereIsNoMemoryForACopy) {
     this->expectCopies(this->former, kNeedsNone ? 1 : 2);
 }
 
-TYPED_TEST(HeldValue, MovesWithItsHolderWithoutMemoryOrAChangeOfCounts) {
+TYPED_TEST(ValueInHolder, MovesWithItsHolderWithoutMemoryOrAChangeOfCounts) {
     AnyValue first = this->holding(this->shared);
     const Words before = wordsOf(first);
     const AllocationCount count;
@@ -137,7 +137,7 @@ TYPED_TEST(HeldValue, MovesWithItsHolderWithoutMemoryOrAChangeOfCounts) {
     this->expectCopies(2);
 }
 
-TYPED_TEST(HeldValue, IsReleasedOnceWhereItsHolderGetsAnother) {
+TYPED_TEST(ValueInHolder, IsReleasedOnceWhereItsHolderGetsAnother) {
     using Replace = void (*)(AnyValue & holder, AnyValue & other);
     const Replace ways[] = {[](AnyValue& holder, AnyValue& other) { holder = other; },
                             [](AnyValue& holder, AnyValue& other) { holder = std::move(other); },
@@ -155,7 +155,7 @@ TYPED_TEST(HeldValue, IsReleasedOnceWhereItsHolderGetsAnother) {
     }
 }
 
-TYPED_TEST(HeldValue, IsReleasedOnceWithItsLastHolder) {
+TYPED_TEST(ValueInHolder, IsReleasedOnceWithItsLastHolder) {
     std::optional<AnyValue> first(this->holding(this->shared));
     std::optional<AnyValue> last(*first);
     this->shared.drop();
@@ -169,14 +169,14 @@ TYPED_TEST(HeldValue, IsReleasedOnceWithItsLastHolder) {
 constexpr std::size_t kThreads = 4;
 
 template <typename Held>
-class HeldValueOnThreads : public HeldValue<Held> {};
+class ValueInHolderOnThreads : public ValueInHolder<Held> {};
 using TypesThatShare = Joined<RecordTypesWithArrays, TypesOfRecords::Arrays>::Type;
-TYPED_TEST_SUITE(HeldValueOnThreads, TypesThatShare, NameOfType);
+TYPED_TEST_SUITE(ValueInHolderOnThreads, TypesThatShare, NameOfType);
 
 // First copies alone and then drops alone, so that lost counts cannot make up for each other, and
 // so many that the threads are sure to meet.
-TYPED_TEST(HeldValueOnThreads, IsCountedByEveryCopyOfItsHolder) {
-    constexpr std::size_t kCopies = 10'000;
+TYPED_TEST(ValueInHolderOnThreads, IsCountedByEveryCopyOfItsHolder) {
+    constexpr std::size_t kCopies = 50'000;
     const AnyValue holder = this->holding(this->shared);
     std::vector<std::vector<AnyValue>> copies(kThreads);
     runTogether(kThreads, [&](std::size_t i) { copies[i].assign(kCopies, holder); });
@@ -186,7 +186,7 @@ TYPED_TEST(HeldValueOnThreads, IsCountedByEveryCopyOfItsHolder) {
 }
 
 // The threads race for the last use of each pointee.
-TYPED_TEST(HeldValueOnThreads, IsReleasedOnceByTheLastOfSeveralHolders) {
+TYPED_TEST(ValueInHolderOnThreads, IsReleasedOnceByTheLastOfSeveralHolders) {
     for (int round = 0; round < 20; ++round) {
         typename TestFixture::Value value;
         std::vector<AnyValue> holders(kThreads, this->holding(value));
