@@ -12,12 +12,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-using namespace TestSupport;
-using Pelmor::Internal::ElementOperation;
-using Pelmor::Internal::ElementOperations;
-using Pelmor::Internal::UntypedTypeRep;
+namespace TypesTests {
 
 enum class Did { Default, Copy, Move, CopyAssign, MoveAssign, Destroy };
 
@@ -72,26 +67,34 @@ struct TrivialRecord {
 };
 static_assert(std::is_trivially_copyable_v<TrivialRecord>);
 
-}  // namespace
+}  // namespace TypesTests
 
 template <>
-struct Tolvane::Page<NotedRecord> {
+struct Tolvane::Page<TypesTests::NotedRecord> {
+    using Record = TypesTests::NotedRecord;
     static constexpr const char* typeName = "Tests::NotedRecord";
-    static constexpr std::tuple members{&NotedRecord::number};
+    static constexpr std::tuple members{&Record::number};
 };
 template <>
-struct Tolvane::Page<RecordWithGaps> {
+struct Tolvane::Page<TypesTests::RecordWithGaps> {
+    using Record = TypesTests::RecordWithGaps;
     static constexpr const char* typeName = "Tests::RecordWithGaps";
-    static constexpr std::tuple members{&RecordWithGaps::number};
+    static constexpr std::tuple members{&Record::number};
 };
 template <>
-struct Tolvane::Page<TrivialRecord> {
+struct Tolvane::Page<TypesTests::TrivialRecord> {
+    using Record = TypesTests::TrivialRecord;
     static constexpr const char* typeName = "Tests::TrivialRecord";
-    static constexpr std::tuple members{&TrivialRecord::first};
+    static constexpr std::tuple members{&Record::first};
 };
 
 namespace {
 
+using namespace TestSupport;
+using namespace TypesTests;
+using Pelmor::Internal::ElementOperation;
+using Pelmor::Internal::ElementOperations;
+using Pelmor::Internal::UntypedTypeRep;
 using Notes = std::vector<NotedRecord::Note>;
 
 template <typename Element>
