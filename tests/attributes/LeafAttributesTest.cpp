@@ -1,5 +1,8 @@
 #include "attributes/LeafAttributes.h"
 #include "tests/support/AttributeTree.h"
+#include "tests/support/CallRecorder.h"
+
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -7,33 +10,44 @@ namespace {
 
 using namespace Tolvane;
 using Lines = TestSupport::AttributeLines;
-using TestSupport::treeOf;
 
-TEST(LeafAttributes, OfStringsAreTypedAsTheHostsStringData) {
-    EXPECT_EQ(treeOf(createStringAttribute("leaf", false)), Lines{"leaf: typed 4 rw--u"});
-    EXPECT_EQ(treeOf(createStringAttribute("leaf", true)), Lines{"leaf: typed 4 rw-au"});
+// What is not set here stays at the host's defaults. An array's flag is set either way.
+void expectLeaf(VObject (*create)(const VString&, bool), const std::string& creation,
+                const std::string& kind) {
+    for (const bool isArray : {false, true}) {
+        TestSupport::CallRecorder calls;
+        const VObject leaf = create("leaf", isArray);
+        EXPECT_EQ(calls.take(), (Lines{creation, isArray ? "VFnAttribute::setArray leaf true"
+                                                         : "VFnAttribute::setArray leaf false"}));
+        EXPECT_EQ(TestSupport::treeOf(leaf),
+                  Lines{"leaf: " + kind + (isArray ? " rw-au" : " rw--u")});
+    }
 }
 
-TEST(LeafAttributes, OfMatricesAreDoublePrecision) {
-    EXPECT_EQ(treeOf(createMatrixAttribute("leaf", false)), Lines{"leaf: matrix 1 rw--u"});
-    EXPECT_EQ(treeOf(createMatrixAttribute("leaf", true)), Lines{"leaf: matrix 1 rw-au"});
+TEST(LeafAttribute, OfAStringIsTypedAsTheHostsStringData) {
+    expectLeaf(createStringAttribute, "VFnTypedAttribute::create leaf, leaf, 4, ", "typed 4");
 }
 
-TEST(LeafAttributes, OfDoublesAreNumericAndStartAtZero) {
-    EXPECT_EQ(treeOf(createDoubleAttribute("leaf", false)),
-              Lines{"leaf: numeric 14 of 0.000000 rw--u"});
-    EXPECT_EQ(treeOf(createDoubleAttribute("leaf", true)),
-              Lines{"leaf: numeric 14 of 0.000000 rw-au"});
+TEST(LeafAttribute, OfAMatrixIsDoublePrecision) {
+    expectLeaf(createMatrixAttribute, "VFnMatrixAttribute::create leaf, leaf, 1", "matrix 1");
 }
 
-TEST(LeafAttributes, OfObjectsAreGenericAndAcceptNoData) {
-    EXPECT_EQ(treeOf(createObjectAttribute("leaf", false)), Lines{"leaf: generic 0 rw--u"});
-    EXPECT_EQ(treeOf(createObjectAttribute("leaf", true)), Lines{"leaf: generic 0 rw-au"});
+TEST(LeafAttribute, OfADoubleIsNumericAndStartsAtZero) {
+    expectLeaf(createDoubleAttribute, "VFnNumericAttribute::create leaf, leaf, 14, 0",
+               "numeric 14 of 0.000000");
 }
 
-TEST(LeafAttributes, OfBoolsAndIntsAreNumericAndNeverArrays) {
-    EXPECT_EQ(treeOf(createBoolAttribute("leaf")), Lines{"leaf: numeric 1 of 0.000000 rw--u"});
-    EXPECT_EQ(treeOf(createIntAttribute("leaf")), Lines{"leaf: numeric 7 of 0.000000 rw--u"});
+TEST(LeafAttribute, OfAnObjectIsGenericAndAcceptsNoData) {
+    expectLeaf(createObjectAttribute, "VFnGenericAttribute::create leaf, leaf", "generic 0");
+}
+
+TEST(LeafAttribute, OfABoolOrAnIntIsNumericAndNeverAnArray) {
+    TestSupport::CallRecorder calls;
+    const VObject ofBool = createBoolAttribute("leaf"), ofInt = createIntAttribute("leaf");
+    EXPECT_EQ(calls.take(), (Lines{"VFnNumericAttribute::create leaf, leaf, 1, 0",
+                                   "VFnNumericAttribute::create leaf, leaf, 7, 0"}));
+    EXPECT_EQ(TestSupport::treeOf(ofBool), Lines{"leaf: numeric 1 of 0.000000 rw--u"});
+    EXPECT_EQ(TestSupport::treeOf(ofInt), Lines{"leaf: numeric 7 of 0.000000 rw--u"});
 }
 
 }  // namespace

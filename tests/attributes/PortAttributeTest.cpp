@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -21,7 +23,8 @@ protected:
 };
 
 TEST_F(PortAttribute, IsNullForALeafType) {
-    for (const char* type : {"double", "string", "Math::double4x4", "Object", "bool", "int"}) {
+    for (const char* type :
+         {"double", "string", "Math::double4x4", "Object", "bool", "int", "float"}) {
         SCOPED_TRACE(type);
         for (const bool isInput : {true, false}) {
             const std::string array = std::string("array<") + type + ">";
@@ -32,30 +35,37 @@ TEST_F(PortAttribute, IsNullForALeafType) {
     }
 }
 
-TEST_F(PortAttribute, OfAnEnumHasOneFieldPerEnumeratorInOrder) {
+TEST_F(PortAttribute, HasOneFieldPerEnumeratorInOrder) {
     const Pelmor::Type type =
-        library.defineEnum("Rigging::Mode", {{"late", 7}, {"off", 0}, {"early", -3}});
-    EXPECT_EQ(treeOf(createPortAttribute(type, "port", true)),
-              (Lines{"port: enum of 0 -wk-u", "  late = 7", "  off = 0", "  early = -3"}));
-    EXPECT_EQ(treeOf(createPortAttribute(type, "port", false)),
-              (Lines{"port: enum of 0 r---u", "  late = 7", "  off = 0", "  early = -3"}));
+        library.defineEnum("Rigging::Mode", {{"late", 7}, {"off", 0}, {"early", -3}, {"OFF", 0}});
+    for (const auto& [isInput, flags] : {std::pair(true, "-wk"), std::pair(false, "r--")}) {
+        const Lines fields{"  late = 7", "  off = 0", "  early = -3", "  OFF = 0"};
+        Lines single{std::string("port: enum of 0 ") + flags + "-u"};
+        Lines array{std::string("port: enum of 0 ") + flags + "au"};
+        single.insert(single.end(), fields.begin(), fields.end());
+        array.insert(array.end(), fields.begin(), fields.end());
+        EXPECT_EQ(treeOf(createPortAttribute(type, "port", isInput)), single);
+        EXPECT_EQ(treeOf(createPortAttribute(Pelmor::Library::arrayOf(type), "port", isInput)),
+                  array);
+    }
 }
 
-TEST_F(PortAttribute, OfAnArrayOfAnEnumIsTheSameButAnArray) {
-    const Pelmor::Type type =
-        Pelmor::Library::arrayOf(library.defineEnum("Rigging::Mode", {{"off", 0}, {"on", 1}}));
-    EXPECT_EQ(treeOf(createPortAttribute(type, "port", true)),
-              (Lines{"port: enum of 0 -wkau", "  off = 0", "  on = 1"}));
-    EXPECT_EQ(treeOf(createPortAttribute(type, "port", false)),
-              (Lines{"port: enum of 0 r--au", "  off = 0", "  on = 1"}));
+TEST_F(PortAttribute, HasAFieldForEachEnumeratorHoweverManyAndWhateverItsName) {
+    for (const int count : {0, 16, 17, 300}) {
+        library = Pelmor::Library();
+        std::vector<Pelmor::EnumType::Enumeration> enumerations;
+        Lines expected{"port: enum of 0 -wk-u"};
+        for (int i = 0; i < count; ++i) {
+            const std::string name = std::string(static_cast<std::size_t>(i), 'x') + " \xff";
+            enumerations.push_back({name.c_str(), i / 2});
+            expected.push_back("  " + name + " = " + std::to_string(i / 2));
+        }
+        const Pelmor::Type type = library.defineEnum("Rigging::Wide", std::move(enumerations));
+        EXPECT_EQ(treeOf(createPortAttribute(type, "port", true)), expected);
+    }
 }
 
-TEST_F(PortAttribute, OfAnEnumWithoutEnumeratorsHasNoFields) {
-    const Pelmor::Type type = library.defineEnum("Rigging::Empty", {});
-    EXPECT_EQ(treeOf(createPortAttribute(type, "port", true)), Lines{"port: enum of 0 -wk-u"});
-}
-
-TEST_F(PortAttribute, OfAnEnumKeepsTheLow16BitsOfEachValue) {
+TEST_F(PortAttribute, KeepsTheLow16BitsOfEachEnumeratorsValue) {
     using Limits = std::numeric_limits<std::int32_t>;
     const Pelmor::Type type = library.defineEnum("Rigging::Wide", {{"a", 70000},
                                                                    {"b", 32767},
@@ -74,13 +84,13 @@ TEST_F(PortAttribute, OfAnEnumKeepsTheLow16BitsOfEachValue) {
                      "  i = -4464", "  j = -1", "  k = 0"}));
 }
 
-TEST_F(PortAttribute, OfAStructWithoutMembersIsACompoundWithoutChildren) {
+TEST_F(PortAttribute, IsACompoundWithoutChildrenForAStructWithoutMembers) {
     const Pelmor::Type type = library.defineStruct("Rigging::Empty", {});
     EXPECT_EQ(treeOf(createPortAttribute(type, "port", true)), Lines{"port: compound -wk-u"});
     EXPECT_EQ(treeOf(createPortAttribute(type, "port", false)), Lines{"port: compound r---u"});
 }
 
-TEST_F(PortAttribute, OfAnArrayOfArraysIsNoArray) {
+TEST_F(PortAttribute, IsNoArrayForAnArrayOfArrays) {
     const Pelmor::Type type = library.getType("array<array<Rigging::Module::Pins>>");
     EXPECT_EQ(
         treeOf(createPortAttribute(type, "port", true)),

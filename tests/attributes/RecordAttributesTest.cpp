@@ -1,136 +1,80 @@
-// The trees that carry the seven records: member i is child i, which is how the values find their
-// way.
+// The trees that carry the plugin's records: member i is child i, which is how the values find
+// their way.
 #include "attributes/PortAttribute.h"
 #include "tests/support/AttributeTree.h"
+#include "tests/support/CarriedTypes.h"
 
 #include <Pelmor/Library.h>
 
 #include <string>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using Lines = TestSupport::AttributeLines;
+using namespace TestSupport;
 
-// The flags of the compounds of an input port, but for the array flag and that of unique names.
-constexpr const char* kInput = "-wk";
-constexpr const char* kOutput = "r--";
-
-Lines indented(const Lines& lines) {
-    Lines result;
-    for (const std::string& line : lines) result.push_back("  " + line);
-    return result;
+// The kind of the attribute for a T.
+template <typename T>
+std::string kindFor() {
+    if constexpr (kIsObject<T>)
+        return "generic 0";
+    else if constexpr (std::is_same_v<T, Pelmor::String>)
+        return "typed 4";
+    else if constexpr (std::is_same_v<T, Math::double4x4>)
+        return "matrix 1";
+    else if constexpr (std::is_same_v<T, double>)
+        return "numeric 14 of 0.000000";
+    else
+        return "compound";
 }
 
-// A compound's own line and then those of its children.
-Lines compound(const std::string& line, const std::vector<Lines>& children) {
-    Lines lines{line};
-    for (const Lines& child : children)
-        for (const std::string& childLine : indented(child)) lines.push_back(childLine);
-    return lines;
-}
-
-Lines strings() { return {"names: typed 4 rw-a-"}; }
-Lines matrices() { return {"matrices: matrix 1 rw-a-"}; }
-Lines objects() { return {"object0: generic 0 rw---", "object1: generic 0 rw---"}; }
-
-// A compound's line: `end` has the array flag and that of unique names.
-std::string compoundLine(const std::string& name, const std::string& flags, const char* end) {
-    return name + ": compound " + flags + end;
-}
-
-Lines transform(const std::string& name, const std::string& flags, const char* end) {
-    return compound(compoundLine(name, flags, end), {{"matrix0: matrix 1 rw---"},
-                                                     {"matrix1: matrix 1 rw---"},
-                                                     {"matrix2: matrix 1 rw---"},
-                                                     {"matrix3: matrix 1 rw---"},
-                                                     {"matrix4: matrix 1 rw---"},
-                                                     {"matrix5: matrix 1 rw---"},
-                                                     {"matrix6: matrix 1 rw---"},
-                                                     {"matrix7: matrix 1 rw---"}});
-}
-
-Lines namedTransforms(const std::string& name, const std::string& flags, const char* end) {
-    return compound(compoundLine(name, flags, end),
-                    {strings(), transform("transforms", flags, "a-")});
-}
-
-Lines pins(const std::string& name, const std::string& flags, const char* end) {
-    return compound(compoundLine(name, flags, end), {strings(), matrices()});
-}
-
-Lines joints(const std::string& name, const std::string& flags, const char* end) {
-    return compound(compoundLine(name, flags, end),
-                    {strings(), matrices(), namedTransforms("namedTransforms", flags, "--")});
-}
-
-Lines controls(const std::string& name, const std::string& flags, const char* end) {
-    return compound(compoundLine(name, flags, end),
-                    {strings(),
-                     matrices(),
-                     {"weights_A: numeric 14 of 0.000000 rw-a-"},
-                     namedTransforms("namedTransforms", flags, "--")});
-}
-
-Lines inputs(const std::string& name, const std::string& flags, const char* end) {
-    return compound(
-        compoundLine(name, flags, end),
-        {pins("pins", flags, "--"), joints("joints", flags, "--"),
-         controls("controls0", flags, "--"), controls("controls1", flags, "--"), objects()});
-}
-
-Lines outputs(const std::string& name, const std::string& flags, const char* end) {
-    return compound(compoundLine(name, flags, end),
-                    {{"name: typed 4 rw---"},
-                     pins("pins", flags, "--"),
-                     namedTransforms("namedTransforms0", flags, "--"),
-                     namedTransforms("namedTransforms1", flags, "--"),
-                     namedTransforms("namedTransforms2", flags, "--"),
-                     objects()});
-}
-
-using Expected = Lines (*)(const std::string& name, const std::string& flags, const char* end);
-
-struct RecordCase {
-    const char* type;
-    Expected tree;
-};
-
-class RecordAttribute : public testing::TestWithParam<RecordCase> {
-protected:
-    static Lines created(const std::string& type, bool isInput) {
-        const Pelmor::Type portType = Pelmor::Library().getType(type.c_str());
-        return TestSupport::treeOf(Tolvane::createPortAttribute(portType, "port", isInput));
+// Appends the line of an attribute for a T, whose flags end in `end`, and those below it. Compounds
+// have the flags that fit the direction of the port, leaves the host's defaults.
+template <typename T>
+void appendTree(AttributeLines& lines, const std::string& name, bool isInput, const char* end) {
+    const bool isLeaf = !kIsRecord<T>;
+    const char* flags = isLeaf ? "rw-" : isInput ? "-wk" : "r--";
+    lines.push_back(name + ": " + kindFor<T>() + ' ' + flags + end);
+    if constexpr (kIsRecord<T>) {
+        const std::string indent = name.substr(0, name.find_first_not_of(' ')) + "  ";
+        eachMemberType<T>([&](const char* member, auto tag) {
+            using Type = typename decltype(tag)::Type;
+            const std::string child = indent + childName(member);
+            if constexpr (kIsArray<Type>)
+                appendTree<ElementOf<Type>>(lines, child, isInput, "a-");
+            else
+                appendTree<Type>(lines, child, isInput, "--");
+        });
     }
-    static std::string arrayOf(const char* type) { return std::string("array<") + type + ">"; }
+}
+
+template <typename Record>
+class AttributeOfRecord : public testing::Test {
+protected:
+    template <typename T>
+    static AttributeLines created(bool isInput) {
+        const Pelmor::Type type = Pelmor::Library().getType(graphName<T>().c_str());
+        return treeOf(Tolvane::createPortAttribute(type, "port", isInput));
+    }
+    static AttributeLines expected(bool isInput, const char* end) {
+        AttributeLines lines;
+        appendTree<Record>(lines, "port", isInput, end);
+        return lines;
+    }
 };
+TYPED_TEST_SUITE(AttributeOfRecord, RecordTypes, NameOfType);
 
-TEST_P(RecordAttribute, OfAnInputPortIsWritableAndKeyable) {
-    EXPECT_EQ(created(GetParam().type, true), GetParam().tree("port", kInput, "-u"));
+TYPED_TEST(AttributeOfRecord, HasAChildForEachMember) {
+    for (const bool isInput : {true, false})
+        EXPECT_EQ(this->template created<TypeParam>(isInput), this->expected(isInput, "-u"));
 }
 
-TEST_P(RecordAttribute, OfAnOutputPortIsReadable) {
-    EXPECT_EQ(created(GetParam().type, false), GetParam().tree("port", kOutput, "-u"));
+TYPED_TEST(AttributeOfRecord, IsAnArrayForAnArrayOfTheRecord) {
+    using Array = Pelmor::SharedArray<TypeParam>;
+    for (const bool isInput : {true, false})
+        EXPECT_EQ(this->template created<Array>(isInput), this->expected(isInput, "au"));
 }
-
-TEST_P(RecordAttribute, OfAnArrayIsTheSameButAnArray) {
-    EXPECT_EQ(created(arrayOf(GetParam().type), true), GetParam().tree("port", kInput, "au"));
-    EXPECT_EQ(created(arrayOf(GetParam().type), false), GetParam().tree("port", kOutput, "au"));
-}
-
-INSTANTIATE_TEST_SUITE_P(All, RecordAttribute,
-                         testing::Values(RecordCase{"Core::Transform::Transform", transform},
-                                         RecordCase{"Rigging::Module::NamedTransforms",
-                                                    namedTransforms},
-                                         RecordCase{"Rigging::Module::Pins", pins},
-                                         RecordCase{"Rigging::Module::InputsJoints", joints},
-                                         RecordCase{"Rigging::Module::InputsControls", controls},
-                                         RecordCase{"Rigging::Module::Inputs", inputs},
-                                         RecordCase{"Rigging::Module::Outputs", outputs}),
-                         [](const auto& instance) {
-                             const std::string type = instance.param.type;
-                             return type.substr(type.rfind(':') + 1);
-                         });
 
 }  // namespace

@@ -1,7 +1,8 @@
 #include "plugin/VornikRiggingTranslation.h"
-#include "tests/plugin/HostPort.h"
-#include "tests/plugin/Translation.h"
+#include "tests/plugin/EditedNode.h"
+#include "tests/plugin/Rig.h"
 #include "tests/support/AllocationCount.h"
+#include "tests/support/CarriedTypes.h"
 
 #include <Pelmor/Library.h>
 
@@ -14,13 +15,23 @@ namespace {
 
 using namespace PluginTests;
 using Rigging::Module::VornikRiggingTranslation;
-using TavrikGraph::Executor::PortDirection;
 using TavrikGraph::Executor::TypeTranslation;
 using TestSupport::AllocationCount;
 
 static_assert(std::is_base_of_v<TypeTranslation, VornikRiggingTranslation>);
 static_assert(sizeof(VornikRiggingTranslation) == sizeof(TypeTranslation),
               "it has no state of its own");
+
+// What is not overridden is a member of the base.
+#define EXPECT_INHERITED(operation)                                              \
+    static_assert(std::is_same_v<decltype(&VornikRiggingTranslation::operation), \
+                                 decltype(&TypeTranslation::operation)>)
+EXPECT_INHERITED(getSupportedTypes);
+EXPECT_INHERITED(portRemoved);
+EXPECT_INHERITED(portRenamed);
+EXPECT_INHERITED(registerHostPlugins);
+EXPECT_INHERITED(unregisterHostPlugins);
+#undef EXPECT_INHERITED
 
 // The function in a slot of an object's table. The destructor has two in this ABI, of which the
 // second frees the object as well.
@@ -41,7 +52,7 @@ Result callSlot(const TypeTranslation& table, unsigned slot, TypeTranslation* ob
 constexpr unsigned kFreeingDestructor = 1;
 constexpr unsigned kRelease = 2;
 
-TEST(Factory, MakesANewObjectEachTime) {
+TEST(TranslationFactory, MakesANewObjectEachTime) {
     const Translation one = newTranslation(), other = newTranslation();
     EXPECT_NE(one, nullptr);
     EXPECT_NE(other, nullptr);
@@ -49,11 +60,11 @@ TEST(Factory, MakesANewObjectEachTime) {
     EXPECT_NE(dynamic_cast<VornikRiggingTranslation*>(one.get()), nullptr);
 }
 
-TEST(Factory, NamesTheObject) {
+TEST(TranslationFactory, NamesTheObject) {
     EXPECT_TRUE(newTranslation()->name() == "Rigging Translation Table");
 }
 
-TEST(Release, FreesAllThatTheFactoryTook) {
+TEST(TranslationRelease, FreesAllThatTheFactoryTook) {
     const AllocationCount count;
     TypeTranslation* translation = createTavrikTypeTranslation();
     EXPECT_GE(count.outstanding(), 1);
@@ -61,16 +72,7 @@ TEST(Release, FreesAllThatTheFactoryTook) {
     EXPECT_EQ(count.outstanding(), 0);
 }
 
-TEST(Release, FreesOneObjectAndLeavesTheOthers) {
-    const Translation other = newTranslation();
-    newTranslation().reset();
-    EXPECT_TRUE(other->name() == "Rigging Translation Table");
-    Pelmor::Array<Pelmor::String> names;
-    other->getSupportedTypeNames(names);
-    EXPECT_EQ(names.size(), 14u);
-}
-
-TEST(Release, GoesThroughTheObjectsOwnDestructor) {
+TEST(TranslationRelease, GoesThroughTheObjectsOwnDestructor) {
     struct Derived : VornikRiggingTranslation {
         explicit Derived(int& count) : destructions(count) {}
         ~Derived() override { ++destructions; }
@@ -84,7 +86,7 @@ TEST(Release, GoesThroughTheObjectsOwnDestructor) {
     EXPECT_EQ(count.outstanding(), 0);
 }
 
-TEST(Release, DoesNothingOnANullObject) {
+TEST(TranslationRelease, DoesNothingOnANullObject) {
     const Translation table = newTranslation();
     const AllocationCount count;
     callSlot<void>(*table, kRelease, nullptr);
@@ -92,37 +94,7 @@ TEST(Release, DoesNothingOnANullObject) {
     EXPECT_TRUE(table->name() == "Rigging Translation Table");
 }
 
-// Overrides nothing but what it must.
-class PlainTranslation : public TypeTranslation {
-public:
-    PlainTranslation() : TypeTranslation("plain") {}
-
-    void release() noexcept override {}
-    void getSupportedTypeNames(Pelmor::Array<Pelmor::String>&) const noexcept override {}
-    bool translateFromHost(const Pelmor::Type&, Pelmor::AnyValue&,
-                           const TavrikGraph::Executor::HostContext&) const noexcept override {
-        return false;
-    }
-    bool translateToHost(const Pelmor::AnyValue&,
-                         const TavrikGraph::Executor::HostContext&) const noexcept override {
-        return false;
-    }
-    bool portAdded(const Pelmor::String&, PortDirection, const Pelmor::Type&, std::uint32_t,
-                   std::uint32_t, TavrikGraph::Executor::NodeEditContext*) const noexcept override {
-        return false;
-    }
-};
-
-TEST(Slots, OfTheOperationsThatItDoesNotOverrideAreTheFrameworks) {
-    const Translation translation = newTranslation();
-    const PlainTranslation plain;
-    for (const unsigned slot : {3u, 8u, 9u, 10u, 11u})
-        EXPECT_EQ(slotOf(*translation, slot), slotOf(plain, slot)) << slot;
-    for (const unsigned slot : {2u, 4u, 5u, 6u, 7u})
-        EXPECT_NE(slotOf(*translation, slot), slotOf(plain, slot)) << slot;
-}
-
-TEST(Slots, BeginWithTheDestructorThatFreesAndRelease) {
+TEST(TranslationSlotsOfTheObject, BeginWithTheDestructorThatFreesAndRelease) {
     const Translation table = newTranslation();
     for (const unsigned slot : {kFreeingDestructor, kRelease}) {
         const AllocationCount count;
@@ -132,31 +104,25 @@ TEST(Slots, BeginWithTheDestructorThatFreesAndRelease) {
     }
 }
 
-TEST(Slots, ContinueWithTheNamesTheTranslationsAndTheAddingOfPorts) {
-    const Translation translation = newTranslation();
-    const Pelmor::Library library;
-    const Pelmor::Type type = library.getType("Rigging::Module::Pins");
+class TranslationSlots : public EditedNode {};
 
+TEST_F(TranslationSlots, ContinueWithNamesAndTranslationsAndTheAddingOfPorts) {
     Pelmor::Array<Pelmor::String> names;
     callSlot<void>(*translation, 4, translation.get(), &names);
-    EXPECT_EQ(names.size(), 14u);
+    EXPECT_EQ(names.size(), TestSupport::carriedTypes().size());
 
-    HostPort host;
-    VDGModifier modifier;
-    TavrikGraph::Executor::NodeEditContext edit{nullptr, host.node, nullptr, &modifier};
+    const Rig rig("Rigging::Module::Pins");
+    Pelmor::AnyValue value;
+    EXPECT_TRUE(
+        callSlot<bool>(*translation, 5, translation.get(), &rig.type, &value, &rig.input.context));
+    EXPECT_TRUE(value.hasValue());
+    EXPECT_TRUE(callSlot<bool>(*translation, 6, translation.get(), &value, &rig.output.context));
+    EXPECT_TRUE(rig.output.isClean());
+
     const Pelmor::String name("pins");
     EXPECT_TRUE(callSlot<bool>(*translation, 7, translation.get(), &name, PortDirection::Input,
-                               &type, std::uint32_t{0}, std::uint32_t{0}, &edit));
-    host.plug = VFnDependencyNode(host.node).findPlug("pins");
-    ASSERT_FALSE(host.plug.isNull());
-
-    Pelmor::AnyValue value;
-    EXPECT_TRUE(callSlot<bool>(*translation, 5, translation.get(), &type, &value, &host.context));
-    EXPECT_TRUE(value.hasValue());
-
-    host.block.setDirty(host.plug.attribute());
-    EXPECT_TRUE(callSlot<bool>(*translation, 6, translation.get(), &value, &host.context));
-    EXPECT_TRUE(host.block.isClean(host.plug.attribute()));
+                               &rig.type, std::uint32_t{0}, std::uint32_t{0}, &context));
+    EXPECT_EQ(tree("pins").front(), "pins: compound -wk-u");
 }
 
 }  // namespace

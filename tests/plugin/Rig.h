@@ -3,9 +3,8 @@
 #pragma once
 
 #include "attributes/PortAttribute.h"
-#include "tests/plugin/HostPort.h"
 #include "tests/plugin/Translation.h"
-#include "tests/support/HostData.h"
+#include "tests/support/TranslatedPort.h"
 
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Library.h>
@@ -20,7 +19,7 @@ public:
           input(Tolvane::createPortAttribute(type, "port", true)),
           output(Tolvane::createPortAttribute(type, "port", false)) {
         TestSupport::Numbers numbers(1, {1});
-        TestSupport::number(numbers, inputData(), input.plug);
+        TestSupport::number(numbers, input.handle, input.plug);
     }
 
     bool read(Pelmor::AnyValue& value) const {
@@ -38,13 +37,13 @@ public:
     }
 
     // The data as it stands.
-    VDataHandle inputData() const { return input.context.dataBlock->outputValue(input.plug); }
-    VDataHandle outputData() const { return output.context.dataBlock->outputValue(output.plug); }
+    VDataHandle inputData() const { return input.handle; }
+    VDataHandle outputData() const { return output.handle; }
 
     Translation translation = newTranslation();
     Pelmor::Type type;
-    HostPort input;
-    HostPort output;
+    TestSupport::TranslatedPort input;
+    TestSupport::TranslatedPort output;
 };
 
 }  // namespace PluginTests
