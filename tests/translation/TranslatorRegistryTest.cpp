@@ -129,10 +129,4 @@ TEST(TranslatorRegistry, FindsNoWriterOfWhatNoListHas) {
     EXPECT_EQ(ofPlugin().findWriter(HeldIdentity<First>::s_record), nullptr);
 }
 
-TEST(TranslatorRegistry, IsOneForEachList) {
-    EXPECT_NE(&ofTests(), &ofPlugin());
-    EXPECT_EQ(ofTests().readers().size(), 4u);
-    EXPECT_EQ(ofTests().writers().size(), 4u);
-}
-
 }  // namespace
