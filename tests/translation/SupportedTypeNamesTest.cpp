@@ -34,7 +34,7 @@ protected:
 
     void give() { giveInto(names); }
     static void giveInto(Names& array) {
-        Tolvane::supportedTypeNames(
+        Tolvane::getSupportedTypeNames(
             &Tolvane::TranslatorRegistry::instance<Rigging::Module::Records>, array);
     }
 
