@@ -33,7 +33,9 @@ private:
     }
 
     Difference compare(const Pelmor::String& product, const GraphValue& model) {
-        return compareLeaves(std::string(product.c_str()), std::get<std::string>(model.content));
+        const std::string& text = std::get<std::string>(model.content);
+        if (product.c_str() == text) return {};
+        return differ(textOf(std::string(product.c_str())), textOf(text));
     }
 
     Difference compare(const Math::double4x4& product, const GraphValue& model) {
@@ -63,10 +65,10 @@ private:
         if (product->size() != elements->size())
             return differ(std::to_string(product->size()) + " elements",
                           std::to_string(elements->size()) + " elements");
-        Difference found;
-        for (std::size_t i = 0; i < elements->size() && !found; ++i)
-            found = at("[" + std::to_string(i) + "]", compare((*product)[i], (*elements)[i]));
-        return found;
+        for (std::size_t i = 0; i < elements->size(); ++i)
+            if (auto found = compare((*product)[i], (*elements)[i]))
+                return at("[" + std::to_string(i) + "]", found);
+        return {};
     }
 
     template <typename Record>
@@ -74,9 +76,9 @@ private:
         const auto& members = std::get<Model::Record>(model.content);
         Difference found;
         std::size_t i = 0;
-        // The walk over members takes what it could change.
-        eachMemberAndObject(const_cast<Record&>(product), [&](const auto& member) {
-            if (!found) found = at("." + std::to_string(i), compare(member, members[i]));
+        eachMemberAndObject(product, [&](const auto& member) {
+            if (!found && (found = compare(member, members[i])))
+                found = at("." + std::to_string(i), found);
             ++i;
         });
         return found;

@@ -35,12 +35,12 @@ struct Comparison {
     }
 
     Difference operator()(const Compound& children) const {
-        Difference found;
-        for (unsigned i = 0; i < children.size() && !found; ++i) {
+        for (unsigned i = 0; i < children.size(); ++i) {
             VPlug child = VPlug(plug).child(i);
-            found = at("." + std::to_string(i), compare(handle.child(child), child, children[i]));
+            if (auto found = compare(handle.child(child), child, children[i]))
+                return at("." + std::to_string(i), found);
         }
-        return found;
+        return {};
     }
 
     Difference operator()(const HostArray& model) const {
@@ -50,13 +50,13 @@ struct Comparison {
             return differ(std::to_string(count) + " elements",
                           std::to_string(model.size()) + " elements");
         for (const auto& [index, element] : model) {
-            const std::string place = "[" + std::to_string(index) + "]";
-            if (product.elementIndex() != index)
-                return at(place,
-                          differ("one at " + std::to_string(product.elementIndex()), "this"));
+            const unsigned productIndex = product.elementIndex();
+            if (productIndex != index)
+                return differ("an element at " + std::to_string(productIndex),
+                              "one at " + std::to_string(index));
             VPlug elementPlug = VPlug(plug).elementByLogicalIndex(index);
-            if (auto found = at(place, compare(product.outputValue(), elementPlug, element)))
-                return found;
+            if (auto found = compare(product.outputValue(), elementPlug, element))
+                return at("[" + std::to_string(index) + "]", found);
             product.next();
         }
         return {};
@@ -73,11 +73,10 @@ Difference compareClean(const VDataBlock& block, VPlug plug, const HostAttribute
         return differ(isClean ? "clean" : "dirty", model.isClean ? "clean" : "dirty");
     // The whole of an array has no children, only an element of it.
     VPlug above = plug.isArray() ? VPlug(plug).elementByLogicalIndex(0) : plug;
-    Difference found;
-    for (unsigned i = 0; i < model.children.size() && !found; ++i)
-        found =
-            at("." + std::to_string(i), compareClean(block, above.child(i), *model.children[i]));
-    return found;
+    for (unsigned i = 0; i < model.children.size(); ++i)
+        if (auto found = compareClean(block, above.child(i), *model.children[i]))
+            return at("." + std::to_string(i), found);
+    return {};
 }
 
 }  // namespace

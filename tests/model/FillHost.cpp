@@ -2,6 +2,7 @@
 
 #include "tests/support/HostData.h"
 
+#include <OpenVornik/VArrayDataBuilder.h>
 #include <OpenVornik/VArrayDataHandle.h>
 
 #include <cstring>
@@ -26,14 +27,21 @@ struct Filling {
             fillHost(handle.child(VPlug(plug).child(i)), VPlug(plug).child(i), children[i]);
     }
     void operator()(const HostArray& elements) const {
-        std::vector<unsigned> indices;
-        for (const auto& element : elements) indices.push_back(element.first);
-        TestSupport::setIndices(handle, indices);
+        giveIndices(elements);
         VArrayDataHandle array(handle);
         for (const auto& [index, element] : elements) {
             fillHost(array.outputValue(), VPlug(plug).elementByLogicalIndex(index), element);
             array.next();
         }
+    }
+
+    void giveIndices(const HostArray& elements) const {
+        VArrayDataHandle array(handle);
+        VArrayDataBuilder builder = array.builder();
+        for (const unsigned present : TestSupport::indicesOf(handle))
+            if (elements.count(present) == 0) builder.removeElement(present);
+        for (const auto& element : elements) builder.addElement(element.first);
+        array.set(builder);
     }
 };
 

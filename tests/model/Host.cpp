@@ -1,7 +1,5 @@
 #include "tests/model/Host.h"
 
-#include <iterator>
-
 namespace Model {
 namespace {
 
@@ -20,10 +18,8 @@ bool isWholeArray(const Plug& plug) {
 }
 
 DataHandle current(const ArrayHandle& array) {
-    if (!array.elements || array.position >= array.elements->size()) return {};
-    const auto element =
-        std::next(array.elements->begin(), static_cast<std::ptrdiff_t>(array.position));
-    return {array.attribute, &element->second};
+    if (!array.elements || array.current == array.elements->end()) return {};
+    return {array.attribute, &array.current->second};
 }
 
 }  // namespace
@@ -109,7 +105,8 @@ void Host::setDouble(const DataHandle& handle, Number number) {
 ArrayHandle Host::arrayHandle(const DataHandle& handle) {
     if (fails("VArrayDataHandle::VArrayDataHandle") || !handle.node) return {};
     auto* elements = std::get_if<HostArray>(&handle.node->content);
-    return elements ? ArrayHandle{handle.attribute, elements} : ArrayHandle();
+    if (!elements) return {};
+    return {handle.attribute, elements, elements->begin()};
 }
 
 unsigned Host::elementCount(const ArrayHandle& array) {
@@ -129,8 +126,8 @@ DataHandle Host::outputValue(const ArrayHandle& array) {
 
 bool Host::next(ArrayHandle& array) {
     if (fails("VArrayDataHandle::next") || !array.elements) return false;
-    if (array.position < array.elements->size()) ++array.position;
-    return array.position < array.elements->size();
+    if (array.current != array.elements->end()) ++array.current;
+    return array.current != array.elements->end();
 }
 
 ArrayBuilder Host::builder(const ArrayHandle& array) {
@@ -141,7 +138,7 @@ ArrayBuilder Host::builder(const ArrayHandle& array) {
 void Host::set(ArrayHandle& array, const ArrayBuilder& builder) {
     if (fails("VArrayDataHandle::set") || !array.elements || !builder.attribute) return;
     *array.elements = builder.elements;
-    array.position = 0;
+    array.current = array.elements->begin();
 }
 
 void Host::setAllClean(const ArrayHandle& array) {

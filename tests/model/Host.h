@@ -26,7 +26,7 @@ struct DataHandle {
 struct ArrayHandle {
     HostAttribute* attribute = nullptr;
     HostArray* elements = nullptr;
-    std::size_t position = 0;
+    HostArray::iterator current = {};
 };
 
 struct ArrayBuilder {
@@ -73,6 +73,9 @@ public:
 
     void displayError(const std::string& message);
     const std::vector<std::string>& messages() const noexcept { return m_messages; }
+
+    // How many calls were made to fail, up to now. Not a call either.
+    std::size_t failedCalls() const noexcept { return m_calls.failed().size(); }
 
 private:
     bool fails(std::string_view operation, long long index = -1, bool statusRequested = false);

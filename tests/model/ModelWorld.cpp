@@ -1,7 +1,6 @@
 #include "tests/model/ModelWorld.h"
 
 #include "tests/model/Host.h"
-#include "tests/model/Translation.h"
 
 namespace ModelTests {
 
@@ -13,6 +12,7 @@ ModelWorld::ModelWorld(const std::vector<PlannedPort>& ports) {
 
 Outcome ModelWorld::apply(const Step& step) {
     m_failed.clear();
+    m_walks.clear();
     return std::visit([&](const auto& kind) { return carryOut(kind); }, step);
 }
 
@@ -27,13 +27,13 @@ Outcome ModelWorld::translate(const std::vector<Failure>& failures, Translate tr
 
 Outcome ModelWorld::carryOut(const Read& step) {
     return translate(step.failures, [&](Host& host) {
-        return translateFromHost(host, step.type, m_holders[step.holder], step.place);
+        return translateFromHost(host, step.type, m_holders[step.holder], step.place, m_walks);
     });
 }
 
 Outcome ModelWorld::carryOut(const Write& step) {
     return translate(step.failures, [&](Host& host) {
-        return translateToHost(host, m_holders[step.holder], step.place);
+        return translateToHost(host, m_holders[step.holder], step.place, m_walks);
     });
 }
 

@@ -3,6 +3,7 @@
 
 #include "tests/model/HostData.h"
 #include "tests/model/Sequence.h"
+#include "tests/model/Translation.h"
 
 #include <array>
 #include <string_view>
@@ -18,8 +19,9 @@ public:
 
     const std::vector<Model::Port>& ports() const noexcept { return m_ports; }
     const std::array<Model::Holder, kHolders>& holders() const noexcept { return m_holders; }
-    // The operations that were made to fail, by the last step.
+    // The operations that the last step made fail, and the arrays that it walked.
     const std::vector<std::string_view>& failed() const noexcept { return m_failed; }
+    const Model::Walks& walks() const noexcept { return m_walks; }
 
 private:
     template <typename Translate>
@@ -35,6 +37,7 @@ private:
     std::vector<Model::Port> m_ports;
     std::array<Model::Holder, kHolders> m_holders;
     std::vector<std::string_view> m_failed;
+    Model::Walks m_walks;
 };
 
 }  // namespace ModelTests

@@ -6,31 +6,6 @@
 namespace Model {
 namespace {
 
-struct RecordRow {
-    std::string name;
-    std::vector<std::string> members;
-};
-
-const std::vector<RecordRow>& records() {
-    static const std::string matrix = "Math::double4x4";
-    static const std::string names = "array<string>";
-    static const std::string matrices = "array<Math::double4x4>";
-    static const std::string named = "Rigging::Module::NamedTransforms";
-    static const std::string pins = "Rigging::Module::Pins";
-    static const std::string joints = "Rigging::Module::InputsJoints";
-    static const std::string controls = "Rigging::Module::InputsControls";
-    static const std::vector<RecordRow> rows{
-        {"Core::Transform::Transform",
-         {matrix, matrix, matrix, matrix, matrix, matrix, matrix, matrix}},
-        {named, {names, "array<Core::Transform::Transform>"}},
-        {pins, {names, matrices}},
-        {joints, {names, matrices, named}},
-        {controls, {names, matrices, "array<double>", named}},
-        {"Rigging::Module::Inputs", {pins, joints, controls, controls, "Object", "Object"}},
-        {"Rigging::Module::Outputs", {"string", pins, named, named, named, "Object", "Object"}}};
-    return rows;
-}
-
 const std::map<std::string, Kind>& leaves() {
     static const std::map<std::string, Kind> kinds{{"double", Kind::Number},
                                                    {"string", Kind::Text},
@@ -48,7 +23,7 @@ Shape describe(const std::string& type) {
         const std::size_t length = type.size() - kArrayStart.size() - 1;
         return {type, Kind::Array, {&shapeOf(type.substr(kArrayStart.size(), length))}};
     }
-    for (const RecordRow& row : records()) {
+    for (const RecordRow& row : recordRows()) {
         if (row.name != type) continue;
         Shape shape{type, Kind::Record, {}};
         for (const std::string& member : row.members) shape.parts.push_back(&shapeOf(member));
@@ -69,8 +44,8 @@ const Shape& shapeOf(const std::string& type) {
 const std::vector<std::string>& carriedTypes() {
     static const std::vector<std::string> types = [] {
         std::vector<std::string> all;
-        for (const RecordRow& row : records()) all.push_back(row.name);
-        for (const RecordRow& row : records()) all.push_back(arrayOf(row.name));
+        for (const RecordRow& row : recordRows()) all.push_back(row.name);
+        for (const RecordRow& row : recordRows()) all.push_back(arrayOf(row.name));
         return all;
     }();
     return types;

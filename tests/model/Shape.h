@@ -1,4 +1,4 @@
-// The model's own table of what the graph's types are made of, by their names.
+// What the graph's types are made of, by their names.
 #pragma once
 
 #include <string>
@@ -15,10 +15,19 @@ struct Shape {
     std::vector<const Shape*> parts;
 };
 
+struct RecordRow {
+    std::string name;
+    // The names of their types, in order.
+    std::vector<std::string> members;
+};
+
+// Whoever links the model supplies the records.
+const std::vector<RecordRow>& recordRows();
+
 // Throws std::out_of_range where there is no such type.
 const Shape& shapeOf(const std::string& type);
 
-// The seven records, then the arrays of each.
+// The records, then the arrays of each.
 const std::vector<std::string>& carriedTypes();
 bool isCarried(const std::string& type);
 

@@ -16,9 +16,14 @@ std::size_t crossingMembers(const Shape& record) {
     return static_cast<std::size_t>(end - record.parts.begin());
 }
 
+bool isSparse(const ArrayHandle& array) {
+    return array.elements && !array.elements->empty() &&
+           array.elements->rbegin()->first >= array.elements->size();
+}
+
 class Reading {
 public:
-    explicit Reading(Host& host) : m_host(host) {}
+    Reading(Host& host, Walks& walks) : m_host(host), m_walks(walks) {}
 
     GraphValue read(const Shape& shape, const DataHandle& handle, const Plug& plug) {
         switch (shape.kind) {
@@ -53,23 +58,30 @@ private:
         ArrayHandle source = m_host.arrayHandle(handle);
         const unsigned count = m_host.elementCount(source);
         auto elements = std::make_shared<std::vector<GraphValue>>();
+        elements->reserve(count);
         while (elements->size() < count) elements->push_back(defaultValue(element));
+        Walk walk{Walk::Read, &element, count, isSparse(source)};
         for (unsigned k = 0; k < count; ++k) {
             const DataHandle elementHandle = m_host.inputValue(source);
             const bool isRecord = element.kind == Kind::Record;
             const Plug elementPlug = isRecord ? m_host.elementByLogicalIndex(plug, k) : Plug();
             (*elements)[k] = read(element, elementHandle, elementPlug);
-            if (!m_host.next(source)) break;
+            const std::size_t failedBefore = m_host.failedCalls();
+            const bool goesOn = m_host.next(source);
+            if (m_host.failedCalls() > failedBefore) walk.failedAt = k;
+            if (!goesOn) break;
         }
+        m_walks.push_back(walk);
         return elements;
     }
 
     Host& m_host;
+    Walks& m_walks;
 };
 
 class Writing {
 public:
-    explicit Writing(Host& host) : m_host(host) {}
+    Writing(Host& host, Walks& walks) : m_host(host), m_walks(walks) {}
 
     void write(const Shape& shape, const GraphValue& value, const DataHandle& handle,
                const Plug& plug) {
@@ -102,7 +114,7 @@ private:
 
     void writeArray(const Shape& element, const Array& array, const DataHandle& handle,
                     const Plug& plug) {
-        if (!array) return;
+        if (!array) return m_walks.push_back({Walk::LeaveAsNull, &element});
         ArrayHandle destination = m_host.arrayHandle(handle);
         if (m_host.elementCount(destination) == array->size())
             writeInPlace(element, *array, destination, plug);
@@ -113,9 +125,15 @@ private:
 
     void writeInPlace(const Shape& element, const std::vector<GraphValue>& values,
                       ArrayHandle& destination, const Plug& plug) {
+        m_walks.push_back(
+            {Walk::WriteInPlace, &element, values.size(), isSparse(destination)});
+        const std::size_t walk = m_walks.size() - 1;
         for (unsigned k = 0; k < values.size(); ++k) {
             const DataHandle handle = m_host.outputValue(destination);
-            if (!handle.node) throw Refusal{"Cannot get handle on array element !"};
+            if (!handle.node) {
+                m_walks[walk].failedAt = k;
+                throw Refusal{"Cannot get handle on array element !"};
+            }
             writeElement(element, values[k], handle, plug, k);
             m_host.next(destination);
         }
@@ -123,13 +141,18 @@ private:
 
     void rebuild(const Shape& element, const std::vector<GraphValue>& values,
                  ArrayHandle& destination, const Plug& plug) {
+        m_walks.push_back({Walk::Add, &element, values.size(), isSparse(destination)});
         ArrayBuilder builder = m_host.builder(destination);
         for (unsigned k = 0; k < values.size(); ++k)
             writeElement(element, values[k], m_host.addElement(builder, k), plug, k);
         const unsigned count = m_host.elementCount(builder);
-        for (auto i = static_cast<unsigned>(values.size()); i < count; ++i) {
-            if (!m_host.removeElement(builder, i))
-                throw Refusal{"Cannot remove element from array"};
+        const auto length = static_cast<unsigned>(values.size());
+        if (length < count)
+            m_walks.push_back({Walk::Remove, &element, count - length, isSparse(destination)});
+        for (unsigned i = length; i < count; ++i) {
+            if (m_host.removeElement(builder, i)) continue;
+            m_walks.back().failedAt = i - length;
+            throw Refusal{"Cannot remove element from array"};
         }
         m_host.set(destination, builder);
     }
@@ -142,23 +165,25 @@ private:
     }
 
     Host& m_host;
+    Walks& m_walks;
 };
 
 }  // namespace
 
-bool translateFromHost(Host& host, const std::string& type, Holder& holder, const Place& place) {
+bool translateFromHost(Host& host, const std::string& type, Holder& holder, const Place& place,
+                       Walks& walks) {
     const DataHandle handle = host.inputValue(place);
     if (!isCarried(type)) return false;
-    holder = HeldValue{type, Reading(host).read(shapeOf(type), handle, host.plugAt(place))};
+    holder = HeldValue{type, Reading(host, walks).read(shapeOf(type), handle, host.plugAt(place))};
     return true;
 }
 
-bool translateToHost(Host& host, const Holder& holder, const Place& place) {
+bool translateToHost(Host& host, const Holder& holder, const Place& place, Walks& walks) {
     const DataHandle handle = host.outputValue(place);
     if (!holder || !isCarried(holder->type)) return false;
     const Plug plug = host.plugAt(place);
     try {
-        Writing(host).write(shapeOf(holder->type), holder->value, handle, plug);
+        Writing(host, walks).write(shapeOf(holder->type), holder->value, handle, plug);
         host.setClean(host.attribute(plug));
     } catch (const Refusal& refusal) {
         host.displayError(refusal.message);

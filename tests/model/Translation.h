@@ -5,12 +5,29 @@
 #include "tests/model/GraphValue.h"
 #include "tests/model/Host.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Model {
 
-// Both give what the framework is answered.
-bool translateFromHost(Host& host, const std::string& type, Holder& holder, const Place& place);
-bool translateToHost(Host& host, const Holder& holder, const Place& place);
+// What was done with one array, for those who ask what sequences get to.
+struct Walk {
+    enum Kind { Read, LeaveAsNull, WriteInPlace, Add, Remove };
+
+    Kind kind;
+    const Shape* element;
+    // How many elements were to be read, written, added or removed.
+    std::size_t length = 0;
+    bool isSparse = false;
+    // The element whose reading, writing or removing the host was made to end.
+    std::optional<std::size_t> failedAt = {};
+};
+using Walks = std::vector<Walk>;
+
+// Both give what the framework is answered, and add to `walks`.
+bool translateFromHost(Host& host, const std::string& type, Holder& holder, const Place& place,
+                       Walks& walks);
+bool translateToHost(Host& host, const Holder& holder, const Place& place, Walks& walks);
 
 }  // namespace Model
