@@ -42,7 +42,7 @@ public:
         return status;
     }
 
-    const std::vector<Call>& calls() const noexcept { return m_calls; }
+    std::vector<Call> takeCalls() noexcept { return std::move(m_calls); }
     const std::vector<std::string_view>& failed() const noexcept { return m_failed; }
 
 private:

@@ -1,7 +1,7 @@
 #include "tests/model/Content.h"
 
 #include <algorithm>
-#include <cmath>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -9,7 +9,49 @@ namespace ModelTests {
 
 using namespace Model;
 
+namespace {
+
+constexpr unsigned kMostElements = 40;
+constexpr unsigned kMostRecords = 1000;
+
+bool mayBeLong(const Shape& element, unsigned length) {
+    return length <= kMostRecords || element.kind != Kind::Record;
+}
+
+}  // namespace
+
+unsigned longArrays(const Shape& shape, unsigned length) {
+    if (shape.kind == Kind::Array) return mayBeLong(*shape.parts[0], length) ? 1 : 0;
+    unsigned count = 0;
+    for (const Shape* member : shape.parts) count += longArrays(*member, length);
+    return count;
+}
+
 GraphValue Content::graphValue(const Shape& shape) {
+    begin();
+    return valueOf(shape);
+}
+
+GraphValue Content::longGraphValue(const Shape& shape, unsigned length) {
+    begin();
+    m_arraysBeforeLong = m_choices.below(longArrays(shape, length));
+    m_longLength = length;
+    m_elementsLeft = 0;
+    return valueOf(shape);
+}
+
+HostNode Content::hostNode(const HostAttribute& attribute) {
+    begin();
+    return nodeOf(attribute);
+}
+
+void Content::begin() {
+    m_leaves += m_choices.below(64);
+    m_elementsLeft = kMostElements;
+    m_isShallow = m_choices.oneIn(2);
+}
+
+GraphValue Content::valueOf(const Shape& shape) {
     switch (shape.kind) {
         case Kind::Number:
             return {number()};
@@ -25,25 +67,33 @@ GraphValue Content::graphValue(const Shape& shape) {
             break;
     }
     Record members;
-    for (const Shape* member : shape.parts) members.push_back(graphValue(*member));
+    for (const Shape* member : shape.parts) members.push_back(valueOf(*member));
     return {std::move(members)};
 }
 
 Array Content::graphArray(const Shape& element) {
-    if (m_choices.oneIn(8)) return nullptr;
+    const bool isCandidate = m_depth == 0 && m_longLength > 0 && mayBeLong(element, m_longLength);
+    const bool isLong = isCandidate && m_arraysBeforeLong-- == 0;
+    if (!isLong && m_choices.oneIn(8)) return nullptr;
     auto elements = std::make_shared<std::vector<GraphValue>>();
-    for (unsigned count = length(); count > 0; --count) elements->push_back(graphValue(element));
+    const unsigned count = isLong ? std::exchange(m_longLength, 0) : length();
+    ++m_depth;
+    while (elements->size() < count) elements->push_back(valueOf(element));
+    --m_depth;
     return elements;
 }
 
-HostNode Content::hostNode(const HostAttribute& attribute) {
-    if (!attribute.isArray) return hostElement(attribute);
+HostNode Content::nodeOf(const HostAttribute& attribute) {
+    if (!attribute.isArray) return elementOf(attribute);
     HostArray elements;
-    for (const unsigned index : logicalIndices()) elements.emplace(index, hostElement(attribute));
+    const std::set<unsigned> indices = logicalIndices();
+    ++m_depth;
+    for (const unsigned index : indices) elements.emplace(index, elementOf(attribute));
+    --m_depth;
     return {std::move(elements)};
 }
 
-HostNode Content::hostElement(const HostAttribute& attribute) {
+HostNode Content::elementOf(const HostAttribute& attribute) {
     switch (attribute.shape->kind) {
         case Kind::Number:
             return {number()};
@@ -58,7 +108,7 @@ HostNode Content::hostElement(const HostAttribute& attribute) {
             break;
     }
     Compound children;
-    for (const auto& child : attribute.children) children.push_back(hostNode(*child));
+    for (const auto& child : attribute.children) children.push_back(nodeOf(*child));
     return {std::move(children)};
 }
 
@@ -79,27 +129,41 @@ std::set<unsigned> Content::logicalIndices() {
 
 unsigned Content::length() {
     static constexpr unsigned kLengths[] = {0, 1, 2, 3, 2, 1, 0, 2, 3, 4, 1, 2, 5, 3, 1};
+    if (m_isShallow && m_depth > 0) return 0;
     const unsigned choice = m_choices.below(64);
-    const unsigned wanted = choice < 63 ? kLengths[choice % 15] : 6 + m_choices.below(200);
+    const unsigned wanted = choice < 60 ? kLengths[choice % 15] : 15 + m_choices.below(3);
     const unsigned given = std::min(wanted, m_elementsLeft);
     m_elementsLeft -= given;
     return given;
 }
 
+// By their bits, because a NaN may lose its own on the way through a double.
 Number Content::number() {
-    static const double kSpecial[] = {0.0, -0.0, std::numeric_limits<double>::denorm_min(),
-                                      -std::numeric_limits<double>::infinity(),
-                                      std::nan("0x4000000000abc")};
+    static constexpr Number kSpecial[] = {
+        0x0000000000000000, 0x8000000000000000,  // zeros
+        0x7ff0000000000000, 0xfff0000000000000,  // infinities
+        0x0000000000000001, 0x800fffffffffffff,  // denormals
+        0x7ff8000000000abc, 0xfff8000000000001,  // quiet NaNs
+        0x7ff0000000000001,                      // a signalling NaN
+        0x7fefffffffffffff, 0x0010000000000000,  // the greatest number, the least normal one
+        0x3ff0000000000001, 0x433fffffffffffff,  // just above 1, the greatest that is odd
+    };
     const unsigned leaf = ++m_leaves;
-    return numberOf(leaf % 17 == 3 ? kSpecial[leaf / 17 % 5] : leaf + 0.25);
+    if (leaf % 8 == 3) return kSpecial[leaf / 8 % std::size(kSpecial)];
+    return numberOf(leaf + 0.1);  // which no float holds
 }
 
+// Around the sizes of buffers and counters that texts might be squeezed into, with any bytes.
 std::string Content::text() {
+    static constexpr unsigned kLengths[] = {0,   15,  16,  17,  1,   63,  64, 65,
+                                            126, 127, 128, 255, 256, 257, 300};
     const unsigned leaf = ++m_leaves;
-    if (leaf % 11 == 5) return "";
-    std::string text = "text " + std::to_string(leaf);
-    if (leaf % 3 == 0) text += " of more than a few characters, \xc3\xa9 and \xff among them";
-    return text;
+    const std::string text = "text " + std::to_string(leaf);
+    if (leaf % 4 == 1) return " \t" + text + "\n ";
+    if (leaf % 4 != 3) return text;
+    std::string bytes(kLengths[leaf / 4 % std::size(kLengths)], ' ');
+    for (unsigned i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(1 + (leaf + i) % 255);
+    return bytes;
 }
 
 Matrix Content::matrix() {

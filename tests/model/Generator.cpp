@@ -8,14 +8,28 @@ namespace {
 using namespace Model;
 
 constexpr std::size_t kMostSteps = 40;
+constexpr std::size_t kMostLongSteps = 10;
+constexpr unsigned kLong = 257;
+constexpr unsigned kVeryLong = 65537;
+
+// A range of the failing operations.
+struct Calls {
+    unsigned first;
+    unsigned count;
+};
+constexpr Calls kWriting{0, 20};
+constexpr Calls kReading{13, 11};
 
 class Generator {
 public:
     explicit Generator(Choices& choices) : m_choices(choices), m_content(choices) {}
 
     Sequence sequence() {
-        addPorts();
-        while (m_sequence.steps.size() < kMostSteps) {
+        const unsigned length = longLength(m_choices);
+        const unsigned failing = length == 0 && m_choices.oneIn(8) ? 1 + m_choices.below(3) : 0;
+        addPorts(failing > 0 ? 3 : length);
+        if (length > 0 || failing > 0) goThereAndBack(failing > 0 ? 3 : length, failing);
+        while (m_sequence.steps.size() < (length > 0 ? kMostLongSteps : kMostSteps)) {
             m_choices.beginPart();
             if (m_choices.below(25) == 0) break;
             m_sequence.steps.push_back(step());
@@ -24,11 +38,37 @@ public:
     }
 
 private:
-    void addPorts() {
+    void addPorts(unsigned length) {
         for (unsigned count = 1 + m_choices.below(3); count > 0; --count) {
-            m_sequence.ports.push_back({carriedType(), !m_choices.oneIn(3)});
-            m_ports.push_back(makePort(m_sequence.ports.back().type, true));
+            const std::string& type = m_ports.empty() ? typeWithLongArray(length) : carriedType();
+            m_sequence.ports.push_back({type, !m_choices.oneIn(3)});
+            m_ports.push_back(makePort(type, true));
         }
+    }
+
+    // The chosen one, or the next in the list that may have so many elements.
+    const std::string& typeWithLongArray(unsigned length) {
+        const std::vector<std::string>& types = carriedTypes();
+        std::size_t i = m_choices.below(static_cast<unsigned>(types.size()));
+        while (length > 0 && longArrays(shapeOf(types[i]), length) == 0) i = (i + 1) % types.size();
+        return types[i];
+    }
+
+    // Writes an array of `length` by growing and in place, reads it, and writes an empty one. The
+    // host ends each walk at the element that is `failing`, counted from 1, unless that is 0.
+    void goThereAndBack(unsigned length, unsigned failing) {
+        const std::string& type = m_sequence.ports[0].type;
+        const Shape& shape = shapeOf(type);
+        const auto at = [&](std::string_view operation) {
+            return failing > 0 ? std::vector{Failure{operation, failing, 1}}
+                               : std::vector<Failure>();
+        };
+        m_sequence.steps = {Make{0, HeldValue{type, m_content.longGraphValue(shape, length)}},
+                            Write{0, {}, {}},
+                            Write{0, {}, at("VArrayDataHandle::outputValue")},
+                            Read{type, {}, 1, at("VArrayDataHandle::next")},
+                            Make{0, HeldValue{type, defaultValue(shape)}},
+                            Write{0, {}, at("VArrayDataBuilder::removeElement")}};
     }
 
     Step step() {
@@ -45,12 +85,16 @@ private:
         const Place at = place();
         std::string type = typeAt(at);
         if (m_choices.oneIn(5)) type = m_choices.oneIn(8) ? uncarriedType() : carriedType();
-        return Read{type, at, holder(), failures()};
+        return Read{type, at, holder(), failures(kReading)};
     }
 
     Step write() {
-        const std::size_t from = holder();
-        return Write{from, place(), failures()};
+        // The same again, which is in place by now.
+        if (m_isWritten && m_choices.oneIn(3)) return Write{m_from, m_to, failures(kWriting)};
+        m_isWritten = true;
+        m_from = holder();
+        m_to = place();
+        return Write{m_from, m_to, failures(kWriting)};
     }
 
     Step fill() {
@@ -97,13 +141,14 @@ private:
         return isCarried(shape->name) ? shape->name : m_sequence.ports[place.port].type;
     }
 
-    std::vector<Failure> failures() {
+    // Every other failure is early, as most arrays are short.
+    std::vector<Failure> failures(const Calls& calls) {
         std::vector<Failure> failures;
-        while (failures.size() < 3 && m_choices.oneIn(3)) {
-            const auto& operations = failingOperations();
-            const auto count = static_cast<unsigned>(operations.size());
-            const std::string_view operation = operations[m_choices.below(count)];
-            const unsigned nth = 1 + m_choices.below(1u << m_choices.below(8));
+        while (failures.size() < 3 && m_choices.oneIn(2)) {
+            const std::string_view operation =
+                failingOperations()[calls.first + m_choices.below(calls.count)];
+            const unsigned most = m_choices.oneIn(2) ? 3 : 1u << m_choices.below(8);
+            const unsigned nth = 1 + m_choices.below(most);
             failures.push_back({operation, nth, 1 + static_cast<int>(m_choices.below(3))});
         }
         return failures;
@@ -112,10 +157,12 @@ private:
     std::size_t port() { return m_choices.below(static_cast<unsigned>(m_sequence.ports.size())); }
     std::size_t holder() { return m_choices.below(kHolders); }
 
-    const std::string& carriedType() { return carriedTypes()[m_choices.below(14)]; }
+    const std::string& carriedType() {
+        return carriedTypes()[m_choices.below(static_cast<unsigned>(carriedTypes().size()))];
+    }
     std::string uncarriedType() {
-        static constexpr const char* kTypes[] = {"double", "array<Math::double4x4>",
-                                                 "array<array<Rigging::Module::Pins>>", "Object"};
+        static const std::string kTypes[] = {"double", "array<Math::double4x4>",
+                                             "array<" + carriedTypes().back() + ">", "Object"};
         return kTypes[m_choices.below(4)];
     }
 
@@ -124,37 +171,46 @@ private:
     Sequence m_sequence;
     // For their shape.
     std::vector<Port> m_ports;
+    // What was written last, and where.
+    bool m_isWritten = false;
+    std::size_t m_from = 0;
+    Place m_to;
 };
 
 }  // namespace
 
+unsigned longLength(Choices& choices) {
+    if (!choices.oneIn(128)) return 0;
+    return (choices.oneIn(16) ? kVeryLong : kLong) - choices.below(3);
+}
+
 Sequence makeSequence(Choices& choices) { return Generator(choices).sequence(); }
 
 const std::vector<std::string_view>& failingOperations() {
-    static const std::vector<std::string_view> operations{"VArrayDataHandle::next",
-                                                          "VArrayDataHandle::outputValue",
-                                                          "VArrayDataBuilder::removeElement",
-                                                          "VArrayDataBuilder::addElement",
+    static const std::vector<std::string_view> operations{"VArrayDataBuilder::addElement",
                                                           "VArrayDataBuilder::elementCount",
-                                                          "VArrayDataHandle::VArrayDataHandle",
                                                           "VArrayDataHandle::builder",
-                                                          "VArrayDataHandle::elementCount",
-                                                          "VArrayDataHandle::inputValue",
                                                           "VArrayDataHandle::set",
                                                           "VArrayDataHandle::setAllClean",
-                                                          "VDataBlock::inputValue",
                                                           "VDataBlock::outputValue",
                                                           "VDataBlock::setClean",
-                                                          "VDataHandle::asDouble",
-                                                          "VDataHandle::asMatrix",
-                                                          "VDataHandle::asString",
-                                                          "VDataHandle::child",
                                                           "VDataHandle::setDouble",
                                                           "VDataHandle::setString",
                                                           "VGlobal::displayError",
                                                           "VPlug::attribute",
+                                                          "VArrayDataBuilder::removeElement",
+                                                          "VArrayDataHandle::outputValue",
+                                                          "VArrayDataHandle::next",
+                                                          "VArrayDataHandle::VArrayDataHandle",
+                                                          "VArrayDataHandle::elementCount",
+                                                          "VDataHandle::asMatrix",
+                                                          "VDataHandle::child",
                                                           "VPlug::child",
-                                                          "VPlug::elementByLogicalIndex"};
+                                                          "VPlug::elementByLogicalIndex",
+                                                          "VArrayDataHandle::inputValue",
+                                                          "VDataBlock::inputValue",
+                                                          "VDataHandle::asDouble",
+                                                          "VDataHandle::asString"};
     return operations;
 }
 

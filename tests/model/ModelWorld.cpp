@@ -22,7 +22,7 @@ Outcome ModelWorld::translate(const std::vector<Failure>& failures, Translate tr
     Host host(m_ports, calls);
     const bool result = translate(host);
     m_failed = calls.failed();
-    return {result, host.messages(), calls.calls()};
+    return {result, host.messages(), calls.takeCalls()};
 }
 
 Outcome ModelWorld::carryOut(const Read& step) {

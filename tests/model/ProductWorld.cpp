@@ -81,7 +81,7 @@ Outcome ProductWorld::translate(const Place& place, const std::vector<Model::Fai
     CallLog calls(failures);
     const Observer observer(calls);
     const bool result = translate(context);
-    return {result, errors.messages(), calls.calls()};
+    return {result, errors.messages(), calls.takeCalls()};
 }
 
 Outcome ProductWorld::carryOut(const Read& step) {

@@ -125,8 +125,7 @@ private:
 
     void writeInPlace(const Shape& element, const std::vector<GraphValue>& values,
                       ArrayHandle& destination, const Plug& plug) {
-        m_walks.push_back(
-            {Walk::WriteInPlace, &element, values.size(), isSparse(destination)});
+        m_walks.push_back({Walk::WriteInPlace, &element, values.size(), isSparse(destination)});
         const std::size_t walk = m_walks.size() - 1;
         for (unsigned k = 0; k < values.size(); ++k) {
             const DataHandle handle = m_host.outputValue(destination);
@@ -141,7 +140,8 @@ private:
 
     void rebuild(const Shape& element, const std::vector<GraphValue>& values,
                  ArrayHandle& destination, const Plug& plug) {
-        m_walks.push_back({Walk::Add, &element, values.size(), isSparse(destination)});
+        if (!destination.elements || values.size() > destination.elements->size())
+            m_walks.push_back({Walk::Grow, &element, values.size(), isSparse(destination)});
         ArrayBuilder builder = m_host.builder(destination);
         for (unsigned k = 0; k < values.size(); ++k)
             writeElement(element, values[k], m_host.addElement(builder, k), plug, k);

@@ -13,14 +13,14 @@ namespace Model {
 
 // What was done with one array, for those who ask what sequences get to.
 struct Walk {
-    enum Kind { Read, LeaveAsNull, WriteInPlace, Add, Remove };
+    enum Kind { Read, LeaveAsNull, WriteInPlace, Grow, Remove };
 
     Kind kind;
     const Shape* element;
-    // How many elements were to be read, written, added or removed.
+    // How many elements were to be read, written or removed.
     std::size_t length = 0;
     bool isSparse = false;
-    // The element whose reading, writing or removing the host was made to end.
+    // The element, counted from 0, at which the host ended it.
     std::optional<std::size_t> failedAt = {};
 };
 using Walks = std::vector<Walk>;
