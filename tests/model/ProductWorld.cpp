@@ -1,7 +1,6 @@
 #include "tests/model/ProductWorld.h"
 
-#include "tests/model/FillHost.h"
-#include "tests/model/MakeHolder.h"
+#include "tests/model/GiveContent.h"
 #include "tests/support/ShownErrors.h"
 
 #include <OpenVornik/Testing/CallObserver.h>
