@@ -17,8 +17,13 @@ std::string textOf(const HostArray::value_type& element) {
 
 template <typename Values>
 std::string listOf(const Values& values) {
+    constexpr std::size_t kMost = 300;
     std::string list;
-    for (const auto& value : values) list += (list.empty() ? "" : ", ") + textOf(value);
+    std::size_t told = 0;
+    for (const auto& value : values) {
+        if (told++ == kMost) return list + ", ... " + std::to_string(values.size()) + " in all";
+        list += (list.empty() ? "" : ", ") + textOf(value);
+    }
     return list;
 }
 
