@@ -214,7 +214,8 @@ TEST(Generator, MakesOddNumbersAndTextsForGraphAndHost) {
         for (const double odd : {-0.0, Limits::denorm_min(), Limits::max(), -Limits::infinity()})
             EXPECT_EQ(some.numbers.count(Model::numberOf(odd)), 1u) << odd;
         EXPECT_EQ(some.numbers.count(0x7ff8000000000abc), 1u) << "a NaN";
-        for (const std::size_t length : {0, 1, 15, 16, 63, 64, 65, 127, 128, 255, 256, 257, 300})
+        for (const unsigned length :
+             {0u, 1u, 15u, 16u, 63u, 64u, 65u, 127u, 128u, 255u, 256u, 257u, 300u})
             EXPECT_EQ(some.textLengths.count(length), 1u) << length;
         EXPECT_EQ(some.bytes.size(), 255u);
         EXPECT_EQ(some.bytes.count('\0'), 0u);
