@@ -59,9 +59,10 @@ TEST_F(SupportedTypeNames, ReplaceWhatTheArrayHeld) {
 
 TEST_F(SupportedTypeNames, TakeOneBufferForEachCapacityAndKeepTheLast) {
     Names own;
+    const std::uint64_t buffers = buffersOfNames();
     const AllocationCount count;
     giveInto(own);
-    EXPECT_EQ(count.allocations(), buffersOfNames());
+    EXPECT_EQ(count.allocations(), buffers);
     EXPECT_EQ(count.outstanding(), 1);
 }
 
