@@ -1,7 +1,7 @@
 // The calls of the host that each shape of operation makes, in full and in order, for a person to
 // check by eye. What they are for every type, every failure and any data, the model says.
-#include "tests/convert/Translators.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HeldTranslators.h"
 #include "tests/support/HostPort.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ using namespace TestSupport;
 
 using Lines = CallRecorder::Lines;
 
-TEST(HostCalls, OfReadingARecord) {
+TEST(ReadPins, TakesEachChildAndThenEachElement) {
     auto port = HostPort::ofRecord<Pins>();
     setIndices(port.childHandle(0), {0, 4});
     Pins record;
@@ -43,7 +43,7 @@ Lines callsOfWriting(const Pelmor::SharedArray<Pelmor::String>& array, HostPort 
     return calls.take();
 }
 
-TEST(HostCalls, OfWritingAnArrayInPlace) {
+TEST(WriteStringArray, TakesEachElementWhereTheLengthsAreEqual) {
     EXPECT_EQ(
         callsOfWriting(texts({"a", "b"}), HostPort::ofArray<Pelmor::String>({0, 1})),
         (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
@@ -54,7 +54,7 @@ TEST(HostCalls, OfWritingAnArrayInPlace) {
                "VArrayDataHandle::setAllClean value"}));
 }
 
-TEST(HostCalls, OfWritingAnArrayThatGrows) {
+TEST(WriteStringArray, AddsEachElementToABuilderWhereItGrows) {
     EXPECT_EQ(
         callsOfWriting(texts({"a", "b"}), HostPort::ofArray<Pelmor::String>({0})),
         (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
@@ -64,7 +64,7 @@ TEST(HostCalls, OfWritingAnArrayThatGrows) {
                "VArrayDataHandle::set value value", "VArrayDataHandle::setAllClean value"}));
 }
 
-TEST(HostCalls, OfWritingAnArrayThatShrinks) {
+TEST(WriteStringArray, RemovesWhatIsSurplusFromABuilderWhereItShrinks) {
     EXPECT_EQ(
         callsOfWriting(texts({"a"}), HostPort::ofArray<Pelmor::String>({0, 1, 2})),
         (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
@@ -77,7 +77,7 @@ TEST(HostCalls, OfWritingAnArrayThatShrinks) {
 
 // Children come from a child plug, elements that are records from an element plug at their
 // position, whatever their logical index.
-TEST(HostCalls, OfReadingAnArrayOfRecords) {
+TEST(ReadTransformArray, TakesThePlugOfEachElementByPosition) {
     auto port = HostPort::ofArray<Transform>({6, 8});
     Pelmor::SharedArray<Transform> array;
     CallRecorder calls;

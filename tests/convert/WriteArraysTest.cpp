@@ -1,7 +1,7 @@
-// The array writers: what the host's array holds afterwards, and how it got there.
-#include "tests/convert/ErrorMessage.h"
-#include "tests/convert/Translators.h"
+// The array writers: what the host's array holds afterwards, and which failures end a write.
 #include "tests/support/CallRecorder.h"
+#include "tests/support/ErrorMessage.h"
+#include "tests/support/HeldTranslators.h"
 #include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
@@ -16,29 +16,36 @@ using namespace TestSupport;
 using Indices = std::vector<unsigned>;
 using Lines = CallRecorder::Lines;
 
+constexpr const char* kNoHandle = "Cannot get handle on array element !";
+constexpr const char* kNoRemoval = "Cannot remove element from array";
+constexpr VStatus::Code kFailures[] = {VStatus::kFailure, VStatus::kInvalidParameter,
+                                       VStatus::kNotFound};
+
 template <typename Element>
 class WriteArray : public testing::Test {
 protected:
     static void write(const Pelmor::SharedArray<Element>& array, HostPort& port) {
         Translators<Element>::writeArray(array, port.handle, port.plug);
     }
-
-    // The calls on the array itself, without those on what is in its elements.
-    static Lines arrayCalls(const CallRecorder& calls) {
-        Lines lines;
-        for (const std::string& line : calls.lines()) {
-            const std::string rest = line.substr(line.find(' ') + 1);
-            if (line.find("VArrayData") == 0 && rest.substr(0, rest.find(' ')) == "value")
-                lines.push_back(line);
-        }
-        return lines;
+    static std::string messageOfWriting(unsigned length, HostPort& port) {
+        return errorMessageOf([&] { write(numberedElements<Element>(length), port); });
     }
-
-    static Lines elementPlugs(const CallRecorder& calls) {
-        Lines lines;
-        for (const std::string& line : calls.lines())
-            if (line.find("VPlug::elementByLogicalIndex node.value ") == 0) lines.push_back(line);
-        return lines;
+    // That `length` elements go to a host that has some at `indices`, and are all it has then.
+    static void expectWritten(unsigned length, const Indices& indices, const Indices& afterwards) {
+        auto port = HostPort::ofNumberedArray<Element>(indices, 500);
+        write(numberedElements<Element>(length), port);
+        EXPECT_EQ(port.indices(), afterwards);
+        EXPECT_EQ(port.leaves(), leavesOf(numberedElements<Element>(length)));
+        EXPECT_TRUE(port.isClean());
+    }
+    // That the host's array stays as it is, because an index that is to be removed is not there.
+    static void expectRefused(unsigned length, const Indices& indices) {
+        auto port = HostPort::ofNumberedArray<Element>(indices, 500);
+        const Leaves before = port.leaves();
+        EXPECT_EQ(messageOfWriting(length, port), kNoRemoval);
+        EXPECT_EQ(port.indices(), indices);
+        EXPECT_EQ(port.leaves(), before);
+        EXPECT_FALSE(port.isClean());
     }
 };
 TYPED_TEST_SUITE(WriteArray, ElementTypes, NameOfType);
@@ -64,146 +71,41 @@ TYPED_TEST(WriteArray, EmptyToEmptyMarksItCleanAndTouchesNoElement) {
     EXPECT_TRUE(port.isClean());
 }
 
-TYPED_TEST(WriteArray, EmptyToThreeRemovesAll) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2});
-    CallRecorder calls;
-    this->write(Pelmor::makePtr<Pelmor::Array<TypeParam>>(), port);
-    EXPECT_EQ(
-        calls.lines(),
-        (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
-               "VArrayDataHandle::builder value", "VArrayDataBuilder::elementCount value",
-               "VArrayDataBuilder::removeElement value 0",
-               "VArrayDataBuilder::removeElement value 1",
-               "VArrayDataBuilder::removeElement value 2", "VArrayDataHandle::set value value",
-               "VArrayDataHandle::setAllClean value"}));
-    EXPECT_EQ(port.indices(), Indices{});
-    EXPECT_TRUE(port.isClean());
+TYPED_TEST(WriteArray, FollowsTheHostsOrderWhereTheLengthsAreEqual) {
+    this->expectWritten(3, {0, 1, 2}, {0, 1, 2});
+    this->expectWritten(3, {0, 5, 9}, {0, 5, 9});
 }
 
-TYPED_TEST(WriteArray, FiveToThreeAddsAndRemovesNothing) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2}, 500);
-    CallRecorder calls;
-    this->write(numberedElements<TypeParam>(5), port);
-    EXPECT_EQ(
-        this->arrayCalls(calls),
-        (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
-               "VArrayDataHandle::builder value", "VArrayDataBuilder::addElement value 0",
-               "VArrayDataBuilder::addElement value 1", "VArrayDataBuilder::addElement value 2",
-               "VArrayDataBuilder::addElement value 3", "VArrayDataBuilder::addElement value 4",
-               "VArrayDataBuilder::elementCount value", "VArrayDataHandle::set value value",
-               "VArrayDataHandle::setAllClean value"}));
-    EXPECT_EQ(port.indices(), (Indices{0, 1, 2, 3, 4}));
-    EXPECT_EQ(port.leaves(), leavesOf(numberedElements<TypeParam>(5)));
-    EXPECT_TRUE(port.isClean());
-}
-
-TYPED_TEST(WriteArray, TwoToFourWritesTwoAndRemovesTwo) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2, 3}, 500);
-    CallRecorder calls;
-    this->write(numberedElements<TypeParam>(2), port);
-    EXPECT_EQ(
-        this->arrayCalls(calls),
-        (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
-               "VArrayDataHandle::builder value", "VArrayDataBuilder::addElement value 0",
-               "VArrayDataBuilder::addElement value 1", "VArrayDataBuilder::elementCount value",
-               "VArrayDataBuilder::removeElement value 2",
-               "VArrayDataBuilder::removeElement value 3", "VArrayDataHandle::set value value",
-               "VArrayDataHandle::setAllClean value"}));
-    EXPECT_EQ(port.indices(), (Indices{0, 1}));
-    EXPECT_EQ(port.leaves(), leavesOf(numberedElements<TypeParam>(2)));
-    EXPECT_TRUE(port.isClean());
-}
-
-TYPED_TEST(WriteArray, OfTheSameLengthGoesInPlace) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 1}, 500);
-    CallRecorder calls;
-    this->write(numberedElements<TypeParam>(2), port);
-    EXPECT_EQ(
-        this->arrayCalls(calls),
-        (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
-               "VArrayDataHandle::outputValue value with status", "VArrayDataHandle::next value",
-               "VArrayDataHandle::outputValue value with status", "VArrayDataHandle::next value",
-               "VArrayDataHandle::setAllClean value"}));
-    EXPECT_EQ(port.leaves(), leavesOf(numberedElements<TypeParam>(2)));
-    EXPECT_TRUE(port.isClean());
-}
-
-TYPED_TEST(WriteArray, ToSparseElementsOfTheSameNumberFollowsTheirOrder) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 5, 9}, 500);
-    this->write(numberedElements<TypeParam>(3), port);
-    EXPECT_EQ(port.indices(), (Indices{0, 5, 9}));
-    EXPECT_EQ(port.leaves(), leavesOf(numberedElements<TypeParam>(3)));
-    EXPECT_TRUE(port.isClean());
-}
-
-TYPED_TEST(WriteArray, ToSparseElementsTakesElementPlugsByPosition) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 5, 9}, 500);
-    CallRecorder calls;
-    this->write(numberedElements<TypeParam>(3), port);
-    EXPECT_EQ(this->elementPlugs(calls),
-              kIsPlain<TypeParam> ? Lines{}
-                                  : (Lines{"VPlug::elementByLogicalIndex node.value 0",
-                                           "VPlug::elementByLogicalIndex node.value 1",
-                                           "VPlug::elementByLogicalIndex node.value 2"}));
-}
-
-TYPED_TEST(WriteArray, TakesElementPlugsByIndexWhenItRebuilds) {
-    auto port = HostPort::ofArray<TypeParam>();
-    CallRecorder calls;
-    this->write(numberedElements<TypeParam>(2), port);
-    EXPECT_EQ(this->elementPlugs(calls),
-              kIsPlain<TypeParam> ? Lines{}
-                                  : (Lines{"VPlug::elementByLogicalIndex node.value 0",
-                                           "VPlug::elementByLogicalIndex node.value 1"}));
-}
-
-TYPED_TEST(WriteArray, RemovesBySurplusIndexWhereSparseElementsAllowIt) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 2, 3}, 500);
-    this->write(numberedElements<TypeParam>(2), port);
-    EXPECT_EQ(port.indices(), (Indices{0, 1}));
-    EXPECT_EQ(port.leaves(), leavesOf(numberedElements<TypeParam>(2)));
-    EXPECT_TRUE(port.isClean());
-}
-
-TYPED_TEST(WriteArray, FillsTheGapsOfSparseElements) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({1, 3}, 500);
-    this->write(numberedElements<TypeParam>(4), port);
-    EXPECT_EQ(port.indices(), (Indices{0, 1, 2, 3}));
-    EXPECT_EQ(port.leaves(), leavesOf(numberedElements<TypeParam>(4)));
+TYPED_TEST(WriteArray, AddsAndRemovesByLogicalIndexWhereTheLengthsDiffer) {
+    this->expectWritten(5, {0, 1, 2}, {0, 1, 2, 3, 4});
+    this->expectWritten(2, {0, 1, 2, 3}, {0, 1});
+    this->expectWritten(0, {0, 1, 2}, {});
+    this->expectWritten(4, {1, 3}, {0, 1, 2, 3});
+    this->expectWritten(2, {0, 2, 3}, {0, 1});
 }
 
 TYPED_TEST(WriteArray, FailsWhereASurplusIndexIsNotThere) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 5, 9}, 500);
-    const Leaves before = port.leaves();
-    CallRecorder calls;
-    EXPECT_EQ(errorMessageOf([&] { this->write(numberedElements<TypeParam>(2), port); }),
-              "Cannot remove element from array");
-    EXPECT_EQ(
-        this->arrayCalls(calls),
-        (Lines{"VArrayDataHandle::VArrayDataHandle value", "VArrayDataHandle::elementCount value",
-               "VArrayDataHandle::builder value", "VArrayDataBuilder::addElement value 0",
-               "VArrayDataBuilder::addElement value 1", "VArrayDataBuilder::elementCount value",
-               "VArrayDataBuilder::removeElement value 2"}));
-    EXPECT_EQ(port.indices(), (Indices{0, 5, 9}));
-    EXPECT_EQ(port.leaves(), before);
-    EXPECT_FALSE(port.isClean());
+    this->expectRefused(2, {0, 5, 9});
+    this->expectRefused(2, {0, 2, 9});
+    this->expectRefused(3, {7});
 }
 
-TYPED_TEST(WriteArray, FailsAtTheSecondSurplusIndexThatIsNotThere) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 2, 9}, 500);
-    CallRecorder calls;
-    EXPECT_EQ(errorMessageOf([&] { this->write(numberedElements<TypeParam>(2), port); }),
-              "Cannot remove element from array");
-    EXPECT_EQ(this->arrayCalls(calls).back(), "VArrayDataBuilder::removeElement value 3");
-    EXPECT_EQ(port.indices(), (Indices{0, 2, 9}));
+TYPED_TEST(WriteArray, FailsForAnyStatusOfAnElementsHandleButSuccess) {
+    for (const VStatus::Code code : kFailures) {
+        auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2}, 500);
+        CallRecorder calls;
+        calls.fail("VArrayDataHandle::outputValue", 1, code);
+        EXPECT_EQ(this->messageOfWriting(3, port), kNoHandle);
+    }
 }
 
-TYPED_TEST(WriteArray, GrowingFailsWhereAnElementLiesBeyondTheNewEnd) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({7}, 500);
-    EXPECT_EQ(errorMessageOf([&] { this->write(numberedElements<TypeParam>(3), port); }),
-              "Cannot remove element from array");
-    EXPECT_EQ(port.indices(), (Indices{7}));
-    EXPECT_FALSE(port.isClean());
+TYPED_TEST(WriteArray, FailsForAnyStatusOfARemovalButSuccess) {
+    for (const VStatus::Code code : kFailures) {
+        auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2, 3}, 500);
+        CallRecorder calls;
+        calls.fail("VArrayDataBuilder::removeElement", 1, code);
+        EXPECT_EQ(this->messageOfWriting(3, port), kNoRemoval);
+    }
 }
 
 TYPED_TEST(WriteArray, FollowsTheLengthsOfOneWriteAfterTheOther) {
@@ -212,6 +114,30 @@ TYPED_TEST(WriteArray, FollowsTheLengthsOfOneWriteAfterTheOther) {
         this->write(numberedElements<TypeParam>(length, length), port);
         EXPECT_EQ(port.leaves(), leavesOf(numberedElements<TypeParam>(length, length)));
     }
+}
+
+TEST(WriteDoubleArray, MarksTheArrayCleanWhereTheHostDoesNotTakeTheBuilder) {
+    auto port = HostPort::ofNumberedArray<double>({0, 1}, 500);
+    const Leaves before = port.leaves();
+    {
+        CallRecorder calls;
+        calls.fail("VArrayDataHandle::set");
+        writeDoubleArray(numberedElements<double>(3), port.handle, port.plug);
+    }
+    EXPECT_EQ(port.leaves(), before);
+    EXPECT_TRUE(port.isClean());
+}
+
+TEST(WritePins, MarksOnlyTheArraysCleanThatWereWrittenBeforeAFailure) {
+    auto port = HostPort::ofRecord<Pins>();
+    Numbers numbers(500, {2});
+    number(numbers, port.handle, port.plug);
+    CallRecorder calls;
+    calls.fail("VArrayDataHandle::outputValue", 3);
+    const Pins record = numbered<Pins>(Numbers(1, {2}));
+    EXPECT_EQ(errorMessageOf([&] { writePins(record, port.handle, port.plug); }), kNoHandle);
+    EXPECT_TRUE(port.block.isClean(port.child(0).attribute()));
+    EXPECT_FALSE(port.block.isClean(port.child(1).attribute()));
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 // The writers that the registry files: what becomes of the graph's holder.
-#include "tests/convert/ErrorMessage.h"
-#include "tests/convert/Translators.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/ErrorMessage.h"
+#include "tests/support/HeldTranslators.h"
 #include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
@@ -34,7 +34,7 @@ protected:
         EXPECT_EQ(port.leaves(), before);
     }
 };
-TYPED_TEST_SUITE(WriteFromAny, HeldTypes, NameOfHeldType);
+TYPED_TEST_SUITE(WriteFromAny, HeldTypes, NameOfType);
 
 TYPED_TEST(WriteFromAny, WritesTheHeldValue) {
     this->write(AnyValue::holding(numbered<TypeParam>()));

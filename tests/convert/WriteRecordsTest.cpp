@@ -1,9 +1,9 @@
 // The value writers: what the host holds after a record was written to its compound.
-#include "tests/convert/SharedArrays.h"
-#include "tests/convert/Translators.h"
 #include "tests/support/CallRecorder.h"
+#include "tests/support/HeldTranslators.h"
 #include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
+#include "tests/support/SharedArrays.h"
 
 #include <cstring>
 #include <limits>
@@ -77,22 +77,6 @@ TYPED_TEST(WriteRecord, LeavesTheRecordAsItWas) {
     }
 }
 
-TYPED_TEST(WriteRecord, AsksForAStatusOfArrayElementsAlone) {
-    auto port = numberedPort<TypeParam>(Numbers(500));
-    CallRecorder calls;
-    Translators<TypeParam>::write(numbered<TypeParam>(), port.handle, port.plug);
-    for (const std::string& line : calls.lines()) {
-        const bool isElementHandle = line.find("VArrayDataHandle::outputValue ") == 0;
-        EXPECT_EQ(line.find("with status") != std::string::npos, isElementHandle) << line;
-    }
-    EXPECT_EQ(calls.count("VDataBlock::setClean"), 0u);
-}
-
-TYPED_TEST(WriteRecord, GoesOnWhereAChildIsMissing) {
-    HostPort port(compoundAttribute("value", {}));
-    EXPECT_NO_THROW(Translators<TypeParam>::write(numbered<TypeParam>(), port.handle, port.plug));
-}
-
 // Takes the arrays away from a record and from the records in it.
 void dropArrays(Pelmor::String&) {}
 template <typename Element>
@@ -131,61 +115,12 @@ TEST(WritePins, WritesTheOtherArrayWhereOneIsNull) {
     EXPECT_TRUE(port.block.isClean(port.child(1).attribute()));
 }
 
-TEST(WriteOutputs, WritesTheNameWhereTheArraysAreNull) {
-    auto port = numberedPort<Outputs>(Numbers(500));
-    Outputs expected = numbered<Outputs>(Numbers(500));
-    Outputs record;
-    dropArrays(record);
-    expected.name = record.name = "pelvis";
-    writeOutputs(record, port.handle, port.plug);
-    EXPECT_EQ(port.leaves(), leavesOf(expected));
-}
-
-TEST(WriteOutputs, GivesTheCharactersOfTheName) {
-    auto port = HostPort::ofRecord<Outputs>();
-    Outputs record;
-    for (const char* name : {"spine", "", "a name of more than fifteen characters", "\xc3\xa9 |"}) {
-        record.name = name;
-        port.childHandle(0).setString("before");
-        writeOutputs(record, port.handle, port.plug);
-        EXPECT_EQ(port.childHandle(0).asString(), name);
-    }
-}
-
 TEST(WriteTransform, GivesZeroMatricesForZeros) {
     auto port = HostPort::ofRecord<Transform>();
     writeTransform(Transform{}, port.handle, port.plug);
     for (unsigned i = 0; i < 8; ++i)
         for (const auto& row : port.childHandle(i).asMatrix().matrix)
             for (const double element : row) EXPECT_EQ(element, 0.0);
-}
-
-TEST(WriteTransform, KeepsEveryBit) {
-    const double nan = std::numeric_limits<double>::signaling_NaN();
-    Transform record{};
-    const double values[] = {-0.0, std::numeric_limits<double>::denorm_min(),
-                             -std::numeric_limits<double>::infinity(), nan};
-    std::memcpy(record.matrix3.rows[2], values, sizeof values);
-    auto port = HostPort::ofRecord<Transform>();
-    writeTransform(record, port.handle, port.plug);
-    EXPECT_EQ(std::memcmp(port.childHandle(3).asMatrix().matrix[2], values, sizeof values), 0);
-    Transform readBack{};
-    readTransform(port.handle, port.plug, readBack);
-    EXPECT_EQ(std::memcmp(&readBack, &record, sizeof record), 0);
-}
-
-TEST(WriteTransform, GoesOnWhereTheHostFailsToGiveAChild) {
-    for (const char* operation : {"VPlug::child", "VDataHandle::child", "VDataHandle::asMatrix"}) {
-        auto port = numberedPort<Transform>(Numbers(500));
-        Transform expected = numbered<Transform>();
-        expected.matrix2 = numbered<Transform>(Numbers(500)).matrix2;
-        {
-            CallRecorder calls;
-            calls.fail(operation, 3);
-            EXPECT_NO_THROW(writeTransform(numbered<Transform>(), port.handle, port.plug));
-        }
-        EXPECT_EQ(port.leaves(), leavesOf(expected)) << operation;
-    }
 }
 
 template <typename Record>

@@ -38,6 +38,4 @@ struct HeldTranslators<Pelmor::SharedArray<Record>> {
         writeFromAny<Pelmor::SharedArray<Record>, Translators<Record>::writeArray>;
 };
 
-using NameOfHeldType = NameOfType;
-
 }  // namespace TestSupport
