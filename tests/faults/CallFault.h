@@ -1,18 +1,19 @@
-// Lets one call of the host go wrong, which fails or throws, and notes the operations that are
-// called.
+// Lets one call of the host go wrong, which fails or throws, and notes the operations called.
 #pragma once
+
+#include "tests/support/Endings.h"
 
 #include <OpenVornik/Testing/CallObserver.h>
 
-#include <exception>
 #include <functional>
-#include <ios>
 #include <new>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 namespace FaultTests {
 
@@ -25,35 +26,29 @@ struct HostError : std::range_error {
     using range_error::range_error;
 };
 
+// The kinds that a sweep uses in turn.
+inline constexpr VStatus::Code kFailures[] = {VStatus::kFailure, VStatus::kInvalidParameter,
+                                              VStatus::kNotFound};
 inline const Raise kRuntimeErrors[] = {[] { throw std::runtime_error("the host's"); },
                                        [] { throw HostError("the host's own"); },
-                                       [] { throw std::system_error(std::error_code(), "system"); },
-                                       [] { throw std::ios_base::failure("stream"); }};
-inline const Raise kOtherExceptions[] = {
-    [] { throw std::logic_error("no runtime error"); }, [] { throw std::bad_alloc(); },
-    [] { throw std::exception(); }, [] { throw NoStandardException(); }, [] { throw 42; }};
-
-// A sweep uses the kinds of a fault in turn.
+                                       [] { throw std::system_error(std::error_code(), "any"); }};
+inline const Raise kOtherExceptions[] = {[] { throw std::logic_error("no runtime error"); },
+                                         [] { throw std::bad_alloc(); },
+                                         [] { throw NoStandardException(); }, [] { throw 42; }};
 template <typename Kind, std::size_t count>
 const Kind& inTurn(const Kind (&kinds)[count], std::size_t nth) {
     return kinds[nth % count];
 }
-inline constexpr VStatus::Code kFailures[] = {VStatus::kFailure, VStatus::kInvalidParameter,
-                                              VStatus::kNotFound};
 
 class CallFault : public OpenVornik::Testing::CallObserver {
 public:
-    // Noting an operation takes no memory, as long as no test makes more calls than these.
-    CallFault() { m_operations.reserve(1u << 11); }
-    // The `nth` call from now on, counted from 1, gives `status`; none does for 0.
-    CallFault(std::size_t nth, VStatus::Code status) : CallFault() {
-        m_nth = nth;
-        m_status = status;
-    }
-    // It throws what `raise` throws.
-    CallFault(std::size_t nth, Raise raise) : CallFault() {
-        m_nth = nth;
-        m_raise = std::move(raise);
+    // The `nth` call from now on, counted from 1, gives `status` or throws; none does for 0.
+    explicit CallFault(std::size_t nth = 0, VStatus::Code status = VStatus::kSuccess)
+        : CallFault(nth, Raise(), status) {}
+    CallFault(std::size_t nth, Raise raise, VStatus::Code status = VStatus::kSuccess)
+        : m_nth(nth), m_raise(std::move(raise)), m_status(status) {
+        // Noting so many takes no memory, which may be short.
+        m_operations.reserve(2000);
     }
 
     // The one that went wrong included.
@@ -68,9 +63,9 @@ private:
         return m_status;
     }
 
-    std::size_t m_nth = 0;
-    VStatus::Code m_status = VStatus::kSuccess;
+    std::size_t m_nth;
     Raise m_raise;
+    VStatus::Code m_status;
     Operations m_operations;
 };
 
@@ -79,6 +74,22 @@ Operations operationsOf(const Operation& operation) {
     const CallFault none;
     operation();
     return none.operations();
+}
+
+// That no exception passes, whatever it is and whichever call or allocation it comes from.
+inline void expectTermination(const std::function<void()>& operation) {
+    using namespace TestSupport;
+    const Endings whereCallsThrow = endingsOf([&](std::uint64_t nth) {
+        const CallFault fault(nth, nth % 2 == 0 ? inTurn(kRuntimeErrors, nth / 2)
+                                                : inTurn(kOtherExceptions, nth / 2));
+        operation();
+        return fault.hasHappened();
+    });
+    const Endings withoutMemory = endingsWithoutMemory(operation);
+    for (const Endings& endings : {whereCallsThrow, withoutMemory}) {
+        EXPECT_GT(endings.size(), 0u);
+        EXPECT_EQ(endings, times(endings.size(), Ending::kTerminates));
+    }
 }
 
 }  // namespace FaultTests

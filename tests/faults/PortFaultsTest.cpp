@@ -25,180 +25,127 @@ using TavrikGraph::Executor::PortDirection;
 using Messages = ShownErrors::Messages;
 
 const Pelmor::String kPort("a port with a name of more than fifteen characters");
-constexpr const char* kEachKind = "Rigging::EachKind";
 
-// A node that is being edited, each time with a new modifier or with the given one.
+// A node that is being edited.
 struct Edit {
     bool add(const Pelmor::Type& type, const Pelmor::String& name = kPort) const {
-        VDGModifier ownModifier;
-        return add(type, ownModifier, name);
+        VDGModifier own;
+        return add(type, own, name);
     }
-    bool add(const Pelmor::Type& type, VDGModifier& given,
+    bool add(const Pelmor::Type& type, VDGModifier& modifier,
              const Pelmor::String& name = kPort) const {
-        TavrikGraph::Executor::NodeEditContext context{nullptr, node, nullptr, &given};
+        TavrikGraph::Executor::NodeEditContext context{nullptr, node, nullptr, &modifier};
         return translation.portAdded(name, PortDirection::Input, type, 0, 0, &context);
     }
-
     unsigned attributes() const { return VFnDependencyNode(node).attributeCount(); }
-    AttributeLines tree() const { return treeOf(VFnDependencyNode(node).attribute(kPort.c_str())); }
 
     const Rigging::Module::VornikRiggingTranslation translation;
     const VObject node = VFnDependencyNode().create("rig");
 };
 
-std::vector<std::string> portTypes() {
-    std::vector<std::string> names = carriedTypes();
-    names.push_back(kEachKind);
-    return names;
+AttributeLines treeIn(const Edit& edit) {
+    return treeOf(VFnDependencyNode(edit.node).attribute(kPort.c_str()));
 }
 
 class PortFaults : public testing::TestWithParam<std::string> {
 protected:
-    PortFaults() {
-        const Pelmor::Type mode = library.defineEnum("Rigging::Mode", {{"off", 0}, {"on", 1}});
-        const Pelmor::Type part =
-            library.defineStruct("Rigging::Part", {{"names", library.getType("string")}});
-        library.defineStruct(kEachKind, {{"names", library.getType("array<string>")},
-                                         {"root", library.getType("Math::double4x4")},
-                                         {"weights", library.getType("double")},
-                                         {"part", part},
-                                         {"mode", mode},
-                                         {"object", library.getType("Object")},
-                                         {"flag", library.getType("bool")},
-                                         {"count", library.getType("int")}});
-    }
-
-    Pelmor::Type type() const { return library.getType(GetParam().c_str()); }
-
-    Pelmor::Library library;
+    const Pelmor::Type type = Pelmor::Library().getType(GetParam().c_str());
 };
-INSTANTIATE_TEST_SUITE_P(Types, PortFaults, testing::ValuesIn(portTypes()), nameOfTest);
-
-std::string messageFor(const Operations& plan, std::size_t nth) {
-    const std::string_view operation = plan[nth - 1];
-    const auto create = std::find_if(plan.begin(), plan.end(), [](std::string_view call) {
-        return call == "VFnCompoundAttribute::create";
-    });
-    std::string message = "Fail to modify the DG while adding attribute ";
-    if (operation == "VDGModifier::addAttribute") message = "Fail to add attribute ";
-    if (nth == static_cast<std::size_t>(create - plan.begin()) + 1)
-        message = "Fail to create attribute ";
-    return message + kPort.c_str() + " on node rig.";
-}
+INSTANTIATE_TEST_SUITE_P(Carried, PortFaults, testing::ValuesIn(carriedTypes()), nameOfTest);
 
 TEST_P(PortFaults, FailedCallIsRefusedWithOneMessageOrGoneOnAfter) {
     const Edit undisturbed;
-    const Operations plan = operationsOf([&] { undisturbed.add(type()); });
+    const Operations plan = operationsOf([&] { undisturbed.add(type); });
     ASSERT_EQ(undisturbed.attributes(), 1u);
+    const auto creation = std::find(plan.begin(), plan.end(), "VFnCompoundAttribute::create");
     for (std::size_t nth = 1; nth <= plan.size() && !HasFailure(); ++nth) {
         SCOPED_TRACE(testing::Message() << nth << ", " << plan[nth - 1]);
+        const bool isOfModifier = plan[nth - 1].find("VDGModifier::") == 0;
+        const bool isCreation = nth == static_cast<std::size_t>(creation - plan.begin()) + 1;
+        const bool isNotHandedOver = plan[nth - 1] == "VDGModifier::addAttribute";
+        const std::string expected = isNotHandedOver ? "Fail to add attribute "
+                                     : isCreation    ? "Fail to create attribute "
+                                                  : "Fail to modify the DG while adding attribute ";
         const AllocationCount count;
         {
             const Edit edit;
             VDGModifier modifier;
             const ShownErrors errors;
             bool isAdded;
-            Operations operations;
             {
                 const CallFault fault(nth, inTurn(kFailures, nth));
-                isAdded = edit.add(type(), modifier);
-                operations = fault.operations();
+                isAdded = edit.add(type, modifier);
+                EXPECT_EQ(std::count(fault.operations().begin(), fault.operations().end(),
+                                     "VDGModifier::doIt"),
+                          isCreation || isNotHandedOver ? 0 : 1);
             }
-            const bool isChecked = plan[nth - 1].find("VDGModifier::") == 0;
-            EXPECT_FALSE(isAdded && isChecked);
-            EXPECT_EQ(errors.messages(), isAdded ? Messages{} : Messages{messageFor(plan, nth)});
+            EXPECT_FALSE(isAdded && (isOfModifier || isCreation));
             EXPECT_EQ(edit.attributes(), isAdded ? 1u : 0u);
-            const bool isModified = isAdded || errors.messages().front().find("Fail to mod") == 0;
-            EXPECT_EQ(std::count(operations.begin(), operations.end(), "VDGModifier::doIt"),
-                      isModified ? 1 : 0);
+            EXPECT_EQ(errors.messages(),
+                      isAdded ? Messages{} : Messages{expected + kPort.c_str() + " on node rig."});
             // A refused modifier keeps what it was given: nothing, or the port.
-            if (isChecked) {
+            if (isOfModifier) {
                 EXPECT_FALSE(modifier.doIt().error());
-                EXPECT_EQ(edit.attributes(), plan[nth - 1] == "VDGModifier::doIt" ? 1u : 0u);
+                EXPECT_EQ(edit.attributes(), isNotHandedOver ? 0u : 1u);
             }
             const Edit fresh;
             const Edit& next = edit.attributes() == 0 ? edit : fresh;
-            EXPECT_TRUE(next.add(type()));
-            EXPECT_EQ(next.tree(), undisturbed.tree());
+            EXPECT_TRUE(next.add(type));
+            EXPECT_EQ(treeIn(next), treeIn(undisturbed));
         }
         EXPECT_EQ(count.outstanding(), 0);
     }
 }
 
-// An exception may not pass, whatever it is and wherever it comes from.
-void expectTermination(const std::function<void()>& operation) {
-    const Endings whereCallsThrow = endingsOf([&](std::uint64_t nth) {
-        const CallFault fault(nth, nth % 2 == 0 ? inTurn(kRuntimeErrors, nth / 2)
-                                                : inTurn(kOtherExceptions, nth / 2));
-        operation();
-        return fault.hasHappened();
-    });
-    const Endings withoutMemory = endingsWithoutMemory(operation);
-    for (const Endings& endings : {whereCallsThrow, withoutMemory}) {
-        EXPECT_GT(endings.size(), 0u);
-        EXPECT_EQ(endings, times(endings.size(), Ending::kTerminates));
-    }
-}
-
 using PortFaultsDeathTest = PortFaults;
-INSTANTIATE_TEST_SUITE_P(Types, PortFaultsDeathTest, testing::ValuesIn(portTypes()), nameOfTest);
+INSTANTIATE_TEST_SUITE_P(Carried, PortFaultsDeathTest, testing::ValuesIn(carriedTypes()),
+                         nameOfTest);
 
 TEST_P(PortFaultsDeathTest, ExceptionsAndFailedAllocationsEndTheProcess) {
-    const Pelmor::Type portType = type();
     const Edit edit;
     VDGModifier modifier;
-    expectTermination([&] { edit.add(portType, modifier); });
+    expectTermination([&] { edit.add(type, modifier); });
 }
 
-class RefusedPortFaultsDeathTest : public testing::Test {
-protected:
-    // Adding `port` of `type` is refused with `message`, and whatever goes wrong while it is
-    // refused leaves the node as it is.
-    void expectRefusal(const char* message, const Pelmor::Type& type) {
-        const unsigned before = edit.attributes();
-        const auto add = [&] { edit.add(type, modifier, port); };
+// Where the message is made and shown, no exception may pass either, and a failed call leaves the
+// node as it is.
+TEST(RefusedPortFaultsDeathTest, ExceptionsAndFailedAllocationsEndTheProcess) {
+    const Edit edit;
+    const Pelmor::String taken("taken");
+    const Pelmor::Library library;
+    ASSERT_TRUE(edit.add(library.getType("Rigging::Module::Pins"), taken));
+    for (const char* name : {"array<array<Rigging::Module::Pins>>", "Rigging::Module::Pins",
+                             "double", "array<Math::double4x4>"}) {
+        SCOPED_TRACE(name);
+        const Pelmor::Type type = library.getType(name);
+        VDGModifier modifier;
+        const auto add = [&] { edit.add(type, modifier, taken); };
         expectTermination(add);
         const ShownErrors errors;
         const auto calls = operationsOf(add).size();
-        EXPECT_EQ(errors.messages(), Messages{message});
+        EXPECT_EQ(errors.messages().size(), 1u);
         for (std::size_t nth = 1; nth <= calls; ++nth) {
             const CallFault fault(nth, inTurn(kFailures, nth));
             add();
-            EXPECT_EQ(edit.attributes(), before) << nth;
+            EXPECT_EQ(edit.attributes(), 1u) << nth;
         }
     }
+}
 
-    const Pelmor::Library library;
-    const Pelmor::String port{"port"};
-    const Pelmor::Type pins = library.getType("Rigging::Module::Pins");
+TEST(RefusedModifierFaultsDeathTest, ExceptionsAndFailedAllocationsEndTheProcess) {
     const Edit edit;
+    const Pelmor::Type type = Pelmor::Library().getType("Rigging::Module::Pins");
+    ASSERT_TRUE(edit.add(type));
+    // It is given a name that is taken, and so is not carried out.
     VDGModifier modifier;
-};
-
-TEST_F(RefusedPortFaultsDeathTest, ArrayOfArrays) {
-    expectRefusal("Multi dimension array of type Rigging::Module::Pins is not supported.",
-                  library.getType("array<array<Rigging::Module::Pins>>"));
-}
-
-TEST_F(RefusedPortFaultsDeathTest, TakenName) {
-    ASSERT_TRUE(edit.add(pins, port));
-    expectRefusal("A port with the name port already exists on the node rig.", pins);
-}
-
-TEST_F(RefusedPortFaultsDeathTest, TypeWithoutAnAttribute) {
-    expectRefusal("Fail to create attribute port on node rig.", library.getType("double"));
-}
-
-TEST_F(RefusedPortFaultsDeathTest, ModifierThatIsNotCarriedOut) {
-    ASSERT_TRUE(edit.add(pins, "taken"));
-    modifier.addAttribute(edit.node,
-                          VFnNumericAttribute().create("taken", "taken", VFnNumericData::kDouble));
-    expectTermination([&] { edit.add(pins, modifier, port); });
+    const VObject taken = VFnNumericAttribute().create(kPort.c_str(), "t", VFnNumericData::kDouble);
+    ASSERT_FALSE(modifier.addAttribute(edit.node, taken).error());
+    const Pelmor::String name("port");
+    expectTermination([&] { edit.add(type, modifier, name); });
     const ShownErrors errors;
-    EXPECT_FALSE(edit.add(pins, modifier, port));
+    EXPECT_FALSE(edit.add(type, modifier, name));
     EXPECT_EQ(errors.messages(),
               Messages{"Fail to modify the DG while adding attribute port on node rig."});
-    EXPECT_EQ(edit.attributes(), 1u);
 }
 
 }  // namespace

@@ -17,10 +17,8 @@ namespace {
 using namespace TestSupport;
 using Tolvane::TranslatorRegistry;
 
-template <typename Records>
-struct Translation : Tolvane::RecordTranslation<Records> {
-    Translation() : Tolvane::RecordTranslation<Records>("list of a test") {}
-};
+// Each has a place of its own on the heap.
+constexpr std::size_t kEntriesOfTwoRecords = 8;
 
 TEST(RegistryMemory, ConstructionThatThrowsIsTriedAgainByTheNextCall) {
     using List = Tolvane::RecordList<Pins, Transform>;
@@ -40,46 +38,32 @@ TEST(RegistryMemory, ConstructionThatThrowsIsTriedAgainByTheNextCall) {
             EXPECT_EQ(count.outstanding(), 0);
         }
     }
-    // Each of the entries has a place of its own on the heap.
-    EXPECT_GE(failures, 8u);
+    EXPECT_GE(failures, kEntriesOfTwoRecords);
 }
 
-class RegistryMemoryDeathTest : public testing::Test {
-protected:
-    // Of the operation that comes first: nobody but its children builds the registry.
-    void expectTermination(const std::function<void()>& operation) {
+// Nobody but the children of these tests builds a registry of this list.
+using Unbuilt = Tolvane::RecordList<Transform, Pins>;
+
+TEST(RegistryMemoryDeathTest, OperationsThatBuildItEndTheProcess) {
+    struct : Tolvane::RecordTranslation<Unbuilt> {
+        using RecordTranslation::RecordTranslation;
+    } const translation{"list of a test"};
+    const HostPort port = HostPort::ofRecord<Pins>();
+    VPlug plug = port.plug;
+    VDataBlock block = port.block;
+    const TavrikGraph::Executor::HostContext context{nullptr, &plug, &block};
+    const Pelmor::Type type = Pelmor::Library().getType("double");
+    Pelmor::Array<Pelmor::String> names;
+    Pelmor::AnyValue value;
+    const std::function<void()> operations[] = {
+        [&] { translation.getSupportedTypeNames(names); },
+        [&] { translation.translateFromHost(type, value, context); },
+        [&] { translation.translateToHost(value, context); }};
+    for (const auto& operation : operations) {
         const Endings endings = endingsWithoutMemory(operation);
-        EXPECT_GE(endings.size(), 4u);
+        EXPECT_GE(endings.size(), kEntriesOfTwoRecords);
         EXPECT_EQ(endings, times(endings.size(), Ending::kTerminates));
     }
-
-    HostPort port = HostPort::ofRecord<Pins>();
-    TavrikGraph::Executor::HostContext context{nullptr, &port.plug, &port.block};
-};
-
-TEST_F(RegistryMemoryDeathTest, EndsTheProcessWhereTheNamesAreAskedForFirst) {
-    const Translation<Tolvane::RecordList<Pins>> translation;
-    Pelmor::Array<Pelmor::String> names;
-    expectTermination([&] { translation.getSupportedTypeNames(names); });
-}
-
-TEST_F(RegistryMemoryDeathTest, EndsTheProcessWhereAValueComesFromTheHostFirst) {
-    const Translation<Tolvane::RecordList<Transform>> translation;
-    const Pelmor::Type type = Pelmor::Library().getType("double");
-    Pelmor::AnyValue value;
-    expectTermination([&] { translation.translateFromHost(type, value, context); });
-}
-
-TEST_F(RegistryMemoryDeathTest, EndsTheProcessWhereAValueGoesToTheHostFirst) {
-    const Translation<Tolvane::RecordList<Outputs>> translation;
-    expectTermination([&] { translation.translateToHost(Pelmor::AnyValue(), context); });
-}
-
-TEST_F(RegistryMemoryDeathTest, EndsTheProcessWhereTheNamesHaveNoMemory) {
-    const Translation<Rigging::Module::Records> translation;
-    Pelmor::Array<Pelmor::String> names;
-    translation.getSupportedTypeNames(names);
-    expectTermination([&] { translation.getSupportedTypeNames(names); });
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Finds the shared arrays that a record or an array of records holds, at any depth.
+// Finds the shared arrays and the objects that a record or an array of records holds, at any depth.
 #pragma once
 
 #include "tests/support/RecordLeaves.h"
@@ -44,6 +44,17 @@ std::vector<SharedArrayState> sharedArraysOf(T& value) {
     std::vector<SharedArrayState> states;
     collect(states, value);
     return states;
+}
+
+template <typename T, typename Visit>
+void eachObject(T& value, const Visit& visit) {
+    using Type = std::remove_const_t<T>;
+    if constexpr (kIsObject<Type>)
+        visit(value);
+    else if constexpr (kIsArray<Type>)
+        for (auto& element : *value) eachObject(element, visit);
+    else if constexpr (!kIsPlain<Type>)
+        eachMemberAndObject(value, [&](auto& member) { eachObject(member, visit); });
 }
 
 }  // namespace TestSupport

@@ -1,5 +1,4 @@
-// A port of the host that holds, or takes, one of the carried types, and the translation that
-// carries it.
+// A port of the host that holds or takes one of the carried types, and what carries it.
 #pragma once
 
 #include "plugin/VornikRiggingTranslation.h"
@@ -24,6 +23,9 @@ struct CarryingPort : HostPort {
 
     bool read(AnyValue& value) const { return translation.translateFromHost(type, value, context); }
     bool write(const AnyValue& value) const { return translation.translateToHost(value, context); }
+    // The reader and the writer themselves, which throw what the translation does not let pass.
+    void readDirectly(AnyValue& value) { HeldTranslators<Held>::read(value, handle, plug); }
+    void writeDirectly(const AnyValue& value) { HeldTranslators<Held>::write(value, handle, plug); }
 
     const Rigging::Module::VornikRiggingTranslation translation;
     const Pelmor::Type type = Pelmor::Library().getType(graphName<Held>().c_str());
