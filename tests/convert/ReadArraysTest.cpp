@@ -5,9 +5,9 @@
 #include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 #include "tests/support/SharedArrays.h"
-#include "tests/support/ThrowOnCall.h"
 
-#include <algorithm>
+#include <OpenVornik/Testing/CallObserver.h>
+
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -81,11 +81,7 @@ TYPED_TEST(ReadArray, ReplacesTheArrayAndReleasesTheOneBefore) {
     }
 }
 
-template <typename Element>
-class ReadArrayWalk : public testing::Test {};
-TYPED_TEST_SUITE(ReadArrayWalk, ElementTypes, NameOfType);
-
-TYPED_TEST(ReadArrayWalk, StopsWhenNextFailsAndKeepsDefaults) {
+TYPED_TEST(ReadArray, StopsWhenNextFailsAndKeepsDefaults) {
     auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2, 3, 4});
     auto expected = numberedElements<TypeParam>(5);
     (*expected)[3] = TypeParam{};
@@ -109,7 +105,7 @@ TYPED_TEST(ReadArrayWalk, StopsWhenNextFailsAndKeepsDefaults) {
     EXPECT_EQ(inputValues, 3u);
 }
 
-TYPED_TEST(ReadArrayWalk, StopsAtAnyStatusButSuccess) {
+TYPED_TEST(ReadArray, StopsAtAnyStatusButSuccess) {
     for (const auto code : {VStatus::kFailure, VStatus::kInvalidParameter, VStatus::kNotFound}) {
         auto port = HostPort::ofArray<TypeParam>({0, 1, 2});
         CallRecorder calls;
@@ -119,19 +115,30 @@ TYPED_TEST(ReadArrayWalk, StopsAtAnyStatusButSuccess) {
     }
 }
 
-TYPED_TEST(ReadArrayWalk, GivesElementsThatItDoesNotReachFreshDefaults) {
-    auto port = HostPort::ofArray<TypeParam>({0, 1, 2});
-    CallRecorder calls;
-    calls.fail("VArrayDataHandle::next");
-    auto array = read<TypeParam>(port);
-    EXPECT_EQ(leavesOf((*array)[2]), leavesOf(TypeParam{}));
-    std::vector<const void*> addresses;
-    for (const SharedArrayState& state : sharedArraysOf(array)) {
-        ASSERT_NE(state.address, nullptr);
-        EXPECT_EQ(state.useCount, 1u);
-        EXPECT_EQ(std::count(addresses.begin(), addresses.end(), state.address), 0);
-        addresses.push_back(state.address);
+struct Thrown {};
+
+// Throws where the second element is read.
+class ThrowsAtElement : public OpenVornik::Testing::CallObserver {
+    VStatus::Code called(const OpenVornik::Testing::Call& call) override {
+        if (call.operation == "VArrayDataHandle::inputValue" && ++m_elements == 2) throw Thrown();
+        return VStatus::kSuccess;
     }
+    unsigned m_elements = 0;
+};
+
+TYPED_TEST(ReadArray, LeavesTheArrayAsItWasWhereAnExceptionPasses) {
+    auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2});
+    auto array = numberedElements<TypeParam>(1, 500);
+    const auto before = array;
+    read<TypeParam>(port);  // The host evaluates its data, and keeps memory for that, once.
+    const AllocationCount count;
+    {
+        const ThrowsAtElement host;
+        EXPECT_THROW(Translators<TypeParam>::readArray(port.handle, port.plug, array), Thrown);
+    }
+    EXPECT_EQ(count.outstanding(), 0);
+    EXPECT_EQ(array, before);
+    EXPECT_EQ(leavesOf(array), leavesOf(numberedElements<TypeParam>(1, 500)));
 }
 
 TEST(ReadArrayStorage, IsAllocatedOnceAtItsFinalSize) {
@@ -146,21 +153,6 @@ TEST(ReadArrayStorage, IsAllocatedOnceAtItsFinalSize) {
     for (unsigned i = 0; i < many.size(); ++i) many[i] = i;
     EXPECT_EQ(allocationsFor(many), allocationsFor({0}));
     EXPECT_EQ(allocationsFor({0}), allocationsFor({}) + 1);
-}
-
-TYPED_TEST(ReadArrayWalk, LeavesTheArrayAsItWasWhenAnExceptionPasses) {
-    auto port = HostPort::ofNumberedArray<TypeParam>({0, 1, 2});
-    auto array = numberedElements<TypeParam>(1, 500);
-    const auto before = array;
-    read<TypeParam>(port);  // The host evaluates its data, and keeps memory for that, once.
-    const AllocationCount count;
-    {
-        ThrowOnCall thrower("VArrayDataHandle::inputValue", 2);
-        EXPECT_THROW(Translators<TypeParam>::readArray(port.handle, port.plug, array), Thrown);
-    }
-    EXPECT_EQ(count.outstanding(), 0);
-    EXPECT_EQ(array, before);
-    EXPECT_EQ(leavesOf(array), leavesOf(numberedElements<TypeParam>(1, 500)));
 }
 
 }  // namespace

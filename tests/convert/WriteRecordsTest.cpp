@@ -3,12 +3,6 @@
 #include "tests/support/HeldTranslators.h"
 #include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
-#include "tests/support/SharedArrays.h"
-
-#include <cstring>
-#include <limits>
-#include <type_traits>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -56,36 +50,13 @@ TYPED_TEST(WriteRecord, EmptiesHostArraysForEmptyArrays) {
     EXPECT_EQ(port.leaves(), leavesOf(TypeParam{}));
 }
 
-TYPED_TEST(WriteRecord, TwiceLeavesTheHostAsOnceDid) {
-    auto port = HostPort::ofRecord<TypeParam>();
-    const TypeParam record = numbered<TypeParam>();
-    Translators<TypeParam>::write(record, port.handle, port.plug);
-    Translators<TypeParam>::write(record, port.handle, port.plug);
-    EXPECT_EQ(port.leaves(), leavesOf(record));
-}
-
-TYPED_TEST(WriteRecord, LeavesTheRecordAsItWas) {
-    auto port = HostPort::ofRecord<TypeParam>();
-    TypeParam record = numbered<TypeParam>();
-    const auto arraysBefore = sharedArraysOf(record);
-    Translators<TypeParam>::write(record, port.handle, port.plug);
-    EXPECT_EQ(leavesOf(record), leavesOf(numbered<TypeParam>()));
-    const auto arraysAfter = sharedArraysOf(record);
-    for (std::size_t i = 0; i < arraysBefore.size(); ++i) {
-        EXPECT_EQ(arraysAfter[i].address, arraysBefore[i].address);
-        EXPECT_EQ(arraysAfter[i].useCount, 1u);
-    }
-}
-
 // Takes the arrays away from a record and from the records in it.
-void dropArrays(Pelmor::String&) {}
-template <typename Element>
-void dropArrays(Pelmor::SharedArray<Element>& array) {
-    array = nullptr;
-}
-template <typename Record>
-void dropArrays(Record& record) {
-    eachMember(record, [](auto& member) { dropArrays(member); });
+template <typename T>
+void dropArrays(T& value) {
+    if constexpr (kIsArray<T>)
+        value = nullptr;
+    else if constexpr (kIsRecord<T>)
+        eachMember(value, [](auto& member) { dropArrays(member); });
 }
 
 template <typename Record>
@@ -113,55 +84,6 @@ TEST(WritePins, WritesTheOtherArrayWhereOneIsNull) {
     EXPECT_EQ(port.leaves(), leavesOf(expected));
     EXPECT_FALSE(port.block.isClean(port.child(0).attribute()));
     EXPECT_TRUE(port.block.isClean(port.child(1).attribute()));
-}
-
-TEST(WriteTransform, GivesZeroMatricesForZeros) {
-    auto port = HostPort::ofRecord<Transform>();
-    writeTransform(Transform{}, port.handle, port.plug);
-    for (unsigned i = 0; i < 8; ++i)
-        for (const auto& row : port.childHandle(i).asMatrix().matrix)
-            for (const double element : row) EXPECT_EQ(element, 0.0);
-}
-
-template <typename Record>
-class WriteRecordWithObjects : public testing::Test {};
-TYPED_TEST_SUITE(WriteRecordWithObjects, TypesWithObjects, NameOfType);
-
-TYPED_TEST(WriteRecordWithObjects, NeverWritesTheObjects) {
-    HostPort port(attributeWithTextsForObjects<TypeParam>("value"));
-    const unsigned first = std::is_same_v<TypeParam, Inputs> ? 4 : 5;
-    port.childHandle(first).setString("first");
-    port.childHandle(first + 1).setString("second");
-    CallRecorder calls;
-    Translators<TypeParam>::write(numbered<TypeParam>(), port.handle, port.plug);
-    for (const std::string& line : calls.lines())
-        EXPECT_EQ(line.find("object"), std::string::npos) << line;
-    EXPECT_EQ(port.childHandle(first).asString(), "first");
-    EXPECT_EQ(port.childHandle(first + 1).asString(), "second");
-}
-
-TYPED_TEST(WriteRecordWithObjects, FindsTheOtherChildrenByIndexWhateverTheirNames) {
-    HostPort port(attributeWithTextsForObjects<TypeParam>("value"));
-    Leaves expected = leavesOf(numbered<TypeParam>());
-    expected.addText("");
-    expected.addText("");
-    Translators<TypeParam>::write(numbered<TypeParam>(), port.handle, port.plug);
-    EXPECT_EQ(port.leaves(), expected);
-}
-
-TYPED_TEST(WriteRecordWithObjects, WritesTheSameWhateverTheObjects) {
-    auto port = HostPort::ofRecord<TypeParam>();
-    TypeParam record = numbered<TypeParam>();
-    Translators<TypeParam>::write(record, port.handle, port.plug);
-    const Leaves before = port.leaves();
-    CallRecorder calls;
-    Translators<TypeParam>::write(record, port.handle, port.plug);
-    const CallRecorder::Lines callsBefore = calls.take();
-    record.object0 = Pelmor::makePtr<Tavrik::Object>();
-    record.object1 = nullptr;
-    Translators<TypeParam>::write(record, port.handle, port.plug);
-    EXPECT_EQ(calls.take(), callsBefore);
-    EXPECT_EQ(port.leaves(), before);
 }
 
 }  // namespace
