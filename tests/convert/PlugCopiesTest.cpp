@@ -35,9 +35,12 @@ int CountedPlug::s_copies = 0;
 #include "convert/PlainArrays.cpp"
 #undef VPlug
 
+#include "types/Transform.h"
+
 #include <OpenVornik/VDGModifier.h>
 #include <OpenVornik/VFnCompoundAttribute.h>
 #include <OpenVornik/VFnDependencyNode.h>
+#include <OpenVornik/VFnMatrixAttribute.h>
 #include <OpenVornik/VFnNumericAttribute.h>
 
 #include <tuple>
@@ -51,7 +54,7 @@ struct Leg {
 };
 struct Body {
     Leg left, right;
-    Pelmor::SharedArray<Leg> others = Tolvane::newArray;
+    Pelmor::SharedArray<Core::Transform::Transform> poses = Tolvane::newArray;
 };
 
 }  // namespace
@@ -64,7 +67,7 @@ struct Tolvane::Page<Leg> {
 template <>
 struct Tolvane::Page<Body> {
     static constexpr const char* typeName = "Body";
-    static constexpr std::tuple members{&Body::left, &Body::right, &Body::others};
+    static constexpr std::tuple members{&Body::left, &Body::right, &Body::poses};
 };
 
 namespace {
@@ -79,9 +82,15 @@ VObject compound(const char* name, bool isArray, std::initializer_list<VObject> 
     }
     return object;
 }
-VObject leg(const char* name, bool isArray) {
-    return compound(name, isArray,
+VObject leg(const char* name) {
+    return compound(name, false,
                     {VFnNumericAttribute().create("length", "length", VFnNumericData::kDouble)});
+}
+VObject matrix(const char* name) { return VFnMatrixAttribute().create(name, name); }
+VObject poses() {
+    return compound("poses", true,
+                    {matrix("0"), matrix("1"), matrix("2"), matrix("3"), matrix("4"), matrix("5"),
+                     matrix("6"), matrix("7")});
 }
 
 using Bodies = Pelmor::SharedArray<Body>;
@@ -89,8 +98,7 @@ using Bodies = Pelmor::SharedArray<Body>;
 template <typename Held, void (*write)(const Held&, VDataHandle&, CountedPlug&)>
 void expectOneCopy(Tolvane::HostReader read, const Held& held) {
     const VObject attribute =
-        compound("body", std::is_same_v<Held, Bodies>,
-                 {leg("left", false), leg("right", false), leg("others", true)});
+        compound("body", std::is_same_v<Held, Bodies>, {leg("left"), leg("right"), poses()});
     const VObject node = VFnDependencyNode().create("node");
     VDGModifier modifier;
     modifier.addAttribute(node, attribute);
@@ -112,7 +120,8 @@ void expectOneCopy(Tolvane::HostReader read, const Held& held) {
 TEST(PlugCopies, AreOneForEachValueThatIsWrittenOrRead) {
     using Carry = Tolvane::Translators<Body>;
     const auto bodies = Pelmor::makePtr<Pelmor::Array<Body>>(3u);
-    for (Body& body : *bodies) body.others = Pelmor::makePtr<Pelmor::Array<Leg>>(2u);
+    for (Body& body : *bodies)
+        body.poses = Pelmor::makePtr<Pelmor::Array<Core::Transform::Transform>>(2u);
     expectOneCopy<Body, Carry::write>(Carry::readValue, (*bodies)[0]);
     expectOneCopy<Bodies, Carry::writeArray>(Carry::readArrayValue, bodies);
 }
