@@ -23,7 +23,7 @@ std::vector<unsigned> indicesBelow(unsigned count) {
     return indices;
 }
 
-// The logical indices that are passed to an operation of the host, on any array.
+// The logical indices that an operation of the host is given.
 class IndicesPassedTo : public OpenVornik::Testing::CallObserver {
 public:
     explicit IndicesPassedTo(std::string_view operation) : m_operation(operation) {}

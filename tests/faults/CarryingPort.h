@@ -3,8 +3,8 @@
 
 #include "plugin/VornikRiggingTranslation.h"
 #include "tests/support/HeldTranslators.h"
-#include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
+#include "tests/support/TranslatedPort.h"
 
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Library.h>
@@ -15,21 +15,18 @@ using namespace TestSupport;
 using Pelmor::AnyValue;
 
 template <typename Held>
-struct CarryingPort : HostPort {
-    explicit CarryingPort(Numbers numbers) : HostPort(attributeFor<Held>("value")) {
+struct CarryingPort : TranslatedPort {
+    explicit CarryingPort(Numbers numbers) : TranslatedPort(attributeFor<Held>("value")) {
         number(numbers, handle, plug);
     }
-    CarryingPort(const CarryingPort&) = delete;
 
     bool read(AnyValue& value) const { return translation.translateFromHost(type, value, context); }
     bool write(const AnyValue& value) const { return translation.translateToHost(value, context); }
-    // The reader and the writer themselves, which throw what the translation does not let pass.
+    // The reader itself, which throws what the translation does not let pass.
     void readDirectly(AnyValue& value) { HeldTranslators<Held>::read(value, handle, plug); }
-    void writeDirectly(const AnyValue& value) { HeldTranslators<Held>::write(value, handle, plug); }
 
     const Rigging::Module::VornikRiggingTranslation translation;
     const Pelmor::Type type = Pelmor::Library().getType(graphName<Held>().c_str());
-    const TavrikGraph::Executor::HostContext context{nullptr, &plug, &block};
 };
 
 }  // namespace FaultTests

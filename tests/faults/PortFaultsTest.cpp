@@ -28,24 +28,17 @@ const Pelmor::String kPort("a port with a name of more than fifteen characters")
 
 // A node that is being edited.
 struct Edit {
-    bool add(const Pelmor::Type& type, const Pelmor::String& name = kPort) const {
-        VDGModifier own;
-        return add(type, own, name);
-    }
     bool add(const Pelmor::Type& type, VDGModifier& modifier,
              const Pelmor::String& name = kPort) const {
         TavrikGraph::Executor::NodeEditContext context{nullptr, node, nullptr, &modifier};
         return translation.portAdded(name, PortDirection::Input, type, 0, 0, &context);
     }
     unsigned attributes() const { return VFnDependencyNode(node).attributeCount(); }
+    AttributeLines tree() const { return treeOf(VFnDependencyNode(node).attribute(kPort.c_str())); }
 
     const Rigging::Module::VornikRiggingTranslation translation;
     const VObject node = VFnDependencyNode().create("rig");
 };
-
-AttributeLines treeIn(const Edit& edit) {
-    return treeOf(VFnDependencyNode(edit.node).attribute(kPort.c_str()));
-}
 
 class PortFaults : public testing::TestWithParam<std::string> {
 protected:
@@ -55,7 +48,8 @@ INSTANTIATE_TEST_SUITE_P(Carried, PortFaults, testing::ValuesIn(carriedTypes()),
 
 TEST_P(PortFaults, FailedCallIsRefusedWithOneMessageOrGoneOnAfter) {
     const Edit undisturbed;
-    const Operations plan = operationsOf([&] { undisturbed.add(type); });
+    VDGModifier other;
+    const Operations plan = operationsOf([&] { undisturbed.add(type, other); });
     ASSERT_EQ(undisturbed.attributes(), 1u);
     const auto creation = std::find(plan.begin(), plan.end(), "VFnCompoundAttribute::create");
     for (std::size_t nth = 1; nth <= plan.size() && !HasFailure(); ++nth) {
@@ -73,7 +67,7 @@ TEST_P(PortFaults, FailedCallIsRefusedWithOneMessageOrGoneOnAfter) {
             const ShownErrors errors;
             bool isAdded;
             {
-                const CallFault fault(nth, inTurn(kFailures, nth));
+                const CallFault fault(nth, {}, inTurn(kFailures, nth));
                 isAdded = edit.add(type, modifier);
                 EXPECT_EQ(std::count(fault.operations().begin(), fault.operations().end(),
                                      "VDGModifier::doIt"),
@@ -90,8 +84,8 @@ TEST_P(PortFaults, FailedCallIsRefusedWithOneMessageOrGoneOnAfter) {
             }
             const Edit fresh;
             const Edit& next = edit.attributes() == 0 ? edit : fresh;
-            EXPECT_TRUE(next.add(type));
-            EXPECT_EQ(treeIn(next), treeIn(undisturbed));
+            EXPECT_TRUE(next.add(type, other));
+            EXPECT_EQ(next.tree(), undisturbed.tree());
         }
         EXPECT_EQ(count.outstanding(), 0);
     }
@@ -113,39 +107,23 @@ TEST(RefusedPortFaultsDeathTest, ExceptionsAndFailedAllocationsEndTheProcess) {
     const Edit edit;
     const Pelmor::String taken("taken");
     const Pelmor::Library library;
-    ASSERT_TRUE(edit.add(library.getType("Rigging::Module::Pins"), taken));
+    VDGModifier modifier;
+    ASSERT_TRUE(edit.add(library.getType("Rigging::Module::Pins"), modifier, taken));
     for (const char* name : {"array<array<Rigging::Module::Pins>>", "Rigging::Module::Pins",
                              "double", "array<Math::double4x4>"}) {
         SCOPED_TRACE(name);
         const Pelmor::Type type = library.getType(name);
-        VDGModifier modifier;
         const auto add = [&] { edit.add(type, modifier, taken); };
         expectTermination(add);
         const ShownErrors errors;
         const auto calls = operationsOf(add).size();
         EXPECT_EQ(errors.messages().size(), 1u);
         for (std::size_t nth = 1; nth <= calls; ++nth) {
-            const CallFault fault(nth, inTurn(kFailures, nth));
+            const CallFault fault(nth, {}, inTurn(kFailures, nth));
             add();
             EXPECT_EQ(edit.attributes(), 1u) << nth;
         }
     }
-}
-
-TEST(RefusedModifierFaultsDeathTest, ExceptionsAndFailedAllocationsEndTheProcess) {
-    const Edit edit;
-    const Pelmor::Type type = Pelmor::Library().getType("Rigging::Module::Pins");
-    ASSERT_TRUE(edit.add(type));
-    // It is given a name that is taken, and so is not carried out.
-    VDGModifier modifier;
-    const VObject taken = VFnNumericAttribute().create(kPort.c_str(), "t", VFnNumericData::kDouble);
-    ASSERT_FALSE(modifier.addAttribute(edit.node, taken).error());
-    const Pelmor::String name("port");
-    expectTermination([&] { edit.add(type, modifier, name); });
-    const ShownErrors errors;
-    EXPECT_FALSE(edit.add(type, modifier, name));
-    EXPECT_EQ(errors.messages(),
-              Messages{"Fail to modify the DG while adding attribute port on node rig."});
 }
 
 }  // namespace

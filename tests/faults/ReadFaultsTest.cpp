@@ -65,13 +65,12 @@ TYPED_TEST(ReadFaults, FailedCallGivesAWholeValueAndNoMessage) {
         const AllocationCount count;
         this->value = AnyValue::holding(former);
         {
-            const CallFault fault(nth, inTurn(kFailures, nth));
+            const CallFault fault(nth, {}, inTurn(kFailures, nth));
             EXPECT_TRUE(this->port.read(this->value));
-            // A walk that cannot advance ends; a value that is not there is not asked for again.
+            // A walk that cannot advance ends.
             const Operations& calls = fault.operations();
             const bool isNext = plan[nth - 1] == "VArrayDataHandle::next" && nth < calls.size();
             EXPECT_FALSE(isNext && calls[nth] == "VArrayDataHandle::inputValue");
-            EXPECT_TRUE(plan[nth - 1].find("VDataHandle::as") != 0 || calls == plan);
         }
         EXPECT_EQ(former.useCount(), 1u);
         this->expectWholeValue();
@@ -93,8 +92,8 @@ TYPED_TEST(ReadFaults, ExceptionOfACallPassesTheReaderAndLeavesTheHolder) {
     for (std::size_t nth = 1; nth <= calls && !this->HasFailure(); ++nth) {
         const AllocationCount count;
         {
-            const CallFault fault(nth, [] { throw NoStandardException(); });
-            EXPECT_THROW(read(), NoStandardException) << nth;
+            const CallFault fault(nth, [] { throw 42; });
+            EXPECT_THROW(read(), int) << nth;
         }
         EXPECT_EQ(count.outstanding(), 0) << nth;
         EXPECT_EQ(former.useCount(), 2u) << nth;
