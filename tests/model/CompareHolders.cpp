@@ -12,7 +12,7 @@ namespace {
 
 using namespace Model;
 
-class Comparison {
+class HolderComparison {
 public:
     Difference compare(const Pelmor::AnyValue& product, const Holder& model) {
         if (!model || !product.hasValue()) {
@@ -108,7 +108,7 @@ private:
 }  // namespace
 
 Difference compareHolders(const ProductWorld& product, const ModelWorld& model) {
-    Comparison comparison;
+    HolderComparison comparison;
     Difference found;
     for (std::size_t i = 0; i < kHolders && !found; ++i)
         found = at("holder " + std::to_string(i),

@@ -12,7 +12,7 @@ using namespace Model;
 
 Difference compare(VDataHandle handle, VPlug plug, const HostNode& node);
 
-struct Comparison {
+struct HostComparison {
     VDataHandle handle;
     VPlug plug;
 
@@ -64,7 +64,7 @@ struct Comparison {
 };
 
 Difference compare(VDataHandle handle, VPlug plug, const HostNode& node) {
-    return std::visit(Comparison{handle, plug}, node.content);
+    return std::visit(HostComparison{handle, plug}, node.content);
 }
 
 Difference compareClean(const VDataBlock& block, VPlug plug, const HostAttribute& model) {
