@@ -21,15 +21,13 @@ inline constexpr bool kCrosses = kIsRecord<T> || std::is_same_v<T, Math::double4
                                  std::is_same_v<T, Pelmor::String> || std::is_same_v<T, double>;
 
 // A member that is an array gets an array attribute only if its elements are plain or transforms.
+template <typename Element, typename = void>
+inline constexpr bool kCrossesInArray = kCrosses<Element>;
 template <typename Element>
-constexpr bool crossesInArray() {
-    if constexpr (kIsRecord<Element>)
-        return std::string_view(Page<Element>::typeName) == "Core::Transform::Transform";
-    else
-        return kCrosses<Element>;
-}
+inline constexpr bool kCrossesInArray<Element, std::enable_if_t<kIsRecord<Element>>> =
+    std::string_view(Page<Element>::typeName) == "Core::Transform::Transform";
 template <typename Element>
-inline constexpr bool kCrosses<Pelmor::SharedArray<Element>> = crossesInArray<Element>();
+inline constexpr bool kCrosses<Pelmor::SharedArray<Element>> = kCrossesInArray<Element>;
 
 template <typename MemberList>
 inline constexpr bool kAllCross = false;

@@ -25,7 +25,8 @@ std::string textOf(std::size_t length) {
 
 std::vector<std::string> oddTexts() {
     std::vector<std::string> texts{"", " ", "  two blanks around  ", "\tand\n ends\r\n"};
-    for (const std::size_t length : {15, 16, 63, 64, 65, 127, 128, 255, 256, 300, 70000}) {
+    for (const std::size_t length :
+         {15u, 16u, 63u, 64u, 65u, 127u, 128u, 255u, 256u, 300u, 70000u}) {
         texts.push_back(textOf(length));
         texts.push_back(' ' + textOf(length - 2) + ' ');
     }

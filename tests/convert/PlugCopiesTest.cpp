@@ -61,12 +61,12 @@ struct Body {
 
 template <>
 struct Tolvane::Page<Leg> {
-    static constexpr const char* typeName = "Leg";
+    [[maybe_unused]] static constexpr const char* typeName = "Leg";
     static constexpr std::tuple members{&Leg::length};
 };
 template <>
 struct Tolvane::Page<Body> {
-    static constexpr const char* typeName = "Body";
+    [[maybe_unused]] static constexpr const char* typeName = "Body";
     static constexpr std::tuple members{&Body::left, &Body::right, &Body::poses};
 };
 

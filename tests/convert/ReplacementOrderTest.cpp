@@ -43,7 +43,7 @@ struct Note {
 
 template <>
 struct Tolvane::Page<Note> {
-    static constexpr const char* typeName = "Note";
+    [[maybe_unused]] static constexpr const char* typeName = "Note";
     static constexpr std::tuple members{&Note::number};
 };
 

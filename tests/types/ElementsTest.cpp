@@ -210,6 +210,13 @@ TEST_F(ElementOperationsTest, OtherCodesDoNothing) {
     EXPECT_EQ(storage, std::vector<double>(3, 0.5));
 }
 
+TEST_F(ElementOperationsTest, TakeNoElementWhereThereIsNone) {
+    prepare(3, true);
+    for (const Operation& operation : kOperations)
+        operate<NotedRecord>(operation.code, nullptr, nullptr, 0);
+    EXPECT_EQ(takeNotes(), Notes());
+}
+
 TEST_F(ElementOperationsTest, ConstructionThatThrowsDestroysWhatItHasConstructed) {
     for (const Operation& operation : kOperations) {
         if (operation.what != Did::Default && operation.what != Did::Copy) continue;
