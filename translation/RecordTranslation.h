@@ -22,7 +22,7 @@ public:
     // here. The compiler assumes that `this` is not null and would drop the check that `delete`
     // makes; a copy that is volatile makes it keep the check.
     void release() noexcept override {
-        TypeTranslation* volatile object = this;
+        RecordTranslation* volatile object = this;
         delete object;
     }
 
