@@ -35,7 +35,8 @@ template <typename Record, typename... Types>
 inline constexpr bool kAllCross<const std::tuple<Types Record::*...>> = (kCrosses<Types> && ...);
 
 // Calls `visit(member, childHandle, childPlug)` for each listed member of the record, in order:
-// member i has child i. One plug and one handle serve all children, one after the other.
+// member i has child i. One plug and one handle serve all children, one after the other. Both steps
+// are inlined by force: a call for each child costs writing a tenth of its time.
 template <typename Record, typename Visit>
 void forEachChild(VDataHandle& handle, VPlug& plug, const Visit& visit) {
     static_assert(kAllCross<decltype(Page<Record>::members)>,
@@ -47,7 +48,8 @@ void forEachChild(VDataHandle& handle, VPlug& plug, const Visit& visit) {
             VDataHandle childHandle = handle.child(childPlug);
             visit(first, childHandle, childPlug);
             unsigned index = 0;
-            [[maybe_unused]] const auto visitNext = [&](auto member) {
+            [[maybe_unused]] const auto visitNext = [&](auto member)
+                __attribute__((always_inline)) {
                 childPlug = plug.child(++index);
                 childHandle = handle.child(childPlug);
                 visit(member, childHandle, childPlug);

@@ -48,9 +48,10 @@ void writeMember(const Record& record, VDataHandle& handle, VPlug& plug) {
 
 template <typename Record>
 void Translators<Record>::write(const Record& record, VDataHandle& handle, VPlug& plug) {
-    forEachChild<Record>(handle, plug, [&](auto member, VDataHandle& child, VPlug& childPlug) {
-        writeMember(record.*member, child, childPlug);
-    });
+    forEachChild<Record>(
+        handle, plug,
+        [&](auto member, VDataHandle& child, VPlug& childPlug)
+            __attribute__((always_inline)) { writeMember(record.*member, child, childPlug); });
 }
 
 // Only a record needs the plug of its element.
