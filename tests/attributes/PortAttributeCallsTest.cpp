@@ -92,6 +92,17 @@ TEST_F(PortAttributeCalls, MakeEachChildBeforeTheNextAndFlagThemAtTheEnd) {
     EXPECT_EQ(calls.take(), expected);
 }
 
+TEST_F(PortAttributeCalls, SetEachFlagOfAnArrayOfAnEnumForAnOutputBeforeTheFields) {
+    CallRecorder calls;
+    create("array<Rigging::Mode>", false);
+    EXPECT_EQ(
+        calls.lines(),
+        (Lines{"VFnEnumAttribute::create port, port, 0", "VFnAttribute::setReadable port true",
+               "VFnAttribute::setWritable port false", "VFnAttribute::setKeyable port false",
+               "VFnAttribute::setArray port true", "VFnEnumAttribute::addField port off, 0",
+               "VFnEnumAttribute::addField port on, 4464"}));
+}
+
 TEST_F(PortAttributeCalls, AreNoneForALeafType) {
     CallRecorder calls;
     create("double");
