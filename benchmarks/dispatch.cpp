@@ -1,9 +1,9 @@
 // Finding readers and writers in the registry, compared with maps of plain strings.
 #include "benchmarks/Ratio.h"
 #include "plugin/Records.h"
-#include "translation/TranslatorRegistry.h"
 
 #include <Pelmor/TypeInfo.h>
+#include <Tolvane/TranslatorRegistry.h>
 
 #include <map>
 #include <memory>

@@ -1,8 +1,8 @@
 // The walks of each record, compiled once for the plugin and its tests.
 #include "plugin/Records.h"
 
-#include "convert/Read.h"
-#include "convert/Write.h"
+#include <Tolvane/convert/Read.h>
+#include <Tolvane/convert/Write.h>
 
 template struct Tolvane::Translators<Rigging::Module::Transform>;
 template struct Tolvane::Translators<Rigging::Module::NamedTransforms>;

@@ -2,15 +2,15 @@
 // walks themselves, compiled once, in Records.cpp.
 #pragma once
 
-#include "convert/Translators.h"
-#include "record/RecordList.h"
-#include "types/Inputs.h"
-#include "types/InputsControls.h"
-#include "types/InputsJoints.h"
-#include "types/NamedTransforms.h"
-#include "types/Outputs.h"
-#include "types/Pins.h"
-#include "types/Transform.h"
+#include <Rigging/Inputs.h>
+#include <Rigging/InputsControls.h>
+#include <Rigging/InputsJoints.h>
+#include <Rigging/NamedTransforms.h>
+#include <Rigging/Outputs.h>
+#include <Rigging/Pins.h>
+#include <Rigging/Transform.h>
+#include <Tolvane/convert/Translators.h>
+#include <Tolvane/record/RecordList.h>
 
 namespace Rigging::Module {
 

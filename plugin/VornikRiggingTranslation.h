@@ -2,7 +2,8 @@
 #pragma once
 
 #include "plugin/Records.h"
-#include "translation/RecordTranslation.h"
+
+#include <Tolvane/RecordTranslation.h>
 
 namespace Rigging::Module {
 

@@ -1,5 +1,4 @@
 // When a port gets an attribute, and what the user is told where it gets none.
-#include "attributes/AddPort.h"
 #include "tests/support/AttributeTree.h"
 #include "tests/support/CallRecorder.h"
 #include "tests/support/HostAttributes.h"
@@ -8,6 +7,7 @@
 #include <OpenVornik/VDGModifier.h>
 #include <OpenVornik/VFnDependencyNode.h>
 #include <Pelmor/Library.h>
+#include <Tolvane/attributes/AddPort.h>
 
 #include <string>
 

@@ -1,6 +1,7 @@
-#include "attributes/LeafAttributes.h"
 #include "tests/support/AttributeTree.h"
 #include "tests/support/CallRecorder.h"
+
+#include <Tolvane/attributes/LeafAttributes.h>
 
 #include <string>
 

@@ -1,8 +1,8 @@
 // What each kind of member becomes, in structs of a library of one's own.
-#include "attributes/PortAttribute.h"
 #include "tests/support/AttributeTree.h"
 
 #include <Pelmor/Library.h>
+#include <Tolvane/attributes/PortAttribute.h>
 
 #include <string>
 #include <utility>

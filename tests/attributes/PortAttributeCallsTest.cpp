@@ -1,9 +1,9 @@
 // The host's calls in their order: the host and whoever reads its traces see nothing else.
-#include "attributes/PortAttribute.h"
 #include "tests/support/AttributeTree.h"
 #include "tests/support/CallRecorder.h"
 
 #include <Pelmor/Library.h>
+#include <Tolvane/attributes/PortAttribute.h>
 
 #include <algorithm>
 #include <string>

@@ -1,7 +1,7 @@
-#include "attributes/PortAttribute.h"
 #include "tests/support/AttributeTree.h"
 
 #include <Pelmor/Library.h>
+#include <Tolvane/attributes/PortAttribute.h>
 
 #include <cstdint>
 #include <limits>

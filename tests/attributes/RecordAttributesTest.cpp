@@ -1,10 +1,10 @@
 // The trees that carry the plugin's records: member i is child i, which is how the values find
 // their way.
-#include "attributes/PortAttribute.h"
 #include "tests/support/AttributeTree.h"
 #include "tests/support/CarriedTypes.h"
 
 #include <Pelmor/Library.h>
+#include <Tolvane/attributes/PortAttribute.h>
 
 #include <string>
 #include <type_traits>

@@ -1,6 +1,5 @@
-#include "attributes/UnwrapArrayType.h"
-
 #include <Pelmor/Library.h>
+#include <Tolvane/attributes/UnwrapArrayType.h>
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // Arrays of any length: as many elements cross as there are, each to its own place.
-#include "convert/Read.h"
 #include "tests/support/HeldTranslators.h"
 #include "tests/support/HostPort.h"
 #include "tests/support/RecordLeaves.h"
 
 #include <OpenVornik/Testing/CallObserver.h>
 #include <OpenVornik/VArrayDataHandle.h>
+#include <Tolvane/convert/Read.h>
 
 #include <iterator>
 #include <numeric>

@@ -32,16 +32,15 @@ int CountedPlug::s_copies = 0;
 }  // namespace
 
 #define VPlug CountedPlug
-#include "convert/PlainArrays.cpp"
+#include <Tolvane/convert/PlainArrays.cpp>
 #undef VPlug
-
-#include "types/Transform.h"
 
 #include <OpenVornik/VDGModifier.h>
 #include <OpenVornik/VFnCompoundAttribute.h>
 #include <OpenVornik/VFnDependencyNode.h>
 #include <OpenVornik/VFnMatrixAttribute.h>
 #include <OpenVornik/VFnNumericAttribute.h>
+#include <Rigging/Transform.h>
 
 #include <tuple>
 

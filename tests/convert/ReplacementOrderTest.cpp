@@ -1,10 +1,10 @@
 // In which order a value that is carried takes the place of the former one.
-#include "convert/Read.h"
-#include "convert/Write.h"
 #include "tests/support/AllocationCount.h"
 #include "tests/support/HostPort.h"
 
 #include <OpenVornik/Testing/CallObserver.h>
+#include <Tolvane/convert/Read.h>
+#include <Tolvane/convert/Write.h>
 
 #include <functional>
 #include <tuple>

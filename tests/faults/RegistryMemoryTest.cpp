@@ -3,7 +3,8 @@
 #include "plugin/Records.h"
 #include "tests/support/Endings.h"
 #include "tests/support/TranslatedPort.h"
-#include "translation/RecordTranslation.h"
+
+#include <Tolvane/RecordTranslation.h>
 
 #include <functional>
 

@@ -2,7 +2,8 @@
 // is where one that is missing there shows.
 #include "plugin/Records.h"
 #include "tests/plugin/Translation.h"
-#include "translation/TranslatorRegistry.h"
+
+#include <Tolvane/TranslatorRegistry.h>
 
 #include <set>
 #include <string>

@@ -2,12 +2,12 @@
 // output port without any, both of one type.
 #pragma once
 
-#include "attributes/PortAttribute.h"
 #include "tests/plugin/Translation.h"
 #include "tests/support/TranslatedPort.h"
 
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Library.h>
+#include <Tolvane/attributes/PortAttribute.h>
 
 namespace PluginTests {
 

@@ -2,10 +2,11 @@
 // all of them.
 #pragma once
 
-#include "convert/PlainArrays.h"
-#include "convert/Write.h"
 #include "plugin/Records.h"
 #include "tests/support/CarriedTypes.h"
+
+#include <Tolvane/convert/PlainArrays.h>
+#include <Tolvane/convert/Write.h>
 
 namespace TestSupport {
 

@@ -5,10 +5,10 @@
 #include "tests/support/CarriedTypes.h"
 #include "tests/support/RunTogether.h"
 #include "tests/support/TranslatedPort.h"
-#include "translation/RecordTranslation.h"
 
 #include <OpenVornik/Testing/CallObserver.h>
 #include <Pelmor/Library.h>
+#include <Tolvane/RecordTranslation.h>
 
 #include <atomic>
 #include <cstdlib>

@@ -1,10 +1,9 @@
 // A translation of records of the tests' own, whose readers and writers do what each test says.
 #pragma once
 
-#include "translation/RecordTranslation.h"
-
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Array.h>
+#include <Tolvane/RecordTranslation.h>
 
 #include <functional>
 #include <string>

@@ -1,6 +1,7 @@
 #include "tests/support/AllocationCount.h"
 #include "tests/support/CarriedTypes.h"
-#include "translation/RecordTranslation.h"
+
+#include <Tolvane/RecordTranslation.h>
 
 #include <string>
 #include <vector>

@@ -1,8 +1,9 @@
-#include "convert/Write.h"
 #include "plugin/Records.h"
 #include "tests/support/CarriedTypes.h"
 #include "tests/translation/ScriptedTranslation.h"
-#include "translation/TranslatorRegistry.h"
+
+#include <Tolvane/TranslatorRegistry.h>
+#include <Tolvane/convert/Write.h>
 
 #include <algorithm>
 #include <string>

@@ -1,11 +1,10 @@
 // Makes the arrays that are read from the host: allocated once, at their final size.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
-
 #include <Pelmor/Array.h>
 #include <Pelmor/UntypedTypeRep.h>
+#include <Tolvane/record/Elements.h>
+#include <Tolvane/record/Page.h>
 
 #include <cstddef>
 #include <cstdint>

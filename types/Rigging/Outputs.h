@@ -2,9 +2,9 @@
 // are shared by copies, and a new record has the graph's default object in both.
 #pragma once
 
-#include "record/Record.h"
-#include "types/NamedTransforms.h"
-#include "types/Pins.h"
+#include <Rigging/NamedTransforms.h>
+#include <Rigging/Pins.h>
+#include <Tolvane/record/Record.h>
 
 namespace Rigging::Module {
 

@@ -1,4 +1,4 @@
-#include "translation/TranslatorRegistry.h"
+#include <Tolvane/TranslatorRegistry.h>
 
 namespace Tolvane {
 

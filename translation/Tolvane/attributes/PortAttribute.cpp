@@ -1,11 +1,9 @@
-#include "attributes/PortAttribute.h"
-
-#include "attributes/LeafAttributes.h"
-#include "attributes/UnwrapArrayType.h"
-
 #include <OpenVornik/VFnCompoundAttribute.h>
 #include <OpenVornik/VFnEnumAttribute.h>
 #include <Pelmor/ArrayType.h>
+#include <Tolvane/attributes/LeafAttributes.h>
+#include <Tolvane/attributes/PortAttribute.h>
+#include <Tolvane/attributes/UnwrapArrayType.h>
 
 #include <cstdint>
 #include <optional>

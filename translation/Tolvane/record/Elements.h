@@ -3,10 +3,9 @@
 // with.
 #pragma once
 
-#include "record/Page.h"
-
 #include <Pelmor/Array.h>
 #include <Pelmor/UntypedTypeRep.h>
+#include <Tolvane/record/Page.h>
 
 #include <algorithm>
 #include <atomic>

@@ -1,7 +1,6 @@
-#include "translation/Dispatch.h"
-
 #include <OpenVornik/VDataBlock.h>
 #include <OpenVornik/VGlobal.h>
+#include <Tolvane/Dispatch.h>
 
 #include <stdexcept>
 

@@ -2,10 +2,10 @@
 // are shared by copies, and a new record has the graph's default object in both.
 #pragma once
 
-#include "record/Record.h"
-#include "types/InputsControls.h"
-#include "types/InputsJoints.h"
-#include "types/Pins.h"
+#include <Rigging/InputsControls.h>
+#include <Rigging/InputsJoints.h>
+#include <Rigging/Pins.h>
+#include <Tolvane/record/Record.h>
 
 namespace Rigging::Module {
 

@@ -2,8 +2,8 @@
 // record, and never changed in place.
 #pragma once
 
-#include "record/Record.h"
-#include "types/NamedTransforms.h"
+#include <Rigging/NamedTransforms.h>
+#include <Tolvane/record/Record.h>
 
 namespace Rigging::Module {
 

@@ -2,7 +2,7 @@
 // in place.
 #pragma once
 
-#include "record/Record.h"
+#include <Tolvane/record/Record.h>
 
 namespace Rigging::Module {
 

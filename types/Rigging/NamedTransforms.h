@@ -2,8 +2,8 @@
 // changed in place.
 #pragma once
 
-#include "record/Record.h"
-#include "types/Transform.h"
+#include <Rigging/Transform.h>
+#include <Tolvane/record/Record.h>
 
 namespace Rigging::Module {
 

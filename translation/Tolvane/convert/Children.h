@@ -1,13 +1,12 @@
 // The one walk over the children of a record's compound, for both directions.
 #pragma once
 
-#include "record/Page.h"
-
 #include <Math/double4x4.h>
 #include <OpenVornik/VDataHandle.h>
 #include <OpenVornik/VPlug.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
+#include <Tolvane/record/Page.h>
 
 #include <string_view>
 #include <tuple>

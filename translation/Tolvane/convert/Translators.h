@@ -1,5 +1,6 @@
 // The functions that carry one type across the boundary, and the two signatures by which the
-// registry knows them. They are declared here; "convert/Read.h" and "convert/Write.h" define them.
+// registry knows them. They are declared here; <Tolvane/convert/Read.h> and
+// <Tolvane/convert/Write.h> define them.
 //
 // The host's operations that give a plug's children and elements are not const. So a function that
 // is given a port's plug as const copies it once, and everything below works on that copy.

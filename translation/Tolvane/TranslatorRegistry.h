@@ -2,14 +2,13 @@
 // which is all that is known before there is a value; writers by the identity of the value itself.
 #pragma once
 
-#include "convert/Translators.h"
-#include "convert/Write.h"
-#include "record/Page.h"
-#include "record/RecordList.h"
-
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
 #include <Pelmor/TypeInfo.h>
+#include <Tolvane/convert/Translators.h>
+#include <Tolvane/convert/Write.h>
+#include <Tolvane/record/Page.h>
+#include <Tolvane/record/RecordList.h>
 
 #include <map>
 

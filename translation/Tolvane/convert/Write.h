@@ -3,12 +3,6 @@
 // in place and of removing an element.
 #pragma once
 
-#include "convert/Children.h"
-#include "convert/Matrix.h"
-#include "convert/PlainArrays.h"
-#include "convert/Translators.h"
-#include "record/Page.h"
-
 #include <OpenVornik/VArrayDataBuilder.h>
 #include <OpenVornik/VArrayDataHandle.h>
 #include <OpenVornik/VDataHandle.h>
@@ -17,6 +11,11 @@
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
+#include <Tolvane/convert/Children.h>
+#include <Tolvane/convert/Matrix.h>
+#include <Tolvane/convert/PlainArrays.h>
+#include <Tolvane/convert/Translators.h>
+#include <Tolvane/record/Page.h>
 
 #include <stdexcept>
 

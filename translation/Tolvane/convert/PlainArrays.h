@@ -2,10 +2,9 @@
 // for such members; none of them uses the plug.
 #pragma once
 
-#include "convert/Translators.h"
-
 #include <Math/double4x4.h>
 #include <Pelmor/String.h>
+#include <Tolvane/convert/Translators.h>
 
 namespace Tolvane {
 

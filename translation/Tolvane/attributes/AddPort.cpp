@@ -1,11 +1,9 @@
-#include "attributes/AddPort.h"
-
-#include "attributes/PortAttribute.h"
-#include "attributes/UnwrapArrayType.h"
-
 #include <OpenVornik/VFnDependencyNode.h>
 #include <OpenVornik/VGlobal.h>
 #include <OpenVornik/VString.h>
+#include <Tolvane/attributes/AddPort.h>
+#include <Tolvane/attributes/PortAttribute.h>
+#include <Tolvane/attributes/UnwrapArrayType.h>
 
 namespace Tolvane {
 namespace {

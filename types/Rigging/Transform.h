@@ -1,7 +1,7 @@
 // A transformation as the rigging nodes exchange it: eight matrices, all zeros by default.
 #pragma once
 
-#include "record/Record.h"
+#include <Tolvane/record/Record.h>
 
 #include <type_traits>
 

@@ -1,6 +1,5 @@
-#include "attributes/UnwrapArrayType.h"
-
 #include <Pelmor/ArrayType.h>
+#include <Tolvane/attributes/UnwrapArrayType.h>
 
 namespace Tolvane {
 

@@ -1,8 +1,8 @@
 // The records that one translation carries.
 #pragma once
 
-#include "record/Elements.h"
-#include "record/Page.h"
+#include <Tolvane/record/Elements.h>
+#include <Tolvane/record/Page.h>
 
 namespace Tolvane {
 

@@ -3,11 +3,10 @@
 // them may exist and be used by any number of threads; what they share is the list's registry.
 #pragma once
 
-#include "attributes/AddPort.h"
-#include "translation/Dispatch.h"
-#include "translation/TranslatorRegistry.h"
-
 #include <TavrikGraph/Executor/TypeTranslation.h>
+#include <Tolvane/Dispatch.h>
+#include <Tolvane/TranslatorRegistry.h>
+#include <Tolvane/attributes/AddPort.h>
 
 #include <cstdint>
 

@@ -3,13 +3,12 @@
 // reaches the framework: one that is not handled here ends the process.
 #pragma once
 
-#include "translation/TranslatorRegistry.h"
-
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
 #include <Pelmor/Type.h>
 #include <TavrikGraph/Executor/TypeTranslation.h>
+#include <Tolvane/TranslatorRegistry.h>
 
 namespace Tolvane {
 

@@ -1,7 +1,6 @@
-#include "convert/PlainArrays.h"
-
-#include "convert/Read.h"
-#include "convert/Write.h"
+#include <Tolvane/convert/PlainArrays.h>
+#include <Tolvane/convert/Read.h>
+#include <Tolvane/convert/Write.h>
 
 namespace Tolvane {
 

@@ -1,9 +1,8 @@
-#include "attributes/LeafAttributes.h"
-
 #include <OpenVornik/VFnGenericAttribute.h>
 #include <OpenVornik/VFnMatrixAttribute.h>
 #include <OpenVornik/VFnNumericAttribute.h>
 #include <OpenVornik/VFnTypedAttribute.h>
+#include <Tolvane/attributes/LeafAttributes.h>
 
 namespace Tolvane {
 

@@ -3,20 +3,19 @@
 // checked is what moving to an array's next element returns.
 #pragma once
 
-#include "convert/Children.h"
-#include "convert/FetchAhead.h"
-#include "convert/Matrix.h"
-#include "convert/NewElements.h"
-#include "convert/PlainArrays.h"
-#include "convert/Translators.h"
-#include "record/Page.h"
-
 #include <OpenVornik/VArrayDataHandle.h>
 #include <OpenVornik/VDataHandle.h>
 #include <OpenVornik/VPlug.h>
 #include <Pelmor/AnyValue.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
+#include <Tolvane/convert/Children.h>
+#include <Tolvane/convert/FetchAhead.h>
+#include <Tolvane/convert/Matrix.h>
+#include <Tolvane/convert/NewElements.h>
+#include <Tolvane/convert/PlainArrays.h>
+#include <Tolvane/convert/Translators.h>
+#include <Tolvane/record/Page.h>
 
 #include <algorithm>
 #include <cstdint>
