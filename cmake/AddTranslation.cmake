@@ -1,0 +1,19 @@
+# tolvane_add_translation(TARGET source...)
+#
+# A translation library, which exports its factory and nothing else. Without a factory it does not
+# link.
+set(TOLVANE_EXPORTS ${CMAKE_CURRENT_LIST_DIR}/exports.map)
+
+function(tolvane_add_translation target)
+    add_library(${target} MODULE ${ARGN})
+    target_link_libraries(${target} PRIVATE Tolvane::Translation)
+    set_target_properties(${target} PROPERTIES
+        PREFIX ""
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        LINK_DEPENDS ${TOLVANE_EXPORTS})
+    target_link_options(${target} PRIVATE
+        LINKER:--version-script=${TOLVANE_EXPORTS}
+        LINKER:--require-defined=createTavrikTypeTranslation
+        LINKER:--no-undefined)
+endfunction()

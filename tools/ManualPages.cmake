@@ -1,0 +1,24 @@
+# The manual pages, made of what the program's own --help prints: tolvane(1), and tolvane-COMMAND(1)
+# for each of its commands.
+find_program(HELP2MAN help2man)
+if(NOT HELP2MAN)
+    message(STATUS "Without help2man there are no manual pages")
+    return()
+endif()
+
+set(pages "")
+function(tolvane_manual_page name command what)
+    set(page ${PROJECT_BINARY_DIR}/share/man/man1/${name}.1)
+    add_custom_command(OUTPUT ${page} DEPENDS tolvane
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/share/man/man1
+        COMMAND ${HELP2MAN} --no-info --no-discard-stderr --version-string=${PROJECT_VERSION}
+            --manual=TolvanePlugin --source=TolvanePlugin --name=${what} --output=${page}
+            "$<TARGET_FILE:tolvane> ${command}"
+        VERBATIM)
+    set(pages ${pages} ${page} PARENT_SCOPE)
+endfunction()
+
+tolvane_manual_page(tolvane "" "carry rigs through a translation library")
+tolvane_manual_page(tolvane-run run "carry a rig through a translation library and compare")
+add_custom_target(tolvane_manual ALL DEPENDS ${pages})
+install(FILES ${pages} DESTINATION share/man/man1 COMPONENT tools)

@@ -1,0 +1,57 @@
+// What can be told of a page while it is compiled: slips of its author that would otherwise show in
+// the host as a port without values.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+namespace Tolvane {
+
+// Identifiers, joined by "::".
+constexpr bool isGraphName(std::string_view name) {
+    const auto isLetter = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+    };
+    bool begins = true;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (!begins && name.substr(i, 2) == "::") {
+            begins = true;
+            ++i;
+        } else if (isLetter(name[i]) || (!begins && name[i] >= '0' && name[i] <= '9')) {
+            begins = false;
+        } else {
+            return false;
+        }
+    }
+    return !begins;
+}
+
+template <typename A, typename B>
+constexpr bool isSame(A a, B b) {
+    if constexpr (std::is_same_v<A, B>)
+        return a == b;
+    else
+        return false;
+}
+
+// Whether the member at `Place` stands a second time, behind it.
+template <std::size_t Place, typename... Members, std::size_t... Others>
+constexpr bool isRepeated(const std::tuple<Members...>& members, std::index_sequence<Others...>) {
+    return (... || (Others > Place && isSame(std::get<Place>(members), std::get<Others>(members))));
+}
+
+template <typename... Members, std::size_t... Places>
+constexpr bool areDistinct(const std::tuple<Members...>& members,
+                           std::index_sequence<Places...> places) {
+    return (... && !isRepeated<Places>(members, places));
+}
+
+template <typename... Members>
+constexpr bool areDistinct(const std::tuple<Members...>& members) {
+    return areDistinct(members, std::index_sequence_for<Members...>());
+}
+
+}  // namespace Tolvane
