@@ -2,7 +2,7 @@
 // zeros.
 #pragma once
 
-#include <Pelmor/UntypedTypeRep.h>
+#include <Pelmor/ElementTraits.h>
 
 #include <type_traits>
 
@@ -17,4 +17,4 @@ static_assert(sizeof(double4x4) == 16 * sizeof(double) && std::is_trivial_v<doub
 }  // namespace Math
 
 template <>
-struct Pelmor::Internal::ElementTraits<Math::double4x4> : PlainElementTraits<0> {};
+struct Pelmor::ElementTraits<Math::double4x4> : PlainElementTraits<0> {};

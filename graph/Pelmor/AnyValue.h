@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Pelmor/AnyValueManager.h>
+#include <Pelmor/HeldValue.h>
 #include <Pelmor/TypeInfo.h>
 
 #include <type_traits>
@@ -19,6 +20,9 @@ public:
     static AnyValue holding(T&& value) {
         return AnyValue(std::in_place_type<std::decay_t<T>>, std::forward<T>(value));
     }
+    // A holder of the value that `words` hold by a manager of one's own. The value now belongs to
+    // the holder; without a manager the holder is empty.
+    static AnyValue adopting(const AnyValueWords& words) noexcept { return AnyValue(words); }
     AnyValue(const AnyValue& other) { become(other, AnyValueOp::Copy); }
     // The source is left empty. A heap value stays where it is.
     AnyValue(AnyValue&& other) noexcept { become(other, AnyValueOp::Move); }
@@ -48,16 +52,23 @@ public:
     // from or destroyed.
     template <typename T>
     T* getIf() noexcept {
-        if (!hasValue()) return nullptr;
-        AnyValueRequest query = about(AnyValueOp::GetIfType);
-        query.operand2 = const_cast<Internal::TypeInfo*>(&Internal::HeldIdentity<T>::s_record);
-        query.operand3 = nullptr;
-        m_words.manager(&query);
-        return static_cast<T*>(query.operand3);
+        return static_cast<T*>(getIf(Internal::HeldIdentity<T>::s_record));
     }
     template <typename T>
     const T* getIf() const noexcept {
         return const_cast<AnyValue*>(this)->getIf<T>();
+    }
+    // The same by an identity of one's own.
+    void* getIf(const Internal::TypeInfo& identity) noexcept {
+        if (!hasValue()) return nullptr;
+        AnyValueRequest query = about(AnyValueOp::GetIfType);
+        query.operand2 = const_cast<Internal::TypeInfo*>(&identity);
+        query.operand3 = nullptr;
+        m_words.manager(&query);
+        return query.operand3;
+    }
+    const void* getIf(const Internal::TypeInfo& identity) const noexcept {
+        return const_cast<AnyValue*>(this)->getIf(identity);
     }
 
     // Destroys what this holder holds and takes over what `temporary` holds, which is left empty.
@@ -73,9 +84,11 @@ public:
     }
 
     // The bare words, as managers see them.
-    const Internal::HolderWords& words() const noexcept { return m_words; }
+    const AnyValueWords& words() const noexcept { return m_words; }
 
 private:
+    explicit AnyValue(const AnyValueWords& words) noexcept : m_words(words) {}
+
     template <typename Held, typename T>
     AnyValue(std::in_place_type_t<Held>, T&& value) {
         Internal::HolderStorage<Held>::construct(m_words, std::forward<T>(value));
@@ -90,7 +103,7 @@ private:
             m_words = {};
     }
 
-    void give(AnyValueOp copyOrMove, Internal::HolderWords& destination) const {
+    void give(AnyValueOp copyOrMove, AnyValueWords& destination) const {
         AnyValueRequest request = about(copyOrMove);
         request.operand2 = &destination;
         m_words.manager(&request);
@@ -101,11 +114,11 @@ private:
     AnyValueRequest about(AnyValueOp operation) const noexcept {
         AnyValueRequest request;
         request.operation = operation;
-        request.operand1 = const_cast<Internal::HolderWords*>(&m_words);
+        request.operand1 = const_cast<AnyValueWords*>(&m_words);
         return request;
     }
 
-    Internal::HolderWords m_words;
+    AnyValueWords m_words;
 };
 
 static_assert(sizeof(AnyValue) == 4 * sizeof(void*));

@@ -4,6 +4,7 @@
 // [any thread]
 #pragma once
 
+#include <Pelmor/ElementTraits.h>
 #include <Pelmor/Ptr.h>
 #include <Pelmor/String.h>
 #include <Pelmor/UntypedTypeRep.h>
@@ -19,7 +20,7 @@
 namespace Pelmor {
 
 template <>
-struct Internal::ElementTraits<String> : PlainElementTraits<1> {};
+struct ElementTraits<String> : PlainElementTraits<1> {};
 
 template <typename T>
 class Array {
@@ -90,10 +91,10 @@ public:
     }
 
 private:
-    using Operation = Internal::ElementOperation;
+    using Operation = ElementOperation;
 
     static constexpr bool kHasOperations =
-        !std::is_same_v<decltype(Internal::ElementTraits<T>::operations), const std::nullptr_t>;
+        !std::is_same_v<decltype(ElementTraits<T>::operations), const std::nullptr_t>;
 
     // Storage without elements, returned unless an array adopts it.
     struct StorageOwner {

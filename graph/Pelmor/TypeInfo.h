@@ -25,7 +25,7 @@ struct TypeInfo {
     // If it is set in both of two records, they are equal only if they are the same record.
     std::uint8_t isCanonical = 0;
     std::uint8_t qualifier = 0;
-    std::uint32_t arrayDepth;
+    std::uint32_t arrayDepth;  // 0 for the type itself, 1 for a shared array of it
 
     // The identity of an empty holder.
     PELMOR_API static const TypeInfo s_void;

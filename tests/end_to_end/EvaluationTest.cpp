@@ -82,7 +82,7 @@ TEST_P(EvaluationOfEveryType, MovesAValueAndLeavesItsHolderWithNullWords) {
     const Pelmor::Type type = Pelmor::Library().getType(GetParam().c_str());
     Pelmor::AnyValue source;
     ASSERT_TRUE(m_library.translation().translateFromHost(type, source, {nullptr, &plug, &block}));
-    const Pelmor::Internal::HolderWords before = source.words(), none{};
+    const Pelmor::AnyValueWords before = source.words(), none{};
     ASSERT_NE(before.manager, nullptr);
     const Pelmor::AnyValue destination(std::move(source));
     EXPECT_EQ(std::memcmp(&source.words(), &none, sizeof none), 0);

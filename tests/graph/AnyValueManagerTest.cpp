@@ -1,7 +1,7 @@
 // The managers' side of the request protocol: every request is made by hand, on bare words.
 #include "tests/support/AllocationCount.h"
 
-#include <Pelmor/AnyValueManager.h>
+#include <Pelmor/HeldValue.h>
 
 #include <array>
 #include <cstdint>
@@ -18,12 +18,12 @@ namespace {
 using Pelmor::AnyValueManager;
 using Pelmor::AnyValueOp;
 using Pelmor::AnyValueRequest;
+using Pelmor::AnyValueWords;
 using Pelmor::Array;
 using Pelmor::makePtr;
 using Pelmor::SharedArray;
 using Pelmor::Internal::HeldIdentity;
 using Pelmor::Internal::HolderStorage;
-using Pelmor::Internal::HolderWords;
 using Pelmor::Internal::kHeldInPlace;
 using Pelmor::Internal::manageHeld;
 using Pelmor::Internal::TypeInfo;
@@ -55,7 +55,7 @@ struct UnsafeToMove {
 
 using Words = std::array<std::uintptr_t, 3>;
 
-Words storageOf(const HolderWords& holder) {
+Words storageOf(const AnyValueWords& holder) {
     Words words;
     std::memcpy(words.data(), holder.storage, sizeof words);
     return words;
@@ -64,14 +64,14 @@ Words storageOf(const HolderWords& holder) {
 std::uintptr_t addressOf(const void* pointer) { return reinterpret_cast<std::uintptr_t>(pointer); }
 
 template <typename T>
-HolderWords holding(const T& value) {
-    HolderWords holder{};
+AnyValueWords holding(const T& value) {
+    AnyValueWords holder{};
     HolderStorage<T>::construct(holder, value);
     holder.manager = &manageHeld<T>;
     return holder;
 }
 
-AnyValueRequest ask(HolderWords& holder, AnyValueOp operation, void* operand2 = nullptr) {
+AnyValueRequest ask(AnyValueWords& holder, AnyValueOp operation, void* operand2 = nullptr) {
     AnyValueRequest request{operation, &holder, operand2, nullptr};
     // Read at run time, as in a holder that came from another library.
     const AnyValueManager volatile manager = holder.manager;
@@ -79,12 +79,12 @@ AnyValueRequest ask(HolderWords& holder, AnyValueOp operation, void* operand2 = 
     return request;
 }
 
-void* askForType(HolderWords& holder, const TypeInfo& wanted) {
+void* askForType(AnyValueWords& holder, const TypeInfo& wanted) {
     return ask(holder, AnyValueOp::GetIfType, const_cast<TypeInfo*>(&wanted)).operand3;
 }
 
-HolderWords wordsFullOfRubbish() {
-    HolderWords words{};
+AnyValueWords wordsFullOfRubbish() {
+    AnyValueWords words{};
     std::memset(words.storage, 0xee, sizeof words.storage);
     words.manager = reinterpret_cast<AnyValueManager>(std::uintptr_t{0xeeee});
     return words;
@@ -122,14 +122,14 @@ protected:
     }
 
     // Where the value has to lie.
-    std::uintptr_t placeIn(const HolderWords& words) const {
+    std::uintptr_t placeIn(const AnyValueWords& words) const {
         return kInPlace ? addressOf(words.storage) : storageOf(words)[0];
     }
 
     const SharedArray<double> array = makePtr<Array<double>>();
-    HolderWords holder = holding(sharingValue());
+    AnyValueWords holder = holding(sharingValue());
     const Words before = storageOf(holder);
-    HolderWords destination = wordsFullOfRubbish();
+    AnyValueWords destination = wordsFullOfRubbish();
     const AllocationCount count;
 };
 using InPlaceAndHeap = testing::Types<SharedArray<double>, HeapRecord>;
@@ -213,7 +213,7 @@ TYPED_TEST(Manager, QueryTypeGivesTheIdentityOfTheValue) {
 
 TEST(InPlaceManager, PointerLiesInTwoWordsAndTheThirdIsZero) {
     const auto array = makePtr<Array<double>>();
-    HolderWords holder = holding(array);
+    AnyValueWords holder = holding(array);
     EXPECT_EQ(storageOf(holder)[0], addressOf(array.get()));
     EXPECT_NE(storageOf(holder)[1], 0u);
     EXPECT_EQ(storageOf(holder)[2], 0u);
@@ -221,8 +221,8 @@ TEST(InPlaceManager, PointerLiesInTwoWordsAndTheThirdIsZero) {
 }
 
 TEST(InPlaceManager, NullPointerIsAValue) {
-    HolderWords holder = holding(SharedArray<double>());
-    HolderWords copy{};
+    AnyValueWords holder = holding(SharedArray<double>());
+    AnyValueWords copy{};
     ask(holder, AnyValueOp::Copy, &copy);
     EXPECT_EQ(storageOf(copy), (Words{0, 0, 0}));
     EXPECT_EQ(copy.manager, holder.manager);
@@ -232,8 +232,8 @@ TEST(InPlaceManager, NullPointerIsAValue) {
 }
 
 TEST(InPlaceManager, ValueMayTakeAllThreeWords) {
-    HolderWords source = holding(ThreeWords{{1, 2, 3}});
-    HolderWords destination{};
+    AnyValueWords source = holding(ThreeWords{{1, 2, 3}});
+    AnyValueWords destination{};
     ask(source, AnyValueOp::Move, &destination);
     const auto* moved = static_cast<ThreeWords*>(ask(destination, AnyValueOp::Get).operand2);
     EXPECT_EQ(moved->numbers[0], 1);
@@ -244,11 +244,11 @@ TEST(InPlaceManager, ValueMayTakeAllThreeWords) {
 TEST(HeapManager, ValueIsAlignedWhereverTheHolderLies) {
     struct alignas(16) {
         void* before;
-        HolderWords holder;
+        AnyValueWords holder;
     } words{nullptr, holding(TwoAlignedWords{{1, 2}})};
-    HolderWords copy{};
+    AnyValueWords copy{};
     ask(words.holder, AnyValueOp::Copy, &copy);
-    for (HolderWords* holder : {&words.holder, &copy}) {
+    for (AnyValueWords* holder : {&words.holder, &copy}) {
         const auto* value = static_cast<TwoAlignedWords*>(ask(*holder, AnyValueOp::Get).operand2);
         EXPECT_EQ(addressOf(value) % 16, 0u);
         EXPECT_EQ(value->numbers[1], 2);
@@ -257,8 +257,8 @@ TEST(HeapManager, ValueIsAlignedWhereverTheHolderLies) {
 }
 
 TEST(HeapManager, CopyThatThrowsLeavesTheDestinationEmpty) {
-    HolderWords source = holding(UnsafeToMove());
-    HolderWords destination = wordsFullOfRubbish();
+    AnyValueWords source = holding(UnsafeToMove());
+    AnyValueWords destination = wordsFullOfRubbish();
     UnsafeToMove::s_refuses = true;
     EXPECT_THROW(ask(source, AnyValueOp::Copy, &destination), std::runtime_error);
     UnsafeToMove::s_refuses = false;
@@ -269,8 +269,8 @@ TEST(HeapManager, CopyThatThrowsLeavesTheDestinationEmpty) {
 }
 
 TEST(HeapManager, MoveDoesNotUseTheMoveOfTheValue) {
-    HolderWords source = holding(UnsafeToMove());
-    HolderWords destination{};
+    AnyValueWords source = holding(UnsafeToMove());
+    AnyValueWords destination{};
     UnsafeToMove::s_refuses = true;
     EXPECT_NO_THROW(ask(source, AnyValueOp::Move, &destination));
     UnsafeToMove::s_refuses = false;

@@ -14,12 +14,13 @@ namespace {
 using Pelmor::AnyValue;
 using Pelmor::AnyValueOp;
 using Pelmor::AnyValueRequest;
+using Pelmor::AnyValueWords;
 using Pelmor::Array;
 using Pelmor::makePtr;
 using Pelmor::SharedArray;
 using Pelmor::String;
 using Pelmor::Internal::HeldIdentity;
-using Pelmor::Internal::HolderWords;
+using Pelmor::Internal::HolderStorage;
 using Pelmor::Internal::manageHeld;
 using Pelmor::Internal::TypeInfo;
 using TestSupport::AllocationCount;
@@ -55,9 +56,10 @@ void noteAndManage(AnyValueRequest* request) {
 
 // Its copies inherit the manager.
 AnyValue watchedHolder() {
-    AnyValue holder = recordHolder();
-    const_cast<HolderWords&>(holder.words()).manager = &noteAndManage;
-    return holder;
+    AnyValueWords words;
+    HolderStorage<LargeRecord>::construct(words, LargeRecord{makePtr<Array<double>>(), {1, 2}});
+    words.manager = &noteAndManage;
+    return AnyValue::adopting(words);
 }
 
 template <typename Operation>

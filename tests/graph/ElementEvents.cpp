@@ -1,5 +1,7 @@
 #include "tests/graph/ElementEvents.h"
 
+#include <Pelmor/UntypedTypeRep.h>
+
 #include <new>
 #include <utility>
 
@@ -24,7 +26,7 @@ void refuse(int number) {
     if (number == PlainElement::s_refused) throw CopyRefused("this element is not to be made");
 }
 
-const char* nameOf(Pelmor::Internal::ElementOperation operation) {
+const char* nameOf(Pelmor::ElementOperation operation) {
     constexpr const char* kNames[] = {"DefaultConstruct", "ConstructCopies", "CopyConstruct",
                                       "MoveConstruct",    "CopyAssign",      "MoveAssign",
                                       "Destroy"};
@@ -66,9 +68,9 @@ PlainElement::~PlainElement() {
     if (m_number != kMovedFrom) add("destroy", m_number);
 }
 
-void EnteredElement::operations(Pelmor::Internal::ElementOperation operation, void* destination,
-                                void* source, std::uint64_t count) {
-    using Operation = Pelmor::Internal::ElementOperation;
+void EnteredElement::operations(Pelmor::ElementOperation operation, void* destination, void* source,
+                                std::uint64_t count) {
+    using Operation = Pelmor::ElementOperation;
     if (count == 0) return;
     add(nameOf(operation), static_cast<std::int64_t>(count));
     if (operation == Operation::Destroy) return;

@@ -3,7 +3,7 @@
 // from goes without a word.
 #pragma once
 
-#include <Pelmor/UntypedTypeRep.h>
+#include <Pelmor/ElementTraits.h>
 
 #include <stdexcept>
 #include <string>
@@ -65,8 +65,8 @@ public:
 
     int number() const noexcept { return m_number; }
 
-    static void operations(Pelmor::Internal::ElementOperation operation, void* destination,
-                           void* source, std::uint64_t count);
+    static void operations(Pelmor::ElementOperation operation, void* destination, void* source,
+                           std::uint64_t count);
 
 private:
     int m_number;
@@ -75,10 +75,10 @@ private:
 }  // namespace GraphTests
 
 template <>
-struct Pelmor::Internal::ElementTraits<GraphTests::PlainElement> : PlainElementTraits<3> {};
+struct Pelmor::ElementTraits<GraphTests::PlainElement> : PlainElementTraits<3> {};
 
 template <>
-struct Pelmor::Internal::ElementTraits<GraphTests::EnteredElement> {
+struct Pelmor::ElementTraits<GraphTests::EnteredElement> {
     static constexpr std::uint16_t kindCode = 8;
     static constexpr ElementOperations operations = &GraphTests::EnteredElement::operations;
 };

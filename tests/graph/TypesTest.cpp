@@ -1,6 +1,8 @@
 // Types as they are read: kinds, views, members, enumerations.
 #include <Pelmor/Library.h>
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -152,6 +154,30 @@ TEST(StructType, MemberIteratorsGoForwardAndBack) {
     EXPECT_TRUE(last->getName() == "object1");
 }
 
+// Dereferencing is no const operation of the graph library, so nobody may rely on one.
+template <typename T, typename = void>
+constexpr bool kDereferencesConst = false;
+template <typename T>
+constexpr bool kDereferencesConst<T, std::void_t<decltype(*std::declval<const T&>())>> = true;
+static_assert(!kDereferencesConst<StructType::MemberIterator>);
+
+TEST(StructType, MemberIteratorsServeTheStandardAlgorithms) {
+    using Traits = std::iterator_traits<StructType::MemberIterator>;
+    static_assert(std::is_same_v<Traits::iterator_category, std::bidirectional_iterator_tag>);
+    static_assert(std::is_same_v<Traits::value_type, StructType::Member>);
+    const Library library;
+    const StructType type(library.getType("Rigging::Module::Inputs"));
+    const auto found = std::find_if(type.begin(), type.end(), [](const StructType::Member& member) {
+        return member.getName() == "controls0";
+    });
+    EXPECT_EQ(std::distance(type.begin(), found), 2);
+    EXPECT_TRUE((*std::make_reverse_iterator(type.end())).getName() == "object1");
+    StructType::MemberIterator member;
+    member = type.begin();
+    EXPECT_TRUE(member++ == type.begin() && member == std::next(type.begin()));
+    EXPECT_TRUE(member-- == std::next(type.begin()) && member == type.begin());
+}
+
 TEST(EnumType, EnumerationsAreWalkedInDeclarationOrder) {
     Library library;
     const EnumType type =
@@ -174,6 +200,9 @@ TEST(EnumType, EnumerationsAreConst) {
     EXPECT_TRUE(enumeration->getName() == "right");
     --enumeration;
     EXPECT_TRUE(enumeration->getName() == "left");
+    using Traits = std::iterator_traits<EnumType::EnumerationIterator>;
+    static_assert(std::is_same_v<Traits::value_type, EnumType::Enumeration>);
+    static_assert(std::is_same_v<Traits::reference, const EnumType::Enumeration&>);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ using TestSupport::AllocationCount;
 
 template <typename Element>
 void expectDescription(std::uint32_t alignmentAndKind,
-                       Pelmor::Internal::ElementOperations operations = nullptr) {
+                       Pelmor::ElementOperations operations = nullptr) {
     const UntypedTypeRep rep = elementRepOf<Element>();
     EXPECT_EQ(rep.elementSize, sizeof(Element));
     EXPECT_EQ(rep.alignmentAndKind, alignmentAndKind);

@@ -92,8 +92,8 @@ namespace {
 
 using namespace TestSupport;
 using namespace TypesTests;
-using Pelmor::Internal::ElementOperation;
-using Pelmor::Internal::ElementOperations;
+using Pelmor::ElementOperation;
+using Pelmor::ElementOperations;
 using Pelmor::Internal::UntypedTypeRep;
 using Notes = std::vector<NotedRecord::Note>;
 

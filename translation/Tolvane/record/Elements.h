@@ -4,7 +4,7 @@
 #pragma once
 
 #include <Pelmor/Array.h>
-#include <Pelmor/UntypedTypeRep.h>
+#include <Pelmor/ElementTraits.h>
 #include <Tolvane/record/Page.h>
 
 #include <algorithm>
@@ -27,9 +27,9 @@ void defaultConstructElements(Record* destination, std::uint64_t count) {
 
 // Does what `operation` says to `count` records. The pointers may be null if there are none.
 template <typename Record>
-void operateOnElements(Pelmor::Internal::ElementOperation operation, void* destinationElements,
+void operateOnElements(Pelmor::ElementOperation operation, void* destinationElements,
                        void* sourceElements, std::uint64_t count) {
-    using Operation = Pelmor::Internal::ElementOperation;
+    using Operation = Pelmor::ElementOperation;
     if (count == 0) return;
     auto* destination = static_cast<Record*>(destinationElements);
     auto* source = static_cast<Record*>(sourceElements);
@@ -69,7 +69,7 @@ inline constexpr struct NewArray {
 }  // namespace Tolvane
 
 template <typename Record>
-struct Pelmor::Internal::ElementTraits<Record, std::enable_if_t<Tolvane::kIsRecord<Record>>> {
+struct Pelmor::ElementTraits<Record, std::enable_if_t<Tolvane::kIsRecord<Record>>> {
     static constexpr std::uint16_t kindCode = 8;
     static constexpr ElementOperations operations = &Tolvane::operateOnElements<Record>;
 };
