@@ -8,6 +8,7 @@ namespace OpenVornik::Internal {
 class Object;
 class Node;
 class Attribute;
+struct ObjectAccess;
 }  // namespace OpenVornik::Internal
 
 class OPENVORNIK_API VObject {
@@ -16,7 +17,6 @@ public:
     static const VObject kNullObj;
 
     VObject() noexcept = default;
-    explicit VObject(OpenVornik::Internal::Object* object) noexcept;
     VObject(const VObject& other) noexcept;
     VObject(VObject&& other) noexcept;
     ~VObject();
@@ -32,10 +32,10 @@ public:
         return a.m_object != b.m_object;
     }
 
-    // For the host's own use. Null if what is named is of the other kind, or nothing.
-    OpenVornik::Internal::Node* asNode() const noexcept;
-    OpenVornik::Internal::Attribute* asAttribute() const noexcept;
-
 private:
+    friend struct OpenVornik::Internal::ObjectAccess;
+
+    explicit VObject(OpenVornik::Internal::Object* object) noexcept;
+
     OpenVornik::Internal::Object* m_object = nullptr;
 };

@@ -23,7 +23,7 @@ inline VObject make(VObject& works, Attribute::Definition definition, VStatus* s
 
 // `attribute`, or the null object if it is of another kind.
 inline VObject ofKind(const VObject& attribute, VFnAttribute::Kind kind, VStatus* status) {
-    const Attribute* given = attribute.asAttribute();
+    const Attribute* given = attributeOf(attribute);
     if (!given || given->definition().kind != kind) return fail(status, VStatus::kInvalidParameter);
     return succeed(status, attribute);
 }
@@ -33,7 +33,7 @@ template <typename Get>
 auto read(std::string_view operation, const VObject& object, VStatus* status, Get get)
     -> decltype(get(std::declval<const Attribute&>())) {
     if (refused(status, operation, object)) return {};
-    const Attribute* attribute = object.asAttribute();
+    const Attribute* attribute = attributeOf(object);
     if (!attribute) return fail(status, VStatus::kInvalidParameter);
     return succeed(status, get(*attribute));
 }
@@ -44,7 +44,7 @@ auto readAt(std::string_view operation, const VObject& object, unsigned index, V
             List list, Get get) {
     using Result = decltype(get(list(std::declval<const Attribute&>())[index]));
     if (refused(status, operation, object, index)) return Result();
-    const Attribute* attribute = object.asAttribute();
+    const Attribute* attribute = attributeOf(object);
     if (!attribute || index >= list(*attribute).size()) {
         return Result(fail(status, VStatus::kInvalidParameter));
     }

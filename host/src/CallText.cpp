@@ -14,8 +14,8 @@ VString textOf(Nothing) { return {}; }
 VString textOf(const VString& text) { return text; }
 
 VString textOf(const VObject& object) {
-    if (const Node* node = object.asNode()) return node->name();
-    if (const Attribute* attribute = object.asAttribute()) return attribute->name();
+    if (const Node* node = nodeOf(object)) return node->name();
+    if (const Attribute* attribute = attributeOf(object)) return attribute->name();
     return {};
 }
 

@@ -27,10 +27,19 @@ private:
     mutable std::atomic<unsigned> m_uses{0};
 };
 
+struct ObjectAccess {
+    static VObject handleTo(Object* object) noexcept { return VObject(object); }
+    static Object* named(const VObject& handle) noexcept { return handle.m_object; }
+};
+
 // Plugs and handles see attributes as constant, because their shape is; a caller that is given one
 // as an object may still change its flags.
 inline VObject handleTo(const Object* object) noexcept {
-    return VObject(const_cast<Object*>(object));
+    return ObjectAccess::handleTo(const_cast<Object*>(object));
 }
+
+// Null if what is named is of the other kind, or nothing.
+Node* nodeOf(const VObject& handle) noexcept;
+Attribute* attributeOf(const VObject& handle) noexcept;
 
 }  // namespace OpenVornik::Internal

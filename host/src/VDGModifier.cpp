@@ -21,8 +21,8 @@ public:
     AttributeAddition(const VObject& node, const VObject& attribute)
         : m_node(node), m_attribute(attribute) {}
 
-    VStatus carryOut() const { return m_node.asNode()->add(*m_attribute.asAttribute()); }
-    void takeBack() const { m_node.asNode()->removeLast(); }
+    VStatus carryOut() const { return nodeOf(m_node)->add(*attributeOf(m_attribute)); }
+    void takeBack() const { nodeOf(m_node)->removeLast(); }
     void settle() const {}
 
 private:
@@ -97,8 +97,8 @@ VStatus VDGModifier::doIt() {
 VStatus VDGModifier::addAttribute(const VObject& node, const VObject& attribute) {
     const VStatus answer = refusal("VDGModifier::addAttribute", node, attribute);
     if (answer.error()) return answer;
-    const Attribute* added = attribute.asAttribute();
-    if (!node.asNode() || !added) return VStatus::kInvalidParameter;
+    const Attribute* added = attributeOf(attribute);
+    if (!nodeOf(node) || !added) return VStatus::kInvalidParameter;
     if (added->parent() || added->node()) return VStatus::kFailure;
     m_operations->queue.emplace_back(AttributeAddition(node, attribute));
     return VStatus::kSuccess;

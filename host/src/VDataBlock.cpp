@@ -61,6 +61,6 @@ VDataHandle VDataBlock::find(const VPlug& plug) const {
 }
 
 const Attribute* VDataBlock::find(const VObject& attribute) const noexcept {
-    const Attribute* found = attribute.asAttribute();
+    const Attribute* found = attributeOf(attribute);
     return m_node && found && found->node() == m_node ? found : nullptr;
 }

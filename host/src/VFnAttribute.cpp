@@ -9,7 +9,7 @@ namespace {
 VStatus setFlag(std::string_view operation, const VObject& object, bool Attribute::*flag,
                 bool value) {
     if (const VStatus answer = refusal(operation, object, value); answer.error()) return answer;
-    Attribute* attribute = object.asAttribute();
+    Attribute* attribute = attributeOf(object);
     if (!attribute) return VStatus::kInvalidParameter;
     attribute->*flag = value;
     return VStatus::kSuccess;
@@ -19,7 +19,7 @@ VStatus setFlag(std::string_view operation, const VObject& object, bool Attribut
 
 VFnAttribute::VFnAttribute(const VObject& attribute, VStatus* status) {
     if (refused(status, "VFnAttribute::VFnAttribute", attribute)) return;
-    if (attribute.asAttribute()) {
+    if (attributeOf(attribute)) {
         m_attribute = succeed(status, attribute);
     } else {
         fail(status, VStatus::kInvalidParameter);
@@ -86,7 +86,7 @@ VStatus VFnAttribute::setKeyable(bool keyable) {
 VStatus VFnAttribute::setArray(bool array) {
     const VStatus answer = refusal("VFnAttribute::setArray", m_attribute, array);
     if (answer.error()) return answer;
-    Attribute* attribute = m_attribute.asAttribute();
+    Attribute* attribute = attributeOf(m_attribute);
     return attribute ? attribute->setArray(array) : VStatus::kInvalidParameter;
 }
 

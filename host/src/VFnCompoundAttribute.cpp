@@ -18,8 +18,8 @@ VObject VFnCompoundAttribute::create(const VString& longName, const VString& sho
 VStatus VFnCompoundAttribute::addChild(const VObject& child) {
     const VStatus answer = refusal("VFnCompoundAttribute::addChild", m_attribute, child);
     if (answer.error()) return answer;
-    Attribute* attribute = m_attribute.asAttribute();
-    Attribute* added = child.asAttribute();
+    Attribute* attribute = attributeOf(m_attribute);
+    Attribute* added = attributeOf(child);
     if (!attribute || !added) return VStatus::kInvalidParameter;
     return attribute->addChild(*added);
 }

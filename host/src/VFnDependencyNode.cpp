@@ -11,7 +11,7 @@ using namespace OpenVornik::Internal;
 
 VFnDependencyNode::VFnDependencyNode(const VObject& node, VStatus* status) {
     if (refused(status, "VFnDependencyNode::VFnDependencyNode", node)) return;
-    if (node.asNode()) {
+    if (nodeOf(node)) {
         m_node = succeed(status, node);
     } else {
         fail(status, VStatus::kInvalidParameter);
@@ -26,35 +26,35 @@ VObject VFnDependencyNode::create(const VString& name, VStatus* status) {
 
 VString VFnDependencyNode::name(VStatus* status) const {
     if (refused(status, "VFnDependencyNode::name", m_node)) return {};
-    const Node* node = m_node.asNode();
+    const Node* node = nodeOf(m_node);
     if (!node) return fail(status, VStatus::kInvalidParameter);
     return succeed(status, node->name());
 }
 
 VObject VFnDependencyNode::attribute(const VString& name, VStatus* status) const {
     if (refused(status, "VFnDependencyNode::attribute", m_node, name)) return {};
-    const Node* node = m_node.asNode();
+    const Node* node = nodeOf(m_node);
     if (!node) return fail(status, VStatus::kInvalidParameter);
     return succeed(status, handleTo(node->find(name)));
 }
 
 unsigned VFnDependencyNode::attributeCount(VStatus* status) const {
     if (refused(status, "VFnDependencyNode::attributeCount", m_node)) return 0;
-    const Node* node = m_node.asNode();
+    const Node* node = nodeOf(m_node);
     if (!node) return fail(status, VStatus::kInvalidParameter);
     return succeed(status, static_cast<unsigned>(node->roots().size()));
 }
 
 VObject VFnDependencyNode::attribute(unsigned index, VStatus* status) const {
     if (refused(status, "VFnDependencyNode::attribute", m_node, index)) return {};
-    const Node* node = m_node.asNode();
+    const Node* node = nodeOf(m_node);
     if (!node || index >= node->roots().size()) return fail(status, VStatus::kInvalidParameter);
     return succeed(status, handleTo(node->roots()[index]));
 }
 
 VPlug VFnDependencyNode::findPlug(const VString& name, VStatus* status) const {
     if (refused(status, "VFnDependencyNode::findPlug", m_node, name)) return {};
-    const Node* node = m_node.asNode();
+    const Node* node = nodeOf(m_node);
     if (!node) return fail(status, VStatus::kInvalidParameter);
     const Attribute* attribute = node->find(name);
     if (!attribute) return fail(status, VStatus::kNotFound);
@@ -63,7 +63,7 @@ VPlug VFnDependencyNode::findPlug(const VString& name, VStatus* status) const {
 
 VDataBlock VFnDependencyNode::dataBlock(VStatus* status) const {
     if (refused(status, "VFnDependencyNode::dataBlock", m_node)) return {};
-    Node* node = m_node.asNode();
+    Node* node = nodeOf(m_node);
     if (!node) return fail(status, VStatus::kInvalidParameter);
     return succeed(status, node->dataBlock());
 }
@@ -71,7 +71,7 @@ VDataBlock VFnDependencyNode::dataBlock(VStatus* status) const {
 VStatus VFnDependencyNode::setCompute(Compute compute) {
     const VStatus answer = refusal("VFnDependencyNode::setCompute", m_node);
     if (answer.error()) return answer;
-    Node* node = m_node.asNode();
+    Node* node = nodeOf(m_node);
     if (!node) return VStatus::kInvalidParameter;
     node->compute = std::move(compute);
     return VStatus::kSuccess;

@@ -29,7 +29,7 @@ VObject VFnEnumAttribute::create(const VString& longName, const VString& shortNa
 VStatus VFnEnumAttribute::addField(const VString& name, short value) {
     const VStatus answer = refusal("VFnEnumAttribute::addField", m_attribute, name, value);
     if (answer.error()) return answer;
-    Attribute* attribute = m_attribute.asAttribute();
+    Attribute* attribute = attributeOf(m_attribute);
     if (!attribute) return VStatus::kInvalidParameter;
     for (const Attribute::Field& field : attribute->fields) {
         if (field.name == name) return VStatus::kFailure;

@@ -19,7 +19,7 @@ VStatus VFnGenericAttribute::addDataAccept(VFnData::Type type) {
     const VStatus answer =
         refusal("VFnGenericAttribute::addDataAccept", m_attribute, static_cast<int>(type));
     if (answer.error()) return answer;
-    Attribute* attribute = m_attribute.asAttribute();
+    Attribute* attribute = attributeOf(m_attribute);
     return attribute ? attribute->accept(type) : VStatus::kInvalidParameter;
 }
 

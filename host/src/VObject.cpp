@@ -30,6 +30,10 @@ VObject& VObject::operator=(VObject&& other) noexcept {
     return *this;
 }
 
-Node* VObject::asNode() const noexcept { return dynamic_cast<Node*>(m_object); }
+Node* OpenVornik::Internal::nodeOf(const VObject& handle) noexcept {
+    return dynamic_cast<Node*>(ObjectAccess::named(handle));
+}
 
-Attribute* VObject::asAttribute() const noexcept { return dynamic_cast<Attribute*>(m_object); }
+Attribute* OpenVornik::Internal::attributeOf(const VObject& handle) noexcept {
+    return dynamic_cast<Attribute*>(ObjectAccess::named(handle));
+}

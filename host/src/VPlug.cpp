@@ -14,8 +14,8 @@ static_assert(std::is_trivially_copyable_v<VPlug>);
 
 VPlug::VPlug(const VObject& node, const VObject& attribute, VStatus* status) {
     if (refused(status, "VPlug::VPlug", Nothing(), node, attribute)) return;
-    const Node* owner = node.asNode();
-    const Attribute* owned = attribute.asAttribute();
+    const Node* owner = nodeOf(node);
+    const Attribute* owned = attributeOf(attribute);
     if (!owner || !owned || owned->node() != owner) {
         fail(status, VStatus::kInvalidParameter);
         return;

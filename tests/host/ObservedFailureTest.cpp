@@ -7,6 +7,10 @@
 #include <OpenVornik/VFnGenericAttribute.h>
 #include <OpenVornik/VGlobal.h>
 
+#include <functional>
+#include <stdexcept>
+#include <string_view>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -40,6 +44,20 @@ protected:
         const RecordingObserver observer(operation, kAnswer);
         return call();
     }
+};
+
+class ThrowingObserver : public OpenVornik::Testing::CallObserver {
+public:
+    // Throws at every call of `operation`, or at every call.
+    explicit ThrowingObserver(std::string_view operation = {}) : m_operation(operation) {}
+
+    VStatus::Code called(const OpenVornik::Testing::Call& call) override {
+        if (m_operation.empty() || call.operation == m_operation) throw std::runtime_error("no");
+        return VStatus::kSuccess;
+    }
+
+private:
+    std::string_view m_operation;
 };
 
 }  // namespace
@@ -176,4 +194,63 @@ TEST_F(ObservedFailure, FailedCallFormatsNoTextAndDisplaysNoError) {
     EXPECT_EQ(shown, 0);
     VGlobal::displayError("wrong");
     EXPECT_EQ(shown, 1);
+}
+
+TEST_F(ObservedFailure, ExceptionOfTheObserverReachesTheCallerAndTheCallChangesNothing) {
+    VArrayDataHandle handle(array);
+    VArrayDataBuilder builder = handle.builder();
+    VDataHandle number = dataOf(node, "weight");
+    VFnAttribute attribute(weight);
+    VDGModifier modifier;
+    modifier.addAttribute(node, makeDouble("new"));
+    VString text("before");
+    const std::function<void()> calls[] = {
+        [&] { limb.child(0, &status); },
+        [&] { weights.elementByLogicalIndex(1, &status); },
+        [&] { VPlug(node, weight, &status); },
+        [&] { block.inputValue(weights, &status); },
+        [&] { block.setClean(weight); },
+        [&] { number.child(limb); },
+        [&] { number.asDouble() = 9; },
+        [&] { number.setDouble(9); },
+        [&] { VArrayDataHandle(array, &status); },
+        [&] { handle.next(); },
+        [&] { builder.addElement(7, &status); },
+        [&] { builder.removeElement(0); },
+        [&] { attribute.setKeyable(true); },
+        [&] { modifier.doIt(); },
+        [&] { text.format("^1s", "after"); },
+        [&] { VGlobal::displayError("wrong"); },
+    };
+    status = VStatus::kNotFound;
+    {
+        const ThrowingObserver observer;
+        for (const auto& call : calls) EXPECT_THROW(call(), std::runtime_error);
+    }
+    EXPECT_EQ(status, VStatus::kNotFound);
+    EXPECT_FALSE(block.isClean(weight));
+    EXPECT_EQ(number.asDouble(), 2.5);
+    EXPECT_EQ(handle.elementIndex(), 0U);
+    EXPECT_EQ(builder.elementCount(), 2U);
+    EXPECT_FALSE(attribute.isKeyable());
+    EXPECT_EQ(text, "before");
+    EXPECT_EQ(modifier.doIt(), VStatus::kSuccess);
+    EXPECT_FALSE(VFnDependencyNode(node).attribute("new").isNull()) << "it was still queued";
+}
+
+TEST_F(ObservedFailure, ExceptionInAComputationEndsTheEvaluationAndLeavesItsAttributesDirty) {
+    const VObject source = makeNode("source", {asOutput(makeDouble("out"))});
+    VFnDependencyNode(source).setCompute([](VPlug plug, VDataBlock& data) {
+        data.outputValue(plug).setDouble(2.0);
+        return VStatus();
+    });
+    connect(plugOf(source, "out"), plugOf(node, "weight"));
+    const VPlug plug = plugOf(node, "weight");
+    {
+        const ThrowingObserver observer("VDataHandle::setDouble");
+        EXPECT_THROW(block.inputValue(plug), std::runtime_error);
+    }
+    EXPECT_FALSE(block.isClean(weight));
+    EXPECT_FALSE(blockOf(source).isClean(plugOf(source, "out").attribute()));
+    EXPECT_EQ(block.inputValue(plug).asDouble(), 2.0);
 }

@@ -42,6 +42,10 @@ public:
     // The answer kSuccess lets the call go on. Any other makes it fail with that status, without
     // having been carried out: it changes nothing and gives what its declaration says of a failure,
     // else a null object, plug or handle, 0, false or empty text.
+    //
+    // May throw. The exception reaches whoever made the call, which has then not been carried out
+    // and has filled no status. If that is a node's computation, the evaluations that wait for it
+    // end too, and their attributes stay dirty.
     virtual VStatus::Code called(const Call& call) = 0;
 
 private:
