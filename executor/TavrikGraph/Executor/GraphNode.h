@@ -4,6 +4,7 @@
 // for while dirty.
 #pragma once
 
+#include <OpenVornik/VDataBlock.h>
 #include <OpenVornik/VObject.h>
 #include <OpenVornik/VPlug.h>
 #include <OpenVornik/VString.h>
