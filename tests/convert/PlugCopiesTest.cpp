@@ -20,9 +20,9 @@ public:
     }
     CountedPlug& operator=(CountedPlug&&) = default;
 
-    CountedPlug child(unsigned index) { return VPlug::child(index); }
-    CountedPlug elementByLogicalIndex(unsigned index) {
-        return VPlug::elementByLogicalIndex(index);
+    CountedPlug child(unsigned index, VStatus* status) { return VPlug::child(index, status); }
+    CountedPlug elementByLogicalIndex(unsigned index, VStatus* status) {
+        return VPlug::elementByLogicalIndex(index, status);
     }
 
     static int s_copies;

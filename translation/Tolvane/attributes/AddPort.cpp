@@ -8,10 +8,11 @@
 namespace Tolvane {
 namespace {
 
-void showError(const char* message, const VString& argument1,
-               const VString& argument2 = VString::argUnused) {
-    VString text;
-    text.format(message, argument1, argument2);
+void showError(const char* message, const VString& argument1, const VString& argument2) {
+    const VString& none = VString::argUnused;
+    VString text("");
+    text.format(VString(message), argument1, argument2, none, none, none, none, none, none, none,
+                none);
     VGlobal::displayError(text);
 }
 
@@ -22,12 +23,12 @@ bool addPort(const Pelmor::String& portName, bool isInput, const Pelmor::Type& t
     const auto [innermost, arrayLevels] = unwrapArrayType(type);
     if (arrayLevels > 1) {
         showError("Multi dimension array of type ^1s is not supported.",
-                  innermost.getFullyQualifiedName().asChar());
+                  VString(innermost.getFullyQualifiedName().asChar()), VString::argUnused);
         return false;
     }
 
     const VString name(portName.asChar());
-    const VFnDependencyNode hostNode(node);
+    VFnDependencyNode hostNode(node);
     const auto refuse = [&](const char* message) {
         showError(message, name, hostNode.name());
         return false;

@@ -5,24 +5,34 @@
 #include <Tolvane/attributes/LeafAttributes.h>
 
 namespace Tolvane {
+namespace {
+
+// The host's codes, which are the same in all its versions, whatever they are called there.
+constexpr auto kStringData = static_cast<VFnData::Type>(4);
+constexpr auto kDoubleMatrix = static_cast<VFnMatrixAttribute::Type>(1);
+constexpr auto kBoolean = static_cast<VFnNumericData::Type>(1);
+constexpr auto kInteger = static_cast<VFnNumericData::Type>(7);
+constexpr auto kDouble = static_cast<VFnNumericData::Type>(14);
+
+}  // namespace
 
 VObject createStringAttribute(const VString& name, bool isArray) {
     VFnTypedAttribute attribute;
-    VObject object = attribute.create(name, name, VFnData::kString, VObject::kNullObj);
+    VObject object = attribute.create(name, name, kStringData, VObject::kNullObj);
     attribute.setArray(isArray);
     return object;
 }
 
 VObject createMatrixAttribute(const VString& name, bool isArray) {
     VFnMatrixAttribute attribute;
-    VObject object = attribute.create(name, name, VFnMatrixAttribute::kDouble);
+    VObject object = attribute.create(name, name, kDoubleMatrix);
     attribute.setArray(isArray);
     return object;
 }
 
 VObject createDoubleAttribute(const VString& name, bool isArray) {
     VFnNumericAttribute attribute;
-    VObject object = attribute.create(name, name, VFnNumericData::kDouble, 0.0);
+    VObject object = attribute.create(name, name, kDouble, 0.0);
     attribute.setArray(isArray);
     return object;
 }
@@ -35,11 +45,11 @@ VObject createObjectAttribute(const VString& name, bool isArray) {
 }
 
 VObject createBoolAttribute(const VString& name) {
-    return VFnNumericAttribute().create(name, name, VFnNumericData::kBoolean, 0.0);
+    return VFnNumericAttribute().create(name, name, kBoolean, 0.0);
 }
 
 VObject createIntAttribute(const VString& name) {
-    return VFnNumericAttribute().create(name, name, VFnNumericData::kInt, 0.0);
+    return VFnNumericAttribute().create(name, name, kInteger, 0.0);
 }
 
 }  // namespace Tolvane

@@ -18,12 +18,6 @@ void setPortFlags(VFnAttribute& attribute, bool isInput, bool isArray) {
     attribute.setArray(isArray);
 }
 
-VString childName(const Pelmor::StructType::Member& member) {
-    VString name(member.getName().asChar());
-    if (name == "weights") name = "weights_A";
-    return name;
-}
-
 // Nothing for a type that has no attribute. What the host failed to create is a null object and is
 // left to the host to refuse.
 std::optional<VObject> createMemberAttribute(const Pelmor::Type& memberType, const VString& name,
@@ -72,7 +66,9 @@ VObject createCompoundAttribute(const Pelmor::StructType& type, const VString& n
     VObject object = compound.create(name, name);
     setPortFlags(compound, isInput, isArray);
     for (auto member = type.begin(), end = type.end(); member != end; ++member) {
-        const auto child = createMemberAttribute((*member).getType(), childName(*member), isInput);
+        VString childName((*member).getName().asChar());
+        if (childName == "weights") childName = "weights_A";
+        const auto child = createMemberAttribute((*member).getType(), childName, isInput);
         if (child) compound.addChild(*child);
     }
     for (unsigned i = 0; i < compound.numChildren(); ++i)
@@ -87,7 +83,7 @@ VObject createEnumAttribute(const Pelmor::EnumType& type, const VString& name, b
     setPortFlags(attribute, isInput, isArray);
     for (auto enumeration = type.begin(), end = type.end(); enumeration != end; ++enumeration) {
         const auto lowBits = static_cast<std::uint16_t>((*enumeration).getValue());
-        attribute.addField((*enumeration).getName().asChar(), static_cast<short>(lowBits));
+        attribute.addField(VString((*enumeration).getName().asChar()), static_cast<short>(lowBits));
     }
     return object;
 }

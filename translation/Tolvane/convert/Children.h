@@ -43,13 +43,13 @@ void forEachChild(VDataHandle& handle, VPlug& plug, const Visit& visit) {
                   "record with a Tolvane::Page, or a shared array of transforms or plain values");
     std::apply(
         [&](auto first, auto... others) {
-            VPlug childPlug = plug.child(0);
+            VPlug childPlug = plug.child(0, nullptr);
             VDataHandle childHandle = handle.child(childPlug);
             visit(first, childHandle, childPlug);
             unsigned index = 0;
             [[maybe_unused]] const auto visitNext = [&](auto member)
                 __attribute__((always_inline)) {
-                childPlug = plug.child(++index);
+                childPlug = plug.child(++index, nullptr);
                 childHandle = handle.child(childPlug);
                 visit(member, childHandle, childPlug);
             };

@@ -57,7 +57,7 @@ void Translators<Record>::read(VDataHandle& handle, VPlug& plug, Record& record)
 template <typename Element>
 void readElement(VDataHandle& handle, VPlug& arrayPlug, unsigned position, Element& element) {
     if constexpr (kIsRecord<Element>) {
-        VPlug elementPlug = arrayPlug.elementByLogicalIndex(position);
+        VPlug elementPlug = arrayPlug.elementByLogicalIndex(position, nullptr);
         Translators<Element>::read(handle, elementPlug, element);
     } else {
         readMember(handle, arrayPlug, element);
@@ -83,7 +83,7 @@ unsigned readElements(VArrayDataHandle& source, VPlug& plug, Pelmor::Array<Eleme
 template <typename Element>
 void Translators<Element>::readArray(VDataHandle& handle, VPlug& plug,
                                      Pelmor::SharedArray<Element>& array) {
-    VArrayDataHandle source(handle);
+    VArrayDataHandle source(handle, nullptr);
     Pelmor::SharedArray<Element> elements = makeElements<Element>(source.elementCount());
     const unsigned read = readElements(source, plug, *elements);
     if constexpr (kIsSetWhole<Element>)

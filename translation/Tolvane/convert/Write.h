@@ -58,7 +58,7 @@ template <typename Element>
 void writeElement(const Element& element, VDataHandle& handle, VPlug& arrayPlug,
                   unsigned logicalIndex) {
     if constexpr (kIsRecord<Element>) {
-        VPlug elementPlug = arrayPlug.elementByLogicalIndex(logicalIndex);
+        VPlug elementPlug = arrayPlug.elementByLogicalIndex(logicalIndex, nullptr);
         Translators<Element>::write(element, handle, elementPlug);
     } else {
         writeMember(element, handle, arrayPlug);
@@ -99,7 +99,7 @@ template <typename Element>
 void Translators<Element>::writeArray(const Pelmor::SharedArray<Element>& array,
                                       VDataHandle& handle, VPlug& plug) {
     if (!array) return;
-    VArrayDataHandle destination(handle);
+    VArrayDataHandle destination(handle, nullptr);
     if (array->size() == destination.elementCount())
         writeInPlace(*array, destination, plug);
     else
