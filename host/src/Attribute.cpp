@@ -20,7 +20,8 @@ constexpr Extent extentOf() noexcept {
 Extent leafExtent(Value value) noexcept {
     switch (value) {
         case Value::kBoolean:
-            return extentOf<bool>();
+            // Two bytes, as the address of the second one marks an element of an array.
+            return {2, 2};
         case Value::kInteger:
             return extentOf<int>();
         case Value::kDouble:

@@ -61,6 +61,17 @@ TEST(Data, WrittenValuesOfAllSizesAreKeptSideBySide) {
     EXPECT_EQ(dataOf(node, "limb").child(plug.child(1)).asMatrix()[2][3], 10.0);
 }
 
+TEST(Data, BooleansSideBySideAreKeptApart) {
+    const VObject node =
+        makeNode("walk", {makeCompound("flags", {makeNumber("a", VFnNumericData::kBoolean),
+                                                 makeNumber("b", VFnNumericData::kBoolean)})});
+    VPlug plug = plugOf(node, "flags");
+    const VDataHandle flags = dataOf(node, "flags");
+    flags.child(plug.child(1)).setBool(true);
+    EXPECT_FALSE(flags.child(plug.child(0)).asBool());
+    EXPECT_TRUE(flags.child(plug.child(1)).asBool());
+}
+
 TEST(Data, ChildIsFoundByAttributeWhateverElementThePlugStandsIn) {
     const VObject node = makeNode("walk", {asArray(makeCompound("limbs", {makeDouble("weight")}))});
     VPlug array = plugOf(node, "limbs");
