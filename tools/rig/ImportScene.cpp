@@ -2,9 +2,8 @@
 
 #include "tools/rig/CrashGuard.h"
 #include "tools/support/Error.h"
+#include "tools/support/ReadableFile.h"
 
-#include <filesystem>
-#include <fstream>
 #include <new>
 #include <string_view>
 
@@ -13,18 +12,6 @@
 
 namespace Tolvane::Tools {
 namespace {
-
-namespace fs = std::filesystem;
-
-void refuseUnreadable(const std::string& path) {
-    std::error_code ignored;
-    const fs::file_status status = fs::status(path, ignored);
-    if (!fs::exists(status)) throw Error(path + ": there is no such file");
-    if (fs::is_directory(status)) throw Error(path + ": is a folder, not a file");
-    if (!fs::is_regular_file(status)) throw Error(path + ": is not a regular file");
-    if (!std::ifstream(path)) throw Error(path + ": cannot be opened for reading");
-    if (fs::file_size(path, ignored) == 0) throw Error(path + ": is empty");
-}
 
 // Opens files and notes their names, for a rig may refer to other files.
 class NotedFiles : public Assimp::DefaultIOSystem {
