@@ -4,7 +4,9 @@
 #include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
-#include <Pelmor/Array.h>
+#include <OpenVornik/VDGModifier.h>
+#include <OpenVornik/VFnCompoundAttribute.h>
+#include <OpenVornik/VFnNumericAttribute.h>
 
 #include <set>
 
@@ -15,34 +17,66 @@ namespace {
 
 using namespace Tolvane::Tools;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
-// Three joints: "a", "b" and "c" with weights 1, 2 and 3. Matrix m of joint j has 10 * j + m as its
-// first element.
+constexpr const char* kRecords[] = {
+    "Core::Transform::Transform",      "Rigging::Module::NamedTransforms",
+    "Rigging::Module::Pins",           "Rigging::Module::InputsJoints",
+    "Rigging::Module::InputsControls", "Rigging::Module::Inputs",
+    "Rigging::Module::Outputs",        "Everything"};
+
+// Eight joints, "a" to "h". Joint j, from 1 on, weighs j, and its matrix m has 10 * j + m as its
+// first element. The limbs are "a" to "c", and "h".
 class FillInputs : public testing::Test {
 protected:
     FillInputs() {
-        for (int j = 1; j <= 3; ++j) {
+        for (int j = 1; j <= 8; ++j) {
             PosedJoint joint{std::string(1, static_cast<char>('a' + j - 1)).c_str(), double(j), {}};
             for (std::size_t m = 0; m < kMatrixCount; ++m)
                 joint.matrices[m][0][0] = 10.0 * j + static_cast<double>(m);
             joints.push_back(joint);
         }
-        group = {"group", &joints[1], {&joints[0], &joints[1], &joints[2]}};
+        data.rig = {"rig", &joints[1], {}};
+        for (const PosedJoint& joint : joints) data.rig.joints.push_back(&joint);
+        data.limbs = {{"a", &joints[0], {&joints[0], &joints[1], &joints[2]}},
+                      {"h", &joints[7], {&joints[7]}}};
+        node.types.defineEnum("Choice", {{"first", 7}, {"second", -9}});
+        node.types.defineStruct("Inner", members({{"string", 2}, {"array<string>", 2}}));
+        node.types.defineStruct("Everything", members({{"string", 2},
+                                                       {"array<string>", 2},
+                                                       {"double", 2},
+                                                       {"array<double>", 2},
+                                                       {"Math::double4x4", 2},
+                                                       {"array<Math::double4x4>", 10},
+                                                       {"int", 2},
+                                                       {"Core::Transform::Transform", 9},
+                                                       {"Choice", 2},
+                                                       {"Object", 1},
+                                                       {"bool", 2},
+                                                       {"array<Core::Transform::Transform>", 2},
+                                                       {"Inner", 3}}));
     }
 
-    static const RecordType& record(const std::string& portName) {
-        for (const RecordType& type : recordTypes())
-            if (type.portName == portName) return type;
-        throw std::out_of_range(portName);
+    // So many members of each type. The first of some have a name that counts.
+    std::vector<Pelmor::StructType::Member> members(
+        const std::vector<std::pair<std::string, int>>& counts) const {
+        std::vector<Pelmor::StructType::Member> all;
+        for (const auto& [type, count] : counts)
+            for (int i = 0; i < count; ++i) {
+                std::string name = "m" + std::to_string(all.size());
+                if (i == 0 && type == "string") name = "name";
+                if (i == 0 && type == "array<string>") name = "names";
+                if (i == 0 && type == "array<double>") name = "weights";
+                all.emplace_back(name.c_str(), node.types.getType(type.c_str()));
+            }
+        return all;
     }
 
-    // The data of a new port of that record, filled with `group`.
-    DataPlace filled(const std::string& portName) {
-        const RecordType& type = record(portName);
-        shape = node.addInput("port", node.types.getType(type.typeName));
-        type.fill(node.place(shape), group);
-        return node.place(shape);
+    DataShape portOf(const std::string& typeName, const std::string& name = "port") {
+        return node.addInput(name.c_str(), node.types.getType(typeName.c_str()));
+    }
+    DataPlace fill(const DataShape& port, std::uint64_t seed = 0) {
+        fillInput(planFor(port), node.place(port), data, seed);
+        return node.place(port);
     }
 
     template <typename Read>
@@ -55,74 +89,92 @@ protected:
         }
         return values;
     }
-
-    static std::vector<std::string> names(const DataPlace& place) {
-        return elements(place, [](const DataPlace& element) {
-            return std::string(element.handle.asString().asChar());
-        });
-    }
     static double number(const DataPlace& place) { return place.handle.asMatrix()[0][0]; }
-    static std::vector<double> matrices(const DataPlace& place) { return elements(place, number); }
-    static std::vector<double> worlds(const DataPlace& place) {
-        return elements(place,
-                        [](const DataPlace& element) { return number(element.child(kWorld)); });
+    static std::string names(const DataPlace& place) {
+        std::string all;
+        for (const VString& name :
+             elements(place, [](const DataPlace& e) { return e.handle.asString(); }))
+            all += name.asChar();
+        return all;
+    }
+
+    static Comparison compare(const DataPlace& a, const DataPlace& b) {
+        Comparison comparison;
+        compareData(a, b, comparison);
+        return comparison;
     }
 
     PluginNode node;
     std::vector<PosedJoint> joints;
-    JointGroup group;
-    DataShape shape;
+    FrameData data;
 };
 
-TEST_F(FillInputs, GivesATransformEveryMatrixOfTheFirstJoint) {
-    const DataPlace place = filled("Transform");
-    for (std::size_t i = 0; i < kMatrixCount; ++i)
-        EXPECT_EQ(number(place.child(i)), 20.0 + static_cast<double>(i));
+TEST_F(FillInputs, GivesARecordTheRigsDataForWhichKindAndNameAsk) {
+    const DataShape controlsPort = portOf("Rigging::Module::InputsControls", "controls");
+    const DataPlace controls = fill(controlsPort);
+    EXPECT_EQ(names(controls.child(0)), "abcdefgh");
+    EXPECT_THAT(elements(controls.child(1), number), ElementsAre(10, 20, 30, 40, 50, 60, 70, 80));
+    EXPECT_THAT(elements(controls.child(2), [](const DataPlace& e) { return e.handle.asDouble(); }),
+                ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
+    const DataShape namedPort = portOf("Rigging::Module::NamedTransforms", "named");
+    const DataPlace transforms = fill(namedPort).child(1);
+    for (std::size_t m = 0; m < kMatrixCount; ++m)
+        EXPECT_EQ(elements(transforms, [m](const DataPlace& e) { return number(e.child(m)); })[7],
+                  80.0 + static_cast<double>(m));
 }
 
-TEST_F(FillInputs, GivesNamedTransformsAllJoints) {
-    const DataPlace place = filled("NamedTransforms");
-    EXPECT_THAT(names(place.child(0)), ElementsAre("a", "b", "c"));
-    EXPECT_THAT(worlds(place.child(1)), ElementsAre(10, 20, 30));
+TEST_F(FillInputs, TellsRecordsInARecordApartByOrderAndNumberOfTheirJoints) {
+    const DataShape port = portOf("Rigging::Module::Outputs");
+    const DataPlace outputs = fill(port);
+    EXPECT_EQ(outputs.child(0).handle.asString(), "rig");
+    const char* expected[] = {"hgfedcba", "aceg", "bdfh", "bcdefgha"};
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(names(outputs.child(i + 1).child(0)), expected[i]);
 }
 
-TEST_F(FillInputs, GivesPinsWorldMatrices) {
-    const DataPlace place = filled("Pins");
-    EXPECT_THAT(names(place.child(0)), ElementsAre("a", "b", "c"));
-    EXPECT_THAT(matrices(place.child(1)), ElementsAre(10, 20, 30));
+TEST_F(FillInputs, TellsArraysOfMatricesApartEvenWhereThereIsOneJoint) {
+    data.rig.joints.resize(1);
+    const DataShape port = portOf("Rigging::Module::Inputs");
+    const DataPlace inputs = fill(port);
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_THAT(elements(inputs.child(i).child(1), number), ElementsAre(10 + int(i)));
 }
 
-TEST_F(FillInputs, GivesJointsRestMatricesAndReversedTransforms) {
-    const DataPlace place = filled("InputsJoints");
-    EXPECT_THAT(matrices(place.child(1)), ElementsAre(12, 22, 32));
-    EXPECT_THAT(names(place.child(2).child(0)), ElementsAre("c", "b", "a"));
-    EXPECT_THAT(worlds(place.child(2).child(1)), ElementsAre(30, 20, 10));
+TEST_F(FillInputs, GivesATransformEveryMatrixOfTheFirstJointEvenWhereNoneTakesPart) {
+    const DataShape port = portOf("Core::Transform::Transform");
+    for (const double expected : {10.0, 20.0}) {
+        const DataPlace transform = fill(port);
+        for (std::size_t m = 0; m < kMatrixCount; ++m)
+            EXPECT_EQ(number(transform.child(m)), expected + static_cast<double>(m));
+        data.rig.joints.clear();
+    }
 }
 
-TEST_F(FillInputs, GivesControlsLocalMatricesAndWeights) {
-    const DataPlace place = filled("InputsControls");
-    EXPECT_THAT(matrices(place.child(1)), ElementsAre(11, 21, 31));
-    EXPECT_THAT(elements(place.child(2),
-                         [](const DataPlace& element) { return element.handle.asDouble(); }),
-                ElementsAre(1, 2, 3));
-    EXPECT_THAT(names(place.child(3).child(0)), ElementsAre("c", "b", "a"));
+// All that is filled as one: leaves, arrays of leaves, and transforms, alone and in arrays.
+void collectMembers(const DataPlace& place, std::vector<DataPlace>& members) {
+    const bool isTransform = place.shape.children.size() == kMatrixCount;
+    if (place.shape.kind != DataShape::Kind::Compound || isTransform)
+        return members.push_back(place);
+    for (std::size_t i = 0; i < place.shape.children.size(); ++i)
+        collectMembers(place.child(i), members);
 }
 
-TEST_F(FillInputs, GivesNoTwoMembersOfInputsTheSameNames) {
-    const DataPlace place = filled("Inputs");
-    EXPECT_THAT(names(place.child(0).child(0)), ElementsAre("a", "b", "c"));
-    EXPECT_THAT(names(place.child(1).child(0)), ElementsAre("b", "c", "a"));
-    EXPECT_THAT(names(place.child(2).child(0)), ElementsAre("a", "c"));
-    EXPECT_THAT(names(place.child(3).child(0)), ElementsAre("b"));
-}
-
-TEST_F(FillInputs, GivesNoTwoMembersOfOutputsTheSameNames) {
-    const DataPlace place = filled("Outputs");
-    EXPECT_EQ(place.child(0).handle.asString(), "group");
-    EXPECT_THAT(names(place.child(1).child(0)), ElementsAre("a", "b", "c"));
-    EXPECT_THAT(names(place.child(2).child(0)), ElementsAre("c", "b", "a"));
-    EXPECT_THAT(names(place.child(3).child(0)), ElementsAre("a", "c"));
-    EXPECT_THAT(names(place.child(4).child(0)), ElementsAre("b"));
+TEST_F(FillInputs, GivesNoTwoMembersOfARecordTheSameData) {
+    using Kind = DataShape::Kind;
+    for (const char* record : kRecords) {
+        const DataShape port = portOf(record, record);
+        std::vector<DataPlace> members;
+        collectMembers(fill(port), members);
+        for (const DataPlace& a : members)
+            for (const DataPlace& b : members) {
+                const bool hasTooFewValues = a.shape.kind == Kind::Bool ||
+                                             a.shape.kind == Kind::Enum ||
+                                             a.shape.kind == Kind::Empty;
+                if (hasTooFewValues || &a.shape == &b.shape) continue;
+                EXPECT_GT(compare(a, b).mismatches, 0U)
+                    << record << ": " << a.shape.name << ", " << b.shape.name;
+            }
+    }
 }
 
 bool hasEmptyArray(const DataPlace& place) {
@@ -136,67 +188,95 @@ bool hasEmptyArray(const DataPlace& place) {
 }
 
 // A leaf that is left out keeps the spoilt value, and then differs from that of the other port.
-TEST_F(FillInputs, FillsEveryMemberOfEveryRecord) {
-    for (const RecordType& type : recordTypes()) {
-        const Pelmor::Type record = node.types.getType(type.typeName);
-        const DataShape once = node.addInput((type.portName + std::string("1")).c_str(), record);
-        const DataShape twice = node.addInput((type.portName + std::string("2")).c_str(), record);
-        type.fill(node.place(once), group);
-        type.fill(node.place(twice), group);
-        EXPECT_FALSE(hasEmptyArray(node.place(twice))) << type.typeName;
-
-        spoilData(node.place(twice));
-        Comparison spoilt;
-        compareData(node.place(once), node.place(twice), spoilt);
-        EXPECT_EQ(spoilt.mismatches, spoilt.leavesCompared) << type.typeName;
-
-        type.fill(node.place(twice), group);
-        Comparison filled;
-        compareData(node.place(once), node.place(twice), filled);
-        EXPECT_EQ(filled.firstMismatch, "") << type.typeName;
-        EXPECT_GT(filled.leavesCompared, 0U) << type.typeName;
+TEST_F(FillInputs, FillsEveryMemberAlikeForTheSameSeed) {
+    for (const std::string record : kRecords) {
+        for (const std::string& type : {record, "array<" + record + ">"}) {
+            const DataShape once = portOf(type, type + "1"), twice = portOf(type, type + "2");
+            fill(once);
+            EXPECT_FALSE(hasEmptyArray(fill(twice))) << type;
+            spoilData(node.place(twice));
+            const Comparison spoilt = compare(node.place(once), node.place(twice));
+            EXPECT_EQ(spoilt.mismatches, spoilt.leavesCompared) << type;
+            const Comparison filled = compare(node.place(once), fill(twice));
+            EXPECT_EQ(filled.firstMismatch, "") << type;
+            EXPECT_GT(filled.leavesCompared, 0U) << type;
+        }
     }
 }
 
-// `tolvane run` would leave out a type that is missing here, and its verdict would not show it.
-TEST(RecordTypes, AreThoseThatThePluginCarries) {
-    const TavrikGraph::Executor::TranslationLibrary plugin(PLUGIN);
-    Pelmor::Array<Pelmor::String> names;
-    plugin.translation().getSupportedTypeNames(names);
-    std::set<std::string> carried, known;
-    for (const Pelmor::String& name : names) carried.insert(name.c_str());
-    for (const RecordType& type : recordTypes()) {
-        known.insert(type.typeName);
-        known.insert("array<" + std::string(type.typeName) + ">");
+TEST_F(FillInputs, GeneratesOtherDataForAnotherSeedAndValuesThatAnEnumHas) {
+    node.types.defineStruct(
+        "Generated",
+        members({{"int", 1}, {"double", 1}, {"array<double>", 2}, {"Math::double4x4", 1}}));
+    node.types.defineStruct("Few", members({{"bool", 1}, {"Choice", 1}}));
+    const DataShape once = portOf("Generated", "once"), twice = portOf("Generated", "twice");
+    const DataShape few = portOf("Few", "few");
+    std::set<bool> flags;
+    std::set<short> choices;
+    for (std::uint64_t seed = 0; seed < 20; ++seed) {
+        // All but the eight weights, which are the rig's.
+        const Comparison comparison = compare(fill(once, seed), fill(twice, seed + 1));
+        EXPECT_EQ(comparison.mismatches, comparison.leavesCompared - joints.size());
+        flags.insert(fill(few, seed).child(0).handle.asBool());
+        choices.insert(node.place(few).child(1).handle.asShort());
     }
-    EXPECT_EQ(known, carried);
+    EXPECT_THAT(flags, ElementsAre(false, true));
+    EXPECT_THAT(choices, ElementsAre(-9, 7));
 }
 
 TEST_F(FillInputs, GrowsAndShrinksArrays) {
-    const DataPlace place = filled("Pins");
-    group.joints = {&joints[2]};
-    record("Pins").fill(place, group);
-    EXPECT_THAT(names(place.child(0)), ElementsAre("c"));
-    group.joints.clear();
-    record("Pins").fill(place, group);
-    EXPECT_THAT(names(place.child(0)), IsEmpty());
-    group.joints = {&joints[1], &joints[0]};
-    record("Pins").fill(place, group);
-    EXPECT_THAT(names(place.child(0)), ElementsAre("b", "a"));
-    EXPECT_THAT(matrices(place.child(1)), ElementsAre(20, 10));
+    const DataShape port = portOf("Rigging::Module::Pins");
+    for (const std::string expected : {"abcdefgh", "c", "", "ba"}) {
+        data.rig.joints.clear();
+        for (const char name : expected)
+            data.rig.joints.push_back(&joints[static_cast<std::size_t>(name - 'a')]);
+        const DataPlace pins = fill(port);
+        EXPECT_EQ(names(pins.child(0)), expected);
+        EXPECT_EQ(elements(pins.child(1), number).size(), expected.size());
+    }
 }
 
 TEST_F(FillInputs, GivesAnArrayOfRecordsOneForEachLimb) {
-    const RecordType& pins = record("Pins");
-    shape = node.addInput("port", Pelmor::Library::arrayOf(node.types.getType(pins.typeName)));
-    const JointGroup shorter{"shorter", &joints[2], {&joints[2]}};
-    fillRecordArray(pins, node.place(shape), {group, shorter});
-    VArrayDataHandle array(node.place(shape).handle);
-    ASSERT_EQ(array.elementCount(), 2U);
-    EXPECT_THAT(names(DataPlace{shape, array.outputValue()}.child(0)), ElementsAre("a", "b", "c"));
-    array.next();
-    EXPECT_EQ(array.elementIndex(), 1U);
-    EXPECT_THAT(names(DataPlace{shape, array.outputValue()}.child(0)), ElementsAre("c"));
+    const DataShape port = portOf("array<Rigging::Module::Pins>");
+    EXPECT_THAT(elements(fill(port), [](const DataPlace& pins) { return names(pins.child(0)); }),
+                ElementsAre("abc", "h"));
+}
+
+// Ports of the plugin have no such arrays, but those of another translation may.
+TEST_F(FillInputs, GivesAnArrayOfRecordsInARecordOneForEachJoint) {
+    VFnCompoundAttribute inner, outer;
+    const VObject array = inner.create("inner", "inner"), record = outer.create("outer", "outer");
+    inner.setArray(true);
+    inner.addChild(VFnNumericAttribute().create("count", "count", VFnNumericData::kInt));
+    outer.addChild(array);
+    VFnDependencyNode functions;
+    const VObject hostNode = functions.create("node");
+    VDGModifier modifier;
+    modifier.addAttribute(hostNode, record);
+    ASSERT_FALSE(modifier.doIt().error());
+
+    const DataShape port = shapeOf(VPlug(hostNode, record));
+    const DataPlace place{port, functions.dataBlock().outputValue(port.plug)};
+    fillInput(planFor(port), place, data, 0);
+    std::set<int> counts;
+    for (const int count :
+         elements(place.child(0), [](const DataPlace& e) { return e.child(0).handle.asInt(); }))
+        counts.insert(count);
+    EXPECT_EQ(counts.size(), joints.size());
+}
+
+TEST(ChooseJoints, GivesAsManyChoicesAsItSays) {
+    const std::vector<PosedJoint> joints(9);
+    for (std::size_t count = 0; count <= joints.size(); ++count) {
+        JointList list;
+        for (std::size_t i = 0; i < count; ++i) list.push_back(&joints[i]);
+        std::set<JointList> choices;
+        for (std::size_t choice = 0; choice < 4 * (count / 2); ++choice)
+            choices.insert(chooseJoints(list, choice));
+        EXPECT_EQ(choices.size(), 4 * (count / 2));
+        for (std::size_t choice = 0; choice < 100; ++choice)
+            EXPECT_EQ(chooseJoints(list, choice).empty(), count == 0);
+    }
 }
 
 }  // namespace

@@ -33,7 +33,8 @@ TEST_F(TolvaneRun, RefusesAnUnknownOption) {
 }
 
 TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
-    for (const char* option : {"--frames", "--fps", "--svg", "--plugin", "--animation"}) {
+    for (const char* option :
+         {"--frames", "--fps", "--svg", "--plugin", "--animation", "--types"}) {
         const TolvaneProcess process = runTolvane({"run", option});
         EXPECT_EQ(process.status, 2);
         EXPECT_EQ(process.output, "");
@@ -141,9 +142,10 @@ TEST_F(TolvaneRun, RefusesAPictureThatCannotBeWritten) {
 TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
     namespace fs = std::filesystem;
     const std::string file = rig(), plugin = folder.path("plugin.so");
+    const std::string types = folder.write("types.json", "{}");
     fs::copy_file(PLUGIN, plugin);
     fs::create_directory(folder.path("below"));
-    for (const std::string& read : {file, plugin}) {
+    for (const std::string& read : {file, plugin, types}) {
         const std::string name = fs::path(read).filename().string(), content = readFile(read);
         fs::create_symlink(read, folder.path("symbolic"));
         fs::create_symlink(folder.path("symbolic"), folder.path("twice"));
@@ -152,8 +154,8 @@ TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
              {name, "./" + name, "below/../" + name, "below/..//" + name, std::string("symbolic"),
               std::string("twice"), std::string("hard")}) {
             const std::string picture = folder.path(spelling);
-            expectRefusal({"run", file, "--plugin", plugin, "--svg", picture}, picture,
-                          "is read, and will not be written over");
+            expectRefusal({"run", file, "--plugin", plugin, "--types", types, "--svg", picture},
+                          picture, "is read, and will not be written over");
             EXPECT_EQ(readFile(read), content) << picture;
         }
         for (const char* link : {"twice", "symbolic", "hard"}) {
@@ -161,7 +163,7 @@ TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
             fs::remove(folder.path(link));
         }
     }
-    EXPECT_EQ(folder.fileCount(), 3U);
+    EXPECT_EQ(folder.fileCount(), 4U);
 }
 
 TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {
@@ -171,6 +173,18 @@ TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {
     expectRefusal({"run", file, "--svg", colours}, colours,
                   "is read, and will not be written over");
     EXPECT_EQ(readFile(colours), "newmtl red\nKd 1 0 0\n");
+}
+
+TEST_F(TolvaneRun, RefusesToDrawWithoutAPortThatHasASkeleton) {
+    const std::string picture = folder.path("out.svg");
+    expectRefusal({"run", rig(), "--plugin", STUDIO_LIBRARY, "--svg", picture}, picture,
+                  "cannot be drawn");
+    EXPECT_EQ(folder.fileCount(), 1U);
+}
+
+TEST_F(TolvaneRun, RefusesATypesFileThatIsNoJson) {
+    const std::string types = folder.write("types.json", "structs:\n");
+    expectRefusal({"run", rig(), "--types", types}, types, "is not JSON in UTF-8: line 1");
 }
 
 TEST_F(TolvaneRun, LeavesNoPictureBehindWhenItRefuses) {

@@ -41,7 +41,7 @@ TEST_F(TolvaneRun, PrintsItsHelp) {
     EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.errors, "");
     for (const char* option :
-         {"--frames", "--fps", "--animation", "--churn", "--svg", "--json", "--plugin"})
+         {"--frames", "--fps", "--animation", "--churn", "--svg", "--json", "--plugin", "--types"})
         EXPECT_THAT(process.output, HasSubstr(option));
 }
 
@@ -57,8 +57,8 @@ TEST_F(TolvaneRun, RunsTheBundledExampleIfNoFileIsNamed) {
 
 TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
     const Json report = jsonOf({rig()});
-    EXPECT_THAT(keysOf(report), ElementsAre("plugin", "rig", "types", "hostMessages", "evaluated",
-                                            "mismatches", "ok"));
+    EXPECT_THAT(keysOf(report), ElementsAre("plugin", "rig", "types", "notTried", "hostMessages",
+                                            "evaluated", "mismatches", "ok"));
     EXPECT_THAT(keysOf(report["plugin"]), ElementsAre("path", "name", "types"));
     EXPECT_THAT(keysOf(report["rig"]), ElementsAre("file", "joints", "limbs", "frames", "fps"));
     ASSERT_THAT(report["types"], SizeIs(14));
@@ -76,6 +76,7 @@ TEST_F(TolvaneRun, PrintsWhatWasLoadedAndFoundAsJson) {
     EXPECT_EQ(report["rig"]["limbs"], 4);
     EXPECT_EQ(report["rig"]["frames"], 4);
     EXPECT_EQ(report["rig"]["fps"], 10);
+    EXPECT_EQ(report["notTried"], Json::array());
     EXPECT_EQ(report["hostMessages"], Json::array());
     EXPECT_EQ(report["evaluated"], 2);
     EXPECT_EQ(report["mismatches"], 0);
@@ -93,19 +94,22 @@ TEST_F(TolvaneRun, ComparesEveryLeafOfEveryType) {
         EXPECT_GT(result(report, name)["nsFromHost"], 0) << name;
         EXPECT_GT(result(report, name)["nsToHost"], 0) << name;
     };
-    const int named = 5 * (1 + 8);
+    const auto named = [](int count) { return count * (1 + 8); };
     const int pins = 5 * 2;
-    const int joints = pins + named;
+    const int joints = pins + named(5);
     const int controls = joints + 5;
     expect("Core::Transform::Transform", 1 + 8, 8, 4 * 8);
-    expect("Rigging::Module::NamedTransforms", 1 + 1 + 9, named, named);
+    expect("Rigging::Module::NamedTransforms", 1 + 1 + 9, named(5), named(5));
     expect("Rigging::Module::Pins", 1 + 2, pins, pins);
     expect("Rigging::Module::InputsJoints", 1 + 2 + 11, joints, joints);
     expect("Rigging::Module::InputsControls", 1 + 3 + 11, controls, controls);
-    expect("Rigging::Module::Inputs", 1 + 3 + 14 + 2 * 15 + 2, pins + joints + controls,
-           pins + joints + controls);
-    expect("Rigging::Module::Outputs", 1 + 1 + 3 + 3 * 11 + 2, 1 + pins + 2 * named,
-           4 + pins + 2 * named);
+    // Of the records in a record, some have every other joint. The limbs have 1, 2, 1 and 1 joints,
+    // and every other joint of one is that one.
+    expect("Rigging::Module::Inputs", 1 + 3 + 14 + 2 * 15 + 2,
+           pins + 2 * 3 + named(2) + 3 * 5 + named(5) + 3 * 3 + named(2),
+           pins + 2 * 4 + named(4) + 3 * 5 + named(5) + 3 * 4 + named(4));
+    expect("Rigging::Module::Outputs", 1 + 1 + 3 + 3 * 11 + 2, 1 + pins + named(3 + 2 + 5),
+           4 + pins + named(4 + 4 + 5));
 }
 
 TEST_F(TolvaneRun, GoesThroughAllSharesUnderChurnHoweverFewFramesThereAre) {
@@ -207,6 +211,79 @@ TEST_F(TolvaneRun, TakesAFaultlessLibraryOfAnotherName) {
     EXPECT_EQ(report["plugin"]["name"], "Faulty");
     EXPECT_EQ(report["plugin"]["path"], FAULTY_LIBRARY);
     EXPECT_EQ(report["ok"], true);
+}
+
+// ---- Libraries that carry other types ----
+
+class TolvaneRunWithStudioLibrary : public TolvaneRun {
+protected:
+    // Describes Studio::Face, with `further` members and types behind it.
+    std::string types(const std::string& furtherMember = "", const std::string& furtherType = "") {
+        return folder.write("types.json", R"({"structs": [{"name": "Studio::Face", "members": [
+            {"name": "label", "type": "string"}, {"name": "weights", "type": "array<double>"},
+            {"name": "pins", "type": "Rigging::Module::Pins"},
+            {"name": "transforms", "type": "array<Core::Transform::Transform>"})" +
+                                              furtherMember + "]}" + furtherType + "]}");
+    }
+    std::vector<std::string> arguments() { return {rig(), "--plugin", STUDIO_LIBRARY}; }
+    std::vector<std::string> arguments(const std::string& typesFile) {
+        return {rig(), "--plugin", STUDIO_LIBRARY, "--types", typesFile};
+    }
+};
+
+TEST_F(TolvaneRunWithStudioLibrary, CarriesWhatTheLibraryNamesAndTheTypesFileDescribes) {
+    const Json report = jsonOf(arguments(types()));
+    ASSERT_THAT(report["types"], SizeIs(2)) << "once each, arrays last";
+    EXPECT_EQ(report["types"][0]["name"], "Studio::Face");
+    EXPECT_EQ(report["types"][1]["name"], "array<Studio::Face>");
+    EXPECT_EQ(report["types"][0]["leavesCompared"], 4 * (1 + 5 + 2 * 5 + 8 * 5));
+    EXPECT_EQ(report["notTried"], Json::array({"Absent::Face"}));
+    EXPECT_EQ(report["ok"], true);
+
+    std::vector<std::string> churned = arguments(types());
+    churned.insert(churned.end(), {"--churn", "--svg", folder.path("out.svg")});
+    EXPECT_EQ(jsonOf(churned)["ok"], true);
+    EXPECT_THAT(readFile(folder.path("out.svg")), testing::StartsWith("<svg "));
+    const std::string output =
+        runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", types()}).output;
+    EXPECT_THAT(output, HasSubstr("inFace, outFace, inFaceArray, outFaceArray"));
+    EXPECT_THAT(
+        output,
+        HasSubstr("\nNot tried, for the graph does not know it (see --types): Absent::Face\n"));
+}
+
+TEST_F(TolvaneRunWithStudioLibrary, FindsAMemberThatIsLostOnTheWay) {
+    const Json report = jsonOf(arguments(types(R"(, {"name": "count", "type": "int"})")), 1);
+    EXPECT_EQ(result(report, "Studio::Face")["mismatches"], 4);
+}
+
+// The port of its type has a number behind its name, which another type has taken.
+TEST_F(TolvaneRunWithStudioLibrary, FailsForATypeThatGetsNoValueOrNoFittingAttribute) {
+    for (const char* type : {"double", "float"}) {
+        const std::string file = types("", R"(, {"name": "Absent::Face", "members": [
+            {"name": "a", "type": ")" + std::string(type) +
+                                               R"("}]})");
+        const Json report = jsonOf(arguments(file), 1);
+        EXPECT_GT(result(report, "Absent::Face")["mismatches"], 0) << type;
+        EXPECT_EQ(result(report, "Studio::Face")["mismatches"], 0) << type;
+        EXPECT_EQ(report["notTried"], Json::array());
+        const std::string output =
+            runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", file}).output;
+        EXPECT_THAT(output, AllOf(HasSubstr("inFace, "), HasSubstr("inFace2, outFace2, ")));
+    }
+}
+
+TEST_F(TolvaneRunWithStudioLibrary, FailsIfNoTypeCouldBeTried) {
+    const std::string fault = "names nothing known";
+    const Json report = jsonOf(arguments(types()), 1, fault);
+    EXPECT_EQ(report["types"], Json::array());
+    EXPECT_EQ(report["notTried"], Json::array({"Absent::Face"}));
+    EXPECT_EQ(report["ok"], false);
+    const TolvaneProcess process =
+        runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY}, "TOLVANE_TEST_FAULT=" + fault);
+    EXPECT_EQ(process.status, 1);
+    EXPECT_THAT(process.output, testing::EndsWith("FAILED: no type was tried. The library names "
+                                                  "only types that the graph does not know.\n"));
 }
 
 TEST_F(TolvaneRun, ReportsMessagesOfTheHostAndFails) {

@@ -8,6 +8,7 @@
 #include "tools/rig/FrameRange.h"
 #include "tools/rig/LoadRig.h"
 #include "tools/support/Error.h"
+#include "tools/types/ReadTypes.h"
 
 #include <TavrikGraph/Executor/TranslationLibrary.h>
 
@@ -27,6 +28,7 @@ namespace fs = std::filesystem;
 struct RunArguments {
     std::string file;
     std::string plugin;
+    std::optional<std::string> types;
     std::optional<std::string> frames;
     std::optional<std::string> framesPerSecond;
     std::optional<std::string> animation;
@@ -61,6 +63,7 @@ RunOptions runOptions(const RunArguments& arguments) {
     if (arguments.frames) options.frames = parseFrameRange(*arguments.frames);
     options.churn = arguments.churn;
     options.draw = arguments.picture.has_value();
+    if (arguments.types) options.types = readTypes(*arguments.types);
     return options;
 }
 
@@ -73,6 +76,7 @@ bool runAsAsked(const RunArguments& arguments) {
     if (arguments.picture) {
         std::vector<std::string> filesRead = rig.filesRead;
         filesRead.push_back(arguments.plugin);
+        if (arguments.types) filesRead.push_back(*arguments.types);
         picture.emplace(*arguments.picture, filesRead);
     }
     const TavrikGraph::Executor::TranslationLibrary library(arguments.plugin);
@@ -82,6 +86,10 @@ bool runAsAsked(const RunArguments& arguments) {
     std::optional<ProgressBar> progress;
     const RunListener listener{
         [&](const RoundTrip& roundTrip) {
+            if (picture && !roundTrip.carriesASkeleton())
+                throw Error(
+                    *arguments.picture +
+                    ": cannot be drawn: no port carries a record with an array of transforms");
             if (!arguments.json)
                 printIntroduction(std::cout, pluginSummary, rigSummary, roundTrip.portNames());
             progress.emplace();
@@ -129,6 +137,9 @@ Command addRun(CLI::App& app) {
     run.add_option("--plugin", arguments->plugin,
                    "Load this translation library (default: the plugin that comes with tolvane)")
         ->option_text("LIBRARY");
+    run.add_option("--types", arguments->types,
+                   "Let the graph know the structs and enums that this file describes, in JSON")
+        ->option_text("FILE");
     return {&run, [arguments] { return runAsAsked(*arguments); }};
 }
 

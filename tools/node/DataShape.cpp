@@ -1,6 +1,7 @@
 #include "tools/node/DataShape.h"
 
 #include <OpenVornik/VFnAttribute.h>
+#include <OpenVornik/VFnEnumAttribute.h>
 #include <OpenVornik/VFnNumericAttribute.h>
 #include <OpenVornik/VFnTypedAttribute.h>
 #include <Pelmor/ArrayType.h>
@@ -55,6 +56,13 @@ Kind kindOf(const VObject& attribute) {
     return Kind::Unknown;
 }
 
+std::vector<short> choicesOf(const VObject& attribute) {
+    const VFnEnumAttribute functions(attribute);
+    std::vector<short> choices;
+    for (unsigned i = 0; i < functions.numFields(); ++i) choices.push_back(functions.fieldValue(i));
+    return choices;
+}
+
 bool fitsStruct(const DataShape& shape, const Pelmor::StructType& type) {
     if (shape.kind != Kind::Compound) return false;
     auto child = shape.children.begin();
@@ -94,6 +102,7 @@ DataShape shapeOf(VPlug plug) {
     const VObject attribute = plug.attribute();
     DataShape shape{
         plug, VFnAttribute(attribute).name().asChar(), kindOf(attribute), plug.isArray(), {}};
+    if (shape.kind == Kind::Enum) shape.choices = choicesOf(attribute);
     if (shape.kind != Kind::Compound) return shape;
     VPlug compound = shape.isArray ? plug.elementByLogicalIndex(0) : plug;
     for (unsigned i = 0; i < compound.numChildren(); ++i)

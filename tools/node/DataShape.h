@@ -24,6 +24,8 @@ struct DataShape {
     Kind kind;
     bool isArray;
     std::vector<DataShape> children;
+    // The values that an enum has fields for.
+    std::vector<short> choices = {};
 };
 
 DataShape shapeOf(VPlug plug);

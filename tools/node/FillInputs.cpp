@@ -1,31 +1,20 @@
 #include "tools/node/FillInputs.h"
 
+#include "tools/node/GenerateData.h"
+
 #include <OpenVornik/VArrayDataHandle.h>
 
 #include <algorithm>
+#include <string>
 
 namespace Tolvane::Tools {
 namespace {
 
-// ---- Which joints a member gets ----
+using Content = FillPlan::Content;
 
-JointList reversed(JointList joints) {
-    std::reverse(joints.begin(), joints.end());
-    return joints;
-}
-
-JointList fromTheSecondOn(JointList joints) {
-    if (!joints.empty()) std::rotate(joints.begin(), joints.begin() + 1, joints.end());
-    return joints;
-}
-
-JointList everyOther(const JointList& joints, std::size_t from) {
-    JointList chosen;
-    for (std::size_t i = from; i < joints.size(); i += 2) chosen.push_back(joints[i]);
-    return chosen;
-}
-
-// ---- Arrays ----
+// Of a group with more joints, an element of an array of records gets this many. Of any other it
+// gets one, so that arrays in arrays stay small.
+constexpr std::size_t kElementJoints = 3;
 
 void resize(const VDataHandle& handle, std::size_t size) {
     VArrayDataHandle array(handle);
@@ -38,114 +27,123 @@ void resize(const VDataHandle& handle, std::size_t size) {
     array.set(builder);
 }
 
-template <typename Items, typename FillElement>
-void fillArray(const DataPlace& place, const Items& items, FillElement fillElement) {
-    resize(place.handle, items.size());
+template <typename FillElement>
+void fillElements(const DataPlace& place, std::size_t count, FillElement fillElement) {
+    resize(place.handle, count);
     VArrayDataHandle array(place.handle);
-    for (const auto& item : items) {
-        fillElement(DataPlace{place.shape, array.outputValue()}, item);
+    for (std::size_t i = 0; i < count; ++i) {
+        fillElement(DataPlace{place.shape, array.outputValue()}, i);
         array.next();
     }
 }
 
-void fillNames(const DataPlace& place, const JointList& joints) {
-    fillArray(place, joints, [](DataPlace element, const PosedJoint* joint) {
-        element.handle.setString(joint->name);
-    });
-}
-
-void fillMatrices(const DataPlace& place, const JointList& joints, TransformMatrix which) {
-    fillArray(place, joints, [which](DataPlace element, const PosedJoint* joint) {
-        element.handle.setMatrix(joint->matrices[which]);
-    });
-}
-
-void fillWeights(const DataPlace& place, const JointList& joints) {
-    fillArray(place, joints, [](DataPlace element, const PosedJoint* joint) {
-        element.handle.setDouble(joint->weight);
-    });
-}
-
-void fillTransform(const DataPlace& place, const PosedJoint& joint) {
+// Matrix i of the transform is matrix i + `shift` of the joint.
+void fillTransform(const DataPlace& place, const PosedJoint& joint, std::size_t shift = 0) {
     for (std::size_t i = 0; i < kMatrixCount; ++i)
-        place.child(i).handle.setMatrix(joint.matrices[i]);
+        place.child(i).handle.setMatrix(joint.matrices[(i + shift) % kMatrixCount]);
 }
 
-void fillTransforms(const DataPlace& place, const JointList& joints) {
-    fillArray(place, joints, [](const DataPlace& element, const PosedJoint* joint) {
-        fillTransform(element, *joint);
+// Each single transform of a record takes the next joint, and the next matrix first where there is
+// no other joint.
+void fillTransform(const DataPlace& place, const JointGroup& group, std::size_t number) {
+    if (group.joints.empty()) return fillTransform(place, *group.first, number);
+    const std::size_t count = group.joints.size();
+    fillTransform(place, *group.joints[number % count], number / count);
+}
+
+void fillName(const DataPlace& place, const JointGroup& group, std::size_t number) {
+    std::string name = group.name.asChar();
+    if (number > 0) name += "." + std::to_string(number);
+    VDataHandle(place.handle).setString(name.c_str());
+}
+
+JointGroup elementGroup(const JointList& joints, std::size_t index) {
+    JointGroup group{joints[index]->name, joints[index], {}};
+    const std::size_t count = joints.size() > kElementJoints ? kElementJoints : 1;
+    for (std::size_t i = 0; i < count; ++i)
+        group.joints.push_back(joints[(index + i) % joints.size()]);
+    return group;
+}
+
+void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
+          std::uint64_t seed);
+
+void fillOne(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
+             std::uint64_t seed) {
+    switch (plan.content) {
+        case Content::Record:
+            for (std::size_t i = 0; i < plan.members.size(); ++i)
+                fill(plan.members[i], place.child(i), group, seed);
+            break;
+        case Content::GroupName:
+            fillName(place, group, plan.number);
+            break;
+        case Content::Transform:
+            fillTransform(place, group, plan.number);
+            break;
+        case Content::Generated:
+            generateData(place, seedOf(seed, plan.number));
+            break;
+        case Content::JointNames:
+        case Content::JointWeights:
+        case Content::JointMatrices:
+        case Content::JointTransforms:
+        case Content::None:
+            break;
+    }
+}
+
+void fillArray(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
+               std::uint64_t seed) {
+    const JointList joints = chooseJoints(group.joints, plan.choice);
+    fillElements(place, joints.size(), [&](DataPlace element, std::size_t i) {
+        const PosedJoint& joint = *joints[i];
+        switch (plan.content) {
+            case Content::JointNames:
+                return element.handle.setString(joint.name);
+            case Content::JointWeights:
+                return element.handle.setDouble(joint.weight);
+            case Content::JointMatrices:
+                return element.handle.setMatrix(joint.matrices[plan.number % kMatrixCount]);
+            case Content::JointTransforms:
+                return fillTransform(element, joint);
+            default:
+                return fillOne(plan, element, elementGroup(joints, i), seedOf(seed, i));
+        }
     });
 }
 
-// ---- Records ----
-
-void fillNamedTransforms(const DataPlace& record, const JointList& joints) {
-    fillNames(record.child(0), joints);
-    fillTransforms(record.child(1), joints);
-}
-
-void fillPins(const DataPlace& record, const JointList& joints) {
-    fillNames(record.child(0), joints);
-    fillMatrices(record.child(1), joints, kWorld);
-}
-
-void fillInputsJoints(const DataPlace& record, const JointList& joints) {
-    fillNames(record.child(0), joints);
-    fillMatrices(record.child(1), joints, kRestWorld);
-    fillNamedTransforms(record.child(2), reversed(joints));
-}
-
-void fillInputsControls(const DataPlace& record, const JointList& joints) {
-    fillNames(record.child(0), joints);
-    fillMatrices(record.child(1), joints, kLocal);
-    fillWeights(record.child(2), joints);
-    fillNamedTransforms(record.child(3), reversed(joints));
-}
-
-// The two objects at the end of this record and of the next have no data in the host.
-void fillInputs(const DataPlace& record, const JointList& joints) {
-    fillPins(record.child(0), joints);
-    fillInputsJoints(record.child(1), fromTheSecondOn(joints));
-    fillInputsControls(record.child(2), everyOther(joints, 0));
-    fillInputsControls(record.child(3), everyOther(joints, 1));
-}
-
-void fillOutputs(const DataPlace& record, const JointGroup& group) {
-    record.child(0).handle.setString(group.name);
-    fillPins(record.child(1), group.joints);
-    fillNamedTransforms(record.child(2), reversed(group.joints));
-    fillNamedTransforms(record.child(3), everyOther(group.joints, 0));
-    fillNamedTransforms(record.child(4), everyOther(group.joints, 1));
-}
-
-template <void (*fill)(const DataPlace&, const JointList&)>
-void fillFromJoints(const DataPlace& record, const JointGroup& group) {
-    fill(record, group.joints);
-}
-
-void fillFromFirst(const DataPlace& record, const JointGroup& group) {
-    fillTransform(record, *group.first);
+void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
+          std::uint64_t seed) {
+    if (plan.content == Content::None) return;
+    if (place.shape.isArray)
+        fillArray(plan, place, group, seed);
+    else
+        fillOne(plan, place, group, seed);
 }
 
 }  // namespace
 
-const std::vector<RecordType>& recordTypes() {
-    static const std::vector<RecordType> s_types{
-        {"Core::Transform::Transform", "Transform", fillFromFirst},
-        {"Rigging::Module::NamedTransforms", "NamedTransforms",
-         fillFromJoints<fillNamedTransforms>},
-        {"Rigging::Module::Pins", "Pins", fillFromJoints<fillPins>},
-        {"Rigging::Module::InputsJoints", "InputsJoints", fillFromJoints<fillInputsJoints>},
-        {"Rigging::Module::InputsControls", "InputsControls", fillFromJoints<fillInputsControls>},
-        {"Rigging::Module::Inputs", "Inputs", fillFromJoints<fillInputs>},
-        {"Rigging::Module::Outputs", "Outputs", fillOutputs},
-    };
-    return s_types;
+void fillInput(const FillPlan& plan, const DataPlace& port, const FrameData& data,
+               std::uint64_t seed) {
+    if (!port.shape.isArray || port.shape.kind != DataShape::Kind::Compound)
+        return fill(plan, port, data.rig, seed);
+    fillElements(port, data.limbs.size(), [&](const DataPlace& element, std::size_t i) {
+        fillOne(plan, element, data.limbs[i], seedOf(seed, i));
+    });
 }
 
-void fillRecordArray(const RecordType& type, const DataPlace& array,
-                     const std::vector<JointGroup>& limbs) {
-    fillArray(array, limbs, type.fill);
+JointList chooseJoints(const JointList& joints, std::size_t choice) {
+    const bool isEveryOther = choice % 4 >= 2 && joints.size() > 1;
+    JointList chosen;
+    for (std::size_t i = isEveryOther ? choice % 2 : 0; i < joints.size();
+         i += isEveryOther ? 2 : 1)
+        chosen.push_back(joints[i]);
+    if (choice % 4 == 1) std::reverse(chosen.begin(), chosen.end());
+    if (chosen.empty()) return chosen;
+    const auto turn = static_cast<std::ptrdiff_t>(choice / 4 % chosen.size());
+    std::rotate(chosen.begin(), chosen.begin() + turn, chosen.end());
+    return chosen;
 }
 
 }  // namespace Tolvane::Tools

@@ -1,29 +1,23 @@
-// Puts a rig's data into host attributes, by the host's own operations, as any tool of the host
-// would. No two members of a record get the same data, so that members that were exchanged show:
-// some take the joints in reverse order, from the second on, or only every other one.
+// Puts data into host attributes as their plan says, by the host's own operations, as any tool of
+// the host would.
 #pragma once
 
 #include "tools/node/DataShape.h"
+#include "tools/node/FillPlan.h"
 #include "tools/node/FrameData.h"
 
-#include <vector>
+#include <cstddef>
+#include <cstdint>
 
 namespace Tolvane::Tools {
 
-// A record that ports carry, alone and in arrays.
-struct RecordType {
-    const char* typeName;
-    // Of the ports, without the direction in front: "Pins" for the port "inPins".
-    const char* portName;
-    // `record` is the data of one record and fits its type.
-    void (*fill)(const DataPlace& record, const JointGroup& group);
-};
+// Fills the attribute of a port from the whole rig; an array of compounds with an element for each
+// limb, at logical indices from 0 on. Generated values are other ones for another seed.
+void fillInput(const FillPlan& plan, const DataPlace& port, const FrameData& data,
+               std::uint64_t seed);
 
-// Every record that `tolvane` can make of a rig.
-const std::vector<RecordType>& recordTypes();
-
-// Gives the array one record for each limb, at logical indices from 0 on.
-void fillRecordArray(const RecordType& type, const DataPlace& array,
-                     const std::vector<JointGroup>& limbs);
+// Some of the joints in some order; none only if there are none. Among n joints, the choices below
+// 4 * (n / 2) all differ.
+JointList chooseJoints(const JointList& joints, std::size_t choice);
 
 }  // namespace Tolvane::Tools

@@ -1,26 +1,56 @@
 #include "tools/node/RoundTrip.h"
 
+#include "tools/node/FillInputs.h"
 #include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
 #include <OpenVornik/VFnDependencyNode.h>
+#include <Pelmor/ArrayType.h>
+#include <TavrikGraph/Executor/TypeTranslation.h>
+
+#include <algorithm>
 
 namespace Tolvane::Tools {
+namespace {
+
+// Each once, in the translation's order.
+std::vector<std::string> typeNamesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
+    Pelmor::Array<Pelmor::String> all;
+    translation.getSupportedTypeNames(all);
+    std::vector<std::string> names;
+    std::set<std::string> seen;
+    for (const Pelmor::String& name : all)
+        if (seen.insert(name.c_str()).second) names.emplace_back(name.c_str());
+    return names;
+}
+
+}  // namespace
 
 RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
                      const Pelmor::Library& library)
     : m_node(translation, "roundTrip",
              [this](const auto& inputs, const auto& outputs) { handOver(inputs, outputs); }),
       m_data(VFnDependencyNode(m_node.hostNode()).dataBlock()) {
-    for (const RecordType& record : recordTypes())
-        addPorts(record, library.getType(record.typeName));
-    for (const RecordType& record : recordTypes())
-        addPorts(record, Pelmor::Library::arrayOf(library.getType(record.typeName)));
+    std::vector<Pelmor::Type> arrays;
+    for (const std::string& name : typeNamesOf(translation)) {
+        const auto type = library.findType(name.c_str());
+        if (!type)
+            m_notTried.push_back(name);
+        else if (type->getTypeKind() == Pelmor::TypeKind::Array)
+            arrays.push_back(*type);
+        else
+            addPorts(*type);
+    }
+    for (const Pelmor::Type& array : arrays) addPorts(array);
+    findSkeleton();
 }
 
 void RoundTrip::carry(const FrameData& data) {
+    const std::size_t seed = m_evaluations++;
     for (const PortPair& pair : m_pairs) {
-        fillInput(pair, data);
+        const DataPlace input = place(pair.input);
+        fillInput(pair.plan, input, data, seed);
+        m_data.setDirty(input.shape.plug.attribute());
         // Otherwise a value left by an earlier evaluation could pass for one that was written now.
         spoilData(place(pair.output));
     }
@@ -29,9 +59,8 @@ void RoundTrip::carry(const FrameData& data) {
     for (const PortPair& pair : m_pairs) judge(pair);
 }
 
-void RoundTrip::addPorts(const RecordType& record, const Pelmor::Type& type) {
-    const bool isArray = type.getTypeKind() == Pelmor::TypeKind::Array;
-    const std::string name = record.portName + std::string(isArray ? "Array" : "");
+void RoundTrip::addPorts(const Pelmor::Type& type) {
+    const std::string name = newPortName(type);
     TypeResult& result = m_results.emplace_back();
     result.typeName = type.getFullyQualifiedName().c_str();
 
@@ -39,7 +68,23 @@ void RoundTrip::addPorts(const RecordType& record, const Pelmor::Type& type) {
     if (!input) return;
     result.attributeCount = attributeCount(input->shape);
     const auto output = addPort("out" + name, Direction::Output, type, result);
-    if (output) m_pairs.push_back({record, isArray, m_results.size() - 1, *input, *output});
+    if (output) m_pairs.push_back({planFor(input->shape), m_results.size() - 1, *input, *output});
+}
+
+// "Pins" for "Rigging::Module::Pins" and "PinsArray" for arrays of it; with a number behind it
+// where another type has led to that name.
+std::string RoundTrip::newPortName(const Pelmor::Type& type) {
+    std::string suffix;
+    Pelmor::Type single = type;
+    for (; single.getTypeKind() == Pelmor::TypeKind::Array; suffix += "Array")
+        single = Pelmor::ArrayType(single).getElementType();
+    const std::string path = single.getFullyQualifiedName().c_str();
+    const std::size_t colons = path.rfind("::");
+    const std::string name = path.substr(colons == std::string::npos ? 0 : colons + 2) + suffix;
+
+    std::string unique = name;
+    for (int i = 2; !m_portNames.insert(unique).second; ++i) unique = name + std::to_string(i);
+    return unique;
 }
 
 std::optional<RoundTrip::Port> RoundTrip::addPort(const std::string& name, Direction direction,
@@ -59,13 +104,17 @@ std::optional<RoundTrip::Port> RoundTrip::addPort(const std::string& name, Direc
     return std::nullopt;
 }
 
-void RoundTrip::fillInput(const PortPair& pair, const FrameData& data) {
-    const DataPlace input = place(pair.input);
-    if (pair.isArray)
-        fillRecordArray(pair.record, input, data.limbs);
-    else
-        pair.record.fill(input, data.rig);
-    m_data.setDirty(input.shape.plug.attribute());
+void RoundTrip::findSkeleton() {
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
+        if (m_pairs[i].output.shape.isArray) continue;
+        const auto& members = m_pairs[i].plan.members;
+        const auto found = std::find_if(members.begin(), members.end(), [](const FillPlan& member) {
+            return member.content == FillPlan::Content::JointTransforms && member.choice == 0;
+        });
+        if (found == members.end()) continue;
+        m_skeleton = Skeleton{i, static_cast<std::size_t>(found - members.begin())};
+        return;
+    }
 }
 
 void RoundTrip::handOver(const std::vector<const Pelmor::AnyValue*>& inputs,
@@ -103,15 +152,13 @@ std::vector<std::string> RoundTrip::portNames() const {
 
 std::vector<VMatrix> RoundTrip::worldMatricesThatCameOut() {
     std::vector<VMatrix> worlds;
-    for (const PortPair& pair : m_pairs) {
-        if (pair.record.portName != std::string("NamedTransforms") || pair.isArray) continue;
-        const DataPlace transforms = place(pair.output).child(1);
-        VArrayDataHandle array(transforms.handle);
-        for (unsigned i = array.elementCount(); i > 0; --i) {
-            const DataPlace transform{transforms.shape, array.outputValue()};
-            worlds.push_back(transform.child(kWorld).handle.asMatrix());
-            array.next();
-        }
+    if (!m_skeleton) return worlds;
+    const DataPlace transforms = place(m_pairs[m_skeleton->pair].output).child(m_skeleton->member);
+    VArrayDataHandle array(transforms.handle);
+    for (unsigned i = array.elementCount(); i > 0; --i) {
+        const DataPlace transform{transforms.shape, array.outputValue()};
+        worlds.push_back(transform.child(kWorld).handle.asMatrix());
+        array.next();
     }
     return worlds;
 }

@@ -1,10 +1,10 @@
-// A host node with an input and an output port of each record type and of an array of each. The
-// graph in it hands each input's value to the output of the same type, so that after an evaluation
-// each output attribute must hold what its input attribute holds.
+// A host node with an input and an output port of each type that a translation names and the graph
+// knows. The graph in it hands each input's value to the output of the same type, so that after an
+// evaluation each output attribute must hold what its input attribute holds.
 #pragma once
 
 #include "tools/node/CompareData.h"
-#include "tools/node/FillInputs.h"
+#include "tools/node/FillPlan.h"
 #include "tools/node/FrameData.h"
 
 #include <OpenVornik/VDataBlock.h>
@@ -14,6 +14,7 @@
 #include <chrono>
 #include <cstddef>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,17 +34,22 @@ struct TypeResult {
 class RoundTrip {
 public:
     // `translation` must outlive the round trip. A port for which it makes no fitting attribute is
-    // left out, which is a mismatch of its type.
+    // left out, which is a mismatch of its type. The types come in the translation's order, arrays
+    // last.
     RoundTrip(TavrikGraph::Executor::TypeTranslation& translation, const Pelmor::Library& library);
 
     // Evaluates the node with `data` in its inputs, and compares its outputs with them.
     void carry(const FrameData& data);
 
     const std::vector<TypeResult>& results() const noexcept { return m_results; }
+    // The types that the translation names and the graph does not know.
+    const std::vector<std::string>& notTried() const noexcept { return m_notTried; }
     std::vector<std::string> portNames() const;
 
-    // The world matrices in the output port of a single NamedTransforms record, as the last
-    // evaluation left them. None if there is no such port.
+    // Whether there are ports of a single record that has an array of transforms, from which a
+    // skeleton can be drawn; and the world matrices in that array of the first such output, as the
+    // last evaluation left them.
+    bool carriesASkeleton() const noexcept { return m_skeleton.has_value(); }
     std::vector<VMatrix> worldMatricesThatCameOut();
 
 private:
@@ -54,18 +60,24 @@ private:
         DataShape shape;
     };
     struct PortPair {
-        const RecordType& record;
-        bool isArray;
+        FillPlan plan;
         // The place of its type in m_results.
         std::size_t result;
         Port input;
         Port output;
     };
 
-    void addPorts(const RecordType& record, const Pelmor::Type& type);
+    // The array that a skeleton is drawn from.
+    struct Skeleton {
+        std::size_t pair;
+        std::size_t member;
+    };
+
+    void addPorts(const Pelmor::Type& type);
+    std::string newPortName(const Pelmor::Type& type);
     std::optional<Port> addPort(const std::string& name, Direction direction,
                                 const Pelmor::Type& type, TypeResult& result);
-    void fillInput(const PortPair& pair, const FrameData& data);
+    void findSkeleton();
     void handOver(const std::vector<const Pelmor::AnyValue*>& inputs,
                   const std::vector<Pelmor::AnyValue*>& outputs);
     void judge(const PortPair& pair);
@@ -77,8 +89,12 @@ private:
     bool m_evaluated = false;
     TavrikGraph::Executor::GraphNode m_node;
     VDataBlock m_data;
+    std::set<std::string> m_portNames;
     std::vector<PortPair> m_pairs;
+    std::optional<Skeleton> m_skeleton;
     std::vector<TypeResult> m_results;
+    std::vector<std::string> m_notTried;
+    std::size_t m_evaluations = 0;
 };
 
 }  // namespace Tolvane::Tools

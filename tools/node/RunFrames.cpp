@@ -1,7 +1,6 @@
 #include "tools/node/RunFrames.h"
 
 #include <OpenVornik/VErrorListener.h>
-#include <Pelmor/Library.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -45,7 +44,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     const std::vector<Limb> limbs = splitIntoLimbs(rig);
     const std::string rigName = std::filesystem::path(rig.file).stem().string();
     RigFrame pose(rig);
-    RoundTrip roundTrip(translation, Pelmor::Library());
+    RoundTrip roundTrip(translation, options.types);
     if (listener.begins) listener.begins(roundTrip);
 
     for (; result.evaluated < evaluations; ++result.evaluated) {
@@ -58,6 +57,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
         if (listener.evaluated) listener.evaluated(result.evaluated + 1, evaluations);
     }
     result.types = roundTrip.results();
+    result.notTried = roundTrip.notTried();
     refuseEmptyComparisons(result.types);
     return result;
 }

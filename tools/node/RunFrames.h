@@ -7,6 +7,8 @@
 #include "tools/rig/FrameRange.h"
 #include "tools/rig/Rig.h"
 
+#include <Pelmor/Library.h>
+
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -24,10 +26,14 @@ struct RunOptions {
     bool churn = false;
     // Whether to take snapshots for a picture.
     bool draw = false;
+    // The types that the graph knows.
+    Pelmor::Library types = {};
 };
 
 struct RunResult {
     std::vector<TypeResult> types;
+    // The types that the translation names and the graph does not know.
+    std::vector<std::string> notTried;
     // What the host displayed, in order.
     std::vector<std::string> hostMessages;
     std::size_t evaluated = 0;
@@ -35,12 +41,13 @@ struct RunResult {
 
     std::size_t leavesCompared() const;
     std::size_t mismatches() const;
-    bool ok() const { return mismatches() == 0 && hostMessages.empty(); }
+    // A run that tried no type has shown nothing.
+    bool ok() const { return !types.empty() && mismatches() == 0 && hostMessages.empty(); }
 };
 
 // Whoever wants to follow a run. Both may be empty.
 struct RunListener {
-    // Called once, before the first evaluation.
+    // Called once, before the first evaluation. What it throws ends the run.
     std::function<void(const RoundTrip& roundTrip)> begins = {};
     // Called after each evaluation with the number of those done.
     std::function<void(std::size_t done, std::size_t total)> evaluated = {};

@@ -39,6 +39,7 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
           {"frames", rig.frames},
           {"fps", rig.framesPerSecond}}},
         {"types", types},
+        {"notTried", Json(result.notTried)},
         {"hostMessages", Json(result.hostMessages)},
         {"evaluated", result.evaluated},
         {"mismatches", result.mismatches()},

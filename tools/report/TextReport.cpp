@@ -39,6 +39,7 @@ std::string meanTime(std::chrono::nanoseconds sum, std::size_t evaluations) {
 }
 
 void printTable(std::ostream& out, const RunResult& result) {
+    if (result.types.empty()) return;
     Table table({"Graph type", "Attributes", "Leaves", "From host", "To host", "Mismatches"});
     for (const TypeResult& type : result.types)
         table.addRow(
@@ -46,6 +47,12 @@ void printTable(std::ostream& out, const RunResult& result) {
              meanTime(type.fromHost, result.evaluated), meanTime(type.toHost, result.evaluated),
              grouped(type.comparison.mismatches)});
     table.print(out);
+    out << "\n";
+}
+
+void printNotTried(std::ostream& out, const std::vector<std::string>& typeNames) {
+    for (const std::string& name : typeNames)
+        out << "Not tried, for the graph does not know it (see --types): " << oneLine(name) << "\n";
 }
 
 void printFirstMismatches(std::ostream& out, const RunResult& result) {
@@ -72,6 +79,12 @@ void printHostMessages(std::ostream& out, const std::vector<std::string>& messag
 }
 
 void printVerdict(std::ostream& out, const RunResult& result) {
+    if (result.types.empty()) {
+        out << "FAILED: no type was tried. The library names "
+            << (result.notTried.empty() ? "none" : "only types that the graph does not know")
+            << ".\n";
+        return;
+    }
     out << counted(result.evaluated, "evaluation", "evaluations") << ", "
         << counted(result.leavesCompared(), "value", "values") << " compared: ";
     if (result.ok())
@@ -100,7 +113,7 @@ void printIntroduction(std::ostream& out, const PluginSummary& plugin, const Rig
 
 void printFindings(std::ostream& out, const RunResult& result) {
     printTable(out, result);
-    out << "\n";
+    printNotTried(out, result.notTried);
     printFirstMismatches(out, result);
     printHostMessages(out, result.hostMessages);
     printVerdict(out, result);
