@@ -61,8 +61,8 @@ EnumDescription enumOf(const JsonPlace& place) {
     EnumDescription description{typeName(place.member("name")), {}};
     for (const JsonPlace& field : place.member("fields").elements()) {
         field.refuseOtherKeysThan({"name", "value"});
-        description.fields.emplace_back(memberName(field.member("name")).c_str(),
-                                        field.member("value").integer());
+        const std::string name = memberName(field.member("name"));
+        description.fields.emplace_back(name.c_str(), field.member("value").integer());
     }
     return description;
 }
