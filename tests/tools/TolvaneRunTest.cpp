@@ -61,7 +61,7 @@ TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
                                             "evaluated", "mismatches", "ok"));
     EXPECT_THAT(keysOf(report["plugin"]), ElementsAre("path", "name", "types"));
     EXPECT_THAT(keysOf(report["rig"]), ElementsAre("file", "joints", "limbs", "frames", "fps"));
-    ASSERT_THAT(report["types"], SizeIs(14));
+    ASSERT_THAT(report["types"], SizeIs(report["plugin"]["types"].size()));
     for (const Json& type : report["types"])
         EXPECT_THAT(keysOf(type), ElementsAre("name", "attributes", "leavesCompared", "mismatches",
                                               "nsFromHost", "nsToHost"));
@@ -70,7 +70,7 @@ TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
 TEST_F(TolvaneRun, PrintsWhatWasLoadedAndFoundAsJson) {
     const Json report = jsonOf({rig(), "--frames", "1:2"});
     EXPECT_EQ(report["plugin"]["name"], "Rigging Translation Table");
-    EXPECT_THAT(report["plugin"]["types"], SizeIs(14));
+    EXPECT_THAT(report["plugin"]["types"], testing::Contains("array<Rigging::Module::Pins>"));
     EXPECT_EQ(report["rig"]["file"], rig());
     EXPECT_EQ(report["rig"]["joints"], 5);
     EXPECT_EQ(report["rig"]["limbs"], 4);
@@ -144,12 +144,12 @@ TEST_F(TolvaneRun, PrintsATableWithARowForEachType) {
     EXPECT_THAT(head, AllOf(HasSubstr("Attributes"), HasSubstr("Leaves"), HasSubstr("From host"),
                             HasSubstr("To host"), HasSubstr("Mismatches")));
     std::getline(lines, rule);
-    int rows = 0;
+    std::size_t rows = 0;
     while (std::getline(lines, row) && !row.empty()) {
         EXPECT_THAT(row, AllOf(HasSubstr("::"), HasSubstr(" µs "), testing::EndsWith(" 0")));
         ++rows;
     }
-    EXPECT_EQ(rows, 14);
+    EXPECT_EQ(rows, jsonOf({rig()})["plugin"]["types"].size());
 }
 
 TEST_F(TolvaneRun, ShowsNoProgressWhereThereIsNoTerminal) {

@@ -58,7 +58,7 @@ public:
                                    const HostContext& context) const noexcept = 0;
 
     // Writes `value` into the host's data of the port. False if the value's type is not carried; a
-    // failure of the host while writing is shown to the user. [evaluation thread]
+    // failure that the translation notices while writing is shown to the user. [evaluation thread]
     virtual bool translateToHost(const Pelmor::AnyValue& value,
                                  const HostContext& context) const noexcept = 0;
 
