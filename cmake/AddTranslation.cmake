@@ -2,18 +2,17 @@
 #
 # A translation library, which exports its factory and nothing else. Without a factory it does not
 # link.
-set(TOLVANE_EXPORTS ${CMAKE_CURRENT_LIST_DIR}/exports.map)
-
 function(tolvane_add_translation target)
+    set(exports ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map)
     add_library(${target} MODULE ${ARGN})
     target_link_libraries(${target} PRIVATE Tolvane::Translation)
     set_target_properties(${target} PROPERTIES
         PREFIX ""
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON
-        LINK_DEPENDS ${TOLVANE_EXPORTS})
+        LINK_DEPENDS ${exports})
     target_link_options(${target} PRIVATE
-        LINKER:--version-script=${TOLVANE_EXPORTS}
+        LINKER:--version-script=${exports}
         LINKER:--require-defined=createTavrikTypeTranslation
         LINKER:--no-undefined)
 endfunction()

@@ -77,6 +77,8 @@ subproject() {
             'libTavrikExecutor.so libPelmor.so libOpenVornik.so' ]]
         [[ -z $(find "$folder" -name '*.a' -o -name 'tolvane' -type f -o -name '*_tests') ]]
         [[ $(ctest --test-dir "$folder" -N) == *'Total Tests: 0'* ]]
+        cmake --build "$folder" --target face
+        scripts/check_library "$folder/face.so"
         # The caller's own source is compiled without an option of this project's.
         [[ $(grep '"command".*subproject/main.cpp' "$folder/compile_commands.json") != *' -W'* ]]
     done
