@@ -91,18 +91,22 @@ TYPED_TEST(ReadValue, KeepsWhatTheHolderHeldUntilAllIsRead) {
 }
 
 TYPED_TEST(ReadValue, TwiceGivesValuesThatShareNothing) {
-    this->numberHost();
-    this->read();
-    AnyValue first = std::move(this->value);
-    this->numberHost(500);
-    this->read();
-    auto& firstHeld = *first.template getIf<TypeParam>();
-    auto& secondHeld = *this->value.template getIf<TypeParam>();
-    for (const SharedArrayState& a : sharedArraysOf(firstHeld))
-        for (const SharedArrayState& b : sharedArraysOf(secondHeld))
-            EXPECT_NE(a.address, b.address);
-    EXPECT_EQ(leavesOf(firstHeld), leavesOf(numbered<TypeParam>()));
-    EXPECT_EQ(leavesOf(secondHeld), leavesOf(numbered<TypeParam>(Numbers(500))));
+    for (const int secondNumber : {0, 500}) {  // The same data again, and other data.
+        this->numberHost();
+        this->read();
+        AnyValue first = std::move(this->value);
+        if (secondNumber > 0) this->numberHost(secondNumber);
+        this->read();
+        auto& firstHeld = *first.template getIf<TypeParam>();
+        auto& secondHeld = *this->value.template getIf<TypeParam>();
+        for (const SharedArrayState& a : sharedArraysOf(firstHeld))
+            for (const SharedArrayState& b : sharedArraysOf(secondHeld))
+                EXPECT_NE(a.address, b.address);
+        EXPECT_EQ(leavesOf(firstHeld), leavesOf(numbered<TypeParam>()));
+        EXPECT_EQ(leavesOf(secondHeld),
+                  leavesOf(secondNumber > 0 ? numbered<TypeParam>(Numbers(secondNumber))
+                                            : numbered<TypeParam>()));
+    }
 }
 
 TYPED_TEST(ReadValue, GivesBackAllMemoryWithTheHolder) {

@@ -6,6 +6,7 @@
 
 #include <Pelmor/Library.h>
 
+#include <algorithm>
 #include <cstring>
 #include <type_traits>
 
@@ -58,6 +59,10 @@ TEST(TranslationFactory, MakesANewObjectEachTime) {
     EXPECT_NE(other, nullptr);
     EXPECT_NE(one, other);
     EXPECT_NE(dynamic_cast<VornikRiggingTranslation*>(one.get()), nullptr);
+    Pelmor::Array<Pelmor::String> names, otherNames;
+    one->getSupportedTypeNames(names);
+    other->getSupportedTypeNames(otherNames);
+    EXPECT_TRUE(std::equal(names.begin(), names.end(), otherNames.begin(), otherNames.end()));
 }
 
 TEST(TranslationFactory, NamesTheObject) {
