@@ -7,6 +7,7 @@
 #include <Pelmor/Library.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <type_traits>
 
@@ -63,6 +64,25 @@ TEST(TranslationFactory, MakesANewObjectEachTime) {
     one->getSupportedTypeNames(names);
     other->getSupportedTypeNames(otherNames);
     EXPECT_TRUE(std::equal(names.begin(), names.end(), otherNames.begin(), otherNames.end()));
+}
+
+TEST(TranslationFactoryDeathTest, LeavesTheRegistryToTheFirstUse) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const auto allocationsOf = [](auto operation) {
+        const AllocationCount count;
+        operation();
+        return count.allocations();
+    };
+    EXPECT_EXIT(
+        {
+            const auto entries = 2 * TestSupport::carriedTypes().size();
+            Translation translation;
+            const auto made = allocationsOf([&] { translation = newTranslation(); });
+            Pelmor::Array<Pelmor::String> names;
+            const auto asked = allocationsOf([&] { translation->getSupportedTypeNames(names); });
+            std::_Exit(made < entries && asked >= entries ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 TEST(TranslationFactory, NamesTheObject) {
