@@ -64,7 +64,7 @@ TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
     ASSERT_THAT(report["types"], SizeIs(report["plugin"]["types"].size()));
     for (const Json& type : report["types"])
         EXPECT_THAT(keysOf(type), ElementsAre("name", "attributes", "leavesCompared", "mismatches",
-                                              "nsFromHost", "nsToHost"));
+                                              "firstMismatch", "nsFromHost", "nsToHost"));
 }
 
 TEST_F(TolvaneRun, PrintsWhatWasLoadedAndFoundAsJson) {
@@ -255,6 +255,7 @@ TEST_F(TolvaneRunWithStudioLibrary, CarriesWhatTheLibraryNamesAndTheTypesFileDes
 TEST_F(TolvaneRunWithStudioLibrary, FindsAMemberThatIsLostOnTheWay) {
     const Json report = jsonOf(arguments(types(R"(, {"name": "count", "type": "int"})")), 1);
     EXPECT_EQ(result(report, "Studio::Face")["mismatches"], 4);
+    EXPECT_EQ(result(report, "Studio::Face")["firstMismatch"], "outFace.count: differs");
 }
 
 // The port of its type has a number behind its name, which another type has taken.

@@ -19,6 +19,7 @@ Json jsonOf(const TypeResult& type, std::size_t evaluated) {
             {"attributes", type.attributeCount},
             {"leavesCompared", type.comparison.leavesCompared},
             {"mismatches", type.comparison.mismatches},
+            {"firstMismatch", type.comparison.firstMismatch},
             {"nsFromHost", mean(type.fromHost)},
             {"nsToHost", mean(type.toHost)}};
 }
