@@ -258,6 +258,16 @@ TEST_F(TolvaneRunWithStudioLibrary, FindsAMemberThatIsLostOnTheWay) {
     EXPECT_EQ(result(report, "Studio::Face")["firstMismatch"], "outFace.count: differs");
 }
 
+// Nothing is lost on the way, for an object has no data in the host.
+TEST_F(TolvaneRunWithStudioLibrary, FindsThatItsStructLacksTheLastMember) {
+    const Json report = jsonOf(arguments(types(R"(, {"name": "owner", "type": "Object"})")), 1);
+    EXPECT_EQ(result(report, "Studio::Face")["mismatches"], 0);
+    EXPECT_EQ(result(report, "array<Studio::Face>")["mismatches"], 4);
+    EXPECT_EQ(result(report, "array<Studio::Face>")["firstMismatch"],
+              "inFaceArray[]: an element has 80 bytes, and the graph's Studio::Face has 96: is the "
+              "struct declared as the graph has it?");
+}
+
 // The port of its type has a number behind its name, which another type has taken.
 TEST_F(TolvaneRunWithStudioLibrary, FailsForATypeThatGetsNoValueOrNoFittingAttribute) {
     for (const char* type : {"double", "float"}) {

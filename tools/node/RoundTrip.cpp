@@ -1,6 +1,7 @@
 #include "tools/node/RoundTrip.h"
 
 #include "tools/node/FillInputs.h"
+#include "tools/node/GraphLayout.h"
 #include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
@@ -130,13 +131,15 @@ void RoundTrip::judge(const PortPair& pair) {
     result.fromHost += input.duration;
     result.toHost += output.duration;
     if (!m_evaluated)
-        result.comparison.addMismatch(pair.output.shape.name + ": was not evaluated");
-    else if (!input.translated)
-        result.comparison.addMismatch(pair.input.shape.name + ": was not translated");
-    else if (!output.translated)
-        result.comparison.addMismatch(pair.output.shape.name + ": was not translated");
-    else
-        compareData(place(pair.input), place(pair.output), result.comparison);
+        return result.comparison.addMismatch(pair.output.shape.name + ": was not evaluated");
+    if (!input.translated)
+        return result.comparison.addMismatch(pair.input.shape.name + ": was not translated");
+    // Ahead of all that may follow from it.
+    if (const auto wrongSize = wrongElementSize(input.value, input.type))
+        result.comparison.addMismatch(pair.input.shape.name + "[]: " + *wrongSize);
+    if (!output.translated)
+        return result.comparison.addMismatch(pair.output.shape.name + ": was not translated");
+    compareData(place(pair.input), place(pair.output), result.comparison);
 }
 
 // The data that the node holds, read as an output value so that nothing is evaluated for it.
