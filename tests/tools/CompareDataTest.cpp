@@ -1,5 +1,6 @@
 #include "tests/tools/PluginNode.h"
 #include "tools/node/CompareData.h"
+#include "tools/node/ShapeMisfit.h"
 #include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
@@ -196,21 +197,32 @@ TEST_F(ShapeOfAttributes, CountsAnAttributeWithAllBelowIt) {
 }
 
 TEST_F(ShapeOfAttributes, FitsItsOwnTypeAlone) {
-    EXPECT_TRUE(fits(expectedShape, node.types.getType("All")));
-    EXPECT_FALSE(fits(expectedShape, node.types.getType("array<All>")));
-    EXPECT_FALSE(fits(expectedShape, node.types.getType("Inner")));
-    DataShape incomplete = expectedShape;
-    incomplete.children.pop_back();
-    EXPECT_FALSE(fits(incomplete, node.types.getType("All")));
-    std::swap(incomplete.children[kText], incomplete.children[kNumber]);
-    EXPECT_FALSE(fits(incomplete, node.types.getType("All")));
+    const auto misfit = [&](const DataShape& shape, const char* type) {
+        return misfitOf(shape, node.types.getType(type)).value_or("");
+    };
+    EXPECT_EQ(misfit(expectedShape, "All"), "");
+    EXPECT_EQ(misfit(expectedShape, "array<All>"), "expected: is a compound, not array<All>");
+    EXPECT_EQ(misfit(expectedShape, "Inner"), "expected.value: is a matrix, not double");
+    EXPECT_EQ(misfit(expectedShape, "array<array<All>>"),
+              "expected: an array of arrays has no attribute in the host");
+    DataShape odd = expectedShape;
+    odd.children.pop_back();
+    EXPECT_EQ(misfit(odd, "All"), "expected.nested: is missing");
+    odd.children.push_back(expectedShape.children[kNested]);
+    odd.children[kNested].children.push_back(odd.children[kFlag]);
+    EXPECT_EQ(misfit(odd, "All"), "expected.nested.flag: is no member of Inner");
+    std::swap(odd.children[kNames], odd.children[kObject]);
+    EXPECT_EQ(misfit(odd, "All"), "expected.object: is a string array, not Object");
+    node.types.defineStruct("Gains", {{"gains", node.types.getType("array<float>")}});
+    EXPECT_EQ(misfit(expectedShape, "Gains"),
+              "expected.gains: a float has no attribute in the host");
 }
 
 TEST_F(ShapeOfAttributes, FitsNoTypeWithALeafOfUnknownKind) {
     for (std::size_t i = 0; i < expectedShape.children.size(); ++i) {
         DataShape shape = expectedShape;
         shape.children[i].kind = DataShape::Kind::Unknown;
-        EXPECT_FALSE(fits(shape, node.types.getType("All"))) << shape.children[i].name;
+        EXPECT_TRUE(misfitOf(shape, node.types.getType("All"))) << shape.children[i].name;
     }
 }
 

@@ -268,6 +268,15 @@ TEST_F(TolvaneRunWithStudioLibrary, FindsThatItsStructLacksTheLastMember) {
               "struct declared as the graph has it?");
 }
 
+TEST_F(TolvaneRunWithStudioLibrary, SaysOnceWhichMemberHasNoFittingAttribute) {
+    const std::string file = types(R"(, {"name": "modes", "type": "array<int>"})");
+    const TolvaneProcess process =
+        runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", file});
+    EXPECT_EQ(process.status, 1);
+    EXPECT_THAT(process.output, HasSubstr("\nFirst mismatch of Studio::Face: inFace.modes: is an "
+                                          "int, not array<int>\n4 evaluations, "));
+}
+
 // The port of its type has a number behind its name, which another type has taken.
 TEST_F(TolvaneRunWithStudioLibrary, FailsForATypeThatGetsNoValueOrNoFittingAttribute) {
     for (const char* type : {"double", "float"}) {

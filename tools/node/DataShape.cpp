@@ -4,8 +4,6 @@
 #include <OpenVornik/VFnEnumAttribute.h>
 #include <OpenVornik/VFnNumericAttribute.h>
 #include <OpenVornik/VFnTypedAttribute.h>
-#include <Pelmor/ArrayType.h>
-#include <Pelmor/StructType.h>
 
 #include <numeric>
 
@@ -63,39 +61,6 @@ std::vector<short> choicesOf(const VObject& attribute) {
     return choices;
 }
 
-bool fitsStruct(const DataShape& shape, const Pelmor::StructType& type) {
-    if (shape.kind != Kind::Compound) return false;
-    auto child = shape.children.begin();
-    for (auto member = type.begin(); member != type.end(); ++member, ++child)
-        if (child == shape.children.end() || !fits(*child, member->getType())) return false;
-    return child == shape.children.end();
-}
-
-bool fitsSingle(const DataShape& shape, const Pelmor::Type& type) {
-    switch (type.getTypeKind()) {
-        case Pelmor::TypeKind::Struct:
-            return fitsStruct(shape, Pelmor::StructType(type));
-        case Pelmor::TypeKind::Matrix:
-            return shape.kind == Kind::Matrix;
-        case Pelmor::TypeKind::String:
-            return shape.kind == Kind::String;
-        case Pelmor::TypeKind::Double:
-            return shape.kind == Kind::Double;
-        case Pelmor::TypeKind::Bool:
-            return shape.kind == Kind::Bool;
-        case Pelmor::TypeKind::Int:
-            return shape.kind == Kind::Int;
-        case Pelmor::TypeKind::Enum:
-            return shape.kind == Kind::Enum;
-        case Pelmor::TypeKind::Object:
-            return shape.kind == Kind::Empty;
-        case Pelmor::TypeKind::Float:
-        case Pelmor::TypeKind::Array:
-            break;
-    }
-    return false;
-}
-
 }  // namespace
 
 DataShape shapeOf(VPlug plug) {
@@ -114,12 +79,6 @@ std::size_t attributeCount(const DataShape& shape) {
     return std::accumulate(
         shape.children.begin(), shape.children.end(), std::size_t{1},
         [](std::size_t sum, const DataShape& child) { return sum + attributeCount(child); });
-}
-
-bool fits(const DataShape& shape, const Pelmor::Type& type) {
-    const bool isArray = type.getTypeKind() == Pelmor::TypeKind::Array;
-    if (shape.isArray != isArray) return false;
-    return fitsSingle(shape, isArray ? Pelmor::ArrayType(type).getElementType() : type);
 }
 
 }  // namespace Tolvane::Tools

@@ -4,7 +4,6 @@
 
 #include <OpenVornik/VDataHandle.h>
 #include <OpenVornik/VPlug.h>
-#include <Pelmor/Type.h>
 
 #include <cstddef>
 #include <string>
@@ -32,10 +31,6 @@ DataShape shapeOf(VPlug plug);
 
 // The number of attributes: this one and all below it.
 std::size_t attributeCount(const DataShape& shape);
-
-// Whether the attributes can hold a value of `type`: an array for an array, a child for each member
-// and a leaf of the right kind for each value.
-bool fits(const DataShape& shape, const Pelmor::Type& type);
 
 // Data, together with its shape.
 struct DataPlace {

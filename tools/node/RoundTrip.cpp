@@ -2,6 +2,7 @@
 
 #include "tools/node/FillInputs.h"
 #include "tools/node/GraphLayout.h"
+#include "tools/node/ShapeMisfit.h"
 #include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
@@ -100,8 +101,9 @@ std::optional<RoundTrip::Port> RoundTrip::addPort(const std::string& name, Direc
     else
         m_sources.push_back(m_inputCount - 1);
     Port port{m_node.ports().size() - 1, shapeOf(m_node.ports().back().plug)};
-    if (fits(port.shape, type)) return port;
-    result.comparison.addMismatch(name + ": has an attribute that does not fit its type");
+    const auto misfit = misfitOf(port.shape, type);
+    if (!misfit) return port;
+    result.comparison.addMismatch(*misfit);
     return std::nullopt;
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <map>
 #include <ostream>
+#include <set>
 #include <sstream>
 
 namespace Tolvane::Tools {
@@ -55,11 +56,22 @@ void printNotTried(std::ostream& out, const std::vector<std::string>& typeNames)
         out << "Not tried, for the graph does not know it (see --types): " << oneLine(name) << "\n";
 }
 
+// The mismatch without the name of its port.
+std::string afterPortName(const std::string& mismatch) {
+    return mismatch.substr(std::min(mismatch.find_first_of(".:["), mismatch.size()));
+}
+
+// Where a type got no ports, arrays of it got none for the same reason, which is said once.
 void printFirstMismatches(std::ostream& out, const RunResult& result) {
-    for (const TypeResult& type : result.types)
-        if (type.comparison.mismatches != 0)
-            out << "First mismatch of " << type.typeName << ": "
-                << oneLine(type.comparison.firstMismatch) << "\n";
+    std::set<std::string> said;
+    for (const TypeResult& type : result.types) {
+        const std::string& mismatch = type.comparison.firstMismatch;
+        if (type.comparison.mismatches == 0) continue;
+        if (said.count(type.typeName + afterPortName(mismatch)) != 0) continue;
+        out << "First mismatch of " << type.typeName << ": " << oneLine(mismatch) << "\n";
+        if (type.attributeCount == 0)
+            said.insert("array<" + type.typeName + ">" + afterPortName(mismatch));
+    }
 }
 
 // Each message once, with its count: the same one often comes in every frame.
