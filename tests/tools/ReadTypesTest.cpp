@@ -19,7 +19,7 @@ class ReadTypes : public testing::Test {
 protected:
     Pelmor::Library typesOf(std::string text) const {
         std::replace(text.begin(), text.end(), '\'', '"');
-        return readTypes(folder.write("types.json", text));
+        return readTypes(folder.write("types.json", text)).library;
     }
 
     struct Refusal {

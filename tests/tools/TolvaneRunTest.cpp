@@ -57,8 +57,8 @@ TEST_F(TolvaneRun, RunsTheBundledExampleIfNoFileIsNamed) {
 
 TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
     const Json report = jsonOf({rig()});
-    EXPECT_THAT(keysOf(report), ElementsAre("plugin", "rig", "types", "notTried", "hostMessages",
-                                            "evaluated", "mismatches", "ok"));
+    EXPECT_THAT(keysOf(report), ElementsAre("plugin", "rig", "types", "notTried", "notCarried",
+                                            "hostMessages", "evaluated", "mismatches", "ok"));
     EXPECT_THAT(keysOf(report["plugin"]), ElementsAre("path", "name", "types"));
     EXPECT_THAT(keysOf(report["rig"]), ElementsAre("file", "joints", "limbs", "frames", "fps"));
     ASSERT_THAT(report["types"], SizeIs(report["plugin"]["types"].size()));
@@ -250,6 +250,7 @@ TEST_F(TolvaneRunWithStudioLibrary, CarriesWhatTheLibraryNamesAndTheTypesFileDes
     EXPECT_THAT(
         output,
         HasSubstr("\nNot tried, for the graph does not know it (see --types): Absent::Face\n"));
+    EXPECT_THAT(output, testing::EndsWith(": all came back as they went in, 1 type not tried.\n"));
 }
 
 TEST_F(TolvaneRunWithStudioLibrary, FindsAMemberThatIsLostOnTheWay) {
@@ -266,6 +267,17 @@ TEST_F(TolvaneRunWithStudioLibrary, FindsThatItsStructLacksTheLastMember) {
     EXPECT_EQ(result(report, "array<Studio::Face>")["firstMismatch"],
               "inFaceArray[]: an element has 80 bytes, and the graph's Studio::Face has 96: is the "
               "struct declared as the graph has it?");
+}
+
+// A type of a member counts as carried; that its values are not is another matter.
+TEST_F(TolvaneRunWithStudioLibrary, ReportsDescribedStructsThatTheLibraryCarriesNowhere) {
+    const std::string file = types(R"(, {"name": "parts", "type": "array<Studio::Part>"})",
+                                   R"(, {"name": "Studio::Spare", "members": []},
+                                        {"name": "Studio::Part", "members": []})");
+    EXPECT_EQ(jsonOf(arguments(file), 1)["notCarried"], Json::array({"Studio::Spare"}));
+    const std::string output =
+        runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", file}).output;
+    EXPECT_THAT(output, HasSubstr("\nDescribed, but not carried by the library: Studio::Spare\n"));
 }
 
 TEST_F(TolvaneRunWithStudioLibrary, SaysOnceWhichMemberHasNoFittingAttribute) {

@@ -18,6 +18,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Tolvane::Tools {
@@ -63,7 +64,11 @@ RunOptions runOptions(const RunArguments& arguments) {
     if (arguments.frames) options.frames = parseFrameRange(*arguments.frames);
     options.churn = arguments.churn;
     options.draw = arguments.picture.has_value();
-    if (arguments.types) options.types = readTypes(*arguments.types);
+    if (arguments.types) {
+        TypesOfFile types = readTypes(*arguments.types);
+        options.types = std::move(types.library);
+        options.expectedTypes = std::move(types.structNames);
+    }
     return options;
 }
 

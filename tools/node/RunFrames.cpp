@@ -1,6 +1,8 @@
 #include "tools/node/RunFrames.h"
 
 #include <OpenVornik/VErrorListener.h>
+#include <Pelmor/ArrayType.h>
+#include <Pelmor/StructType.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -26,6 +28,28 @@ void refuseEmptyComparisons(std::vector<TypeResult>& types) {
     for (TypeResult& type : types)
         if (type.comparison.leavesCompared == 0 && type.comparison.mismatches == 0)
             type.comparison.addMismatch(type.typeName + ": nothing was compared");
+}
+
+// Adds the type's name and those of all types that its values consist of.
+void addNames(const Pelmor::Type& type, std::set<std::string>& names) {
+    if (!names.insert(type.getFullyQualifiedName().c_str()).second) return;
+    if (type.getTypeKind() == Pelmor::TypeKind::Array)
+        addNames(Pelmor::ArrayType(type).getElementType(), names);
+    if (type.getTypeKind() != Pelmor::TypeKind::Struct) return;
+    const Pelmor::StructType structType(type);
+    for (auto member = structType.begin(); member != structType.end(); ++member)
+        addNames(member->getType(), names);
+}
+
+std::vector<std::string> notCarried(const std::vector<TypeResult>& types,
+                                    const RunOptions& options) {
+    std::set<std::string> carried;
+    for (const TypeResult& type : types)
+        addNames(options.types.getType(type.typeName.c_str()), carried);
+    std::vector<std::string> names;
+    for (const std::string& name : options.expectedTypes)
+        if (carried.count(name) == 0) names.push_back(name);
+    return names;
 }
 
 }  // namespace
@@ -58,6 +82,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     }
     result.types = roundTrip.results();
     result.notTried = roundTrip.notTried();
+    result.notCarried = notCarried(result.types, options);
     refuseEmptyComparisons(result.types);
     return result;
 }

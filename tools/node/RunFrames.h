@@ -28,12 +28,16 @@ struct RunOptions {
     bool draw = false;
     // The types that the graph knows.
     Pelmor::Library types = {};
+    // Those of them that the translation is expected to carry, alone or in other types.
+    std::vector<std::string> expectedTypes = {};
 };
 
 struct RunResult {
     std::vector<TypeResult> types;
     // The types that the translation names and the graph does not know.
     std::vector<std::string> notTried;
+    // The expected types that the translation does not carry.
+    std::vector<std::string> notCarried;
     // What the host displayed, in order.
     std::vector<std::string> hostMessages;
     std::size_t evaluated = 0;

@@ -41,6 +41,7 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
           {"fps", rig.framesPerSecond}}},
         {"types", types},
         {"notTried", Json(result.notTried)},
+        {"notCarried", Json(result.notCarried)},
         {"hostMessages", Json(result.hostMessages)},
         {"evaluated", result.evaluated},
         {"mismatches", result.mismatches()},

@@ -51,9 +51,11 @@ void printTable(std::ostream& out, const RunResult& result) {
     out << "\n";
 }
 
-void printNotTried(std::ostream& out, const std::vector<std::string>& typeNames) {
-    for (const std::string& name : typeNames)
+void printUncarried(std::ostream& out, const RunResult& result) {
+    for (const std::string& name : result.notTried)
         out << "Not tried, for the graph does not know it (see --types): " << oneLine(name) << "\n";
+    for (const std::string& name : result.notCarried)
+        out << "Described, but not carried by the library: " << name << "\n";
 }
 
 // The mismatch without the name of its port.
@@ -100,10 +102,13 @@ void printVerdict(std::ostream& out, const RunResult& result) {
     out << counted(result.evaluated, "evaluation", "evaluations") << ", "
         << counted(result.leavesCompared(), "value", "values") << " compared: ";
     if (result.ok())
-        out << "all came back as they went in.\n";
+        out << "all came back as they went in";
     else
         out << "FAILED, with " << counted(result.mismatches(), "mismatch", "mismatches") << " and "
-            << counted(result.hostMessages.size(), "message", "messages") << " of the host.\n";
+            << counted(result.hostMessages.size(), "message", "messages") << " of the host";
+    if (!result.notTried.empty())
+        out << ", " << counted(result.notTried.size(), "type", "types") << " not tried";
+    out << ".\n";
 }
 
 }  // namespace
@@ -125,7 +130,7 @@ void printIntroduction(std::ostream& out, const PluginSummary& plugin, const Rig
 
 void printFindings(std::ostream& out, const RunResult& result) {
     printTable(out, result);
-    printNotTried(out, result.notTried);
+    printUncarried(out, result);
     printFirstMismatches(out, result);
     printHostMessages(out, result.hostMessages);
     printVerdict(out, result);

@@ -10,17 +10,19 @@
 
 namespace Tolvane::Tools {
 
-Pelmor::Library readTypes(const std::string& path) {
+TypesOfFile readTypes(const std::string& path) {
     refuseUnreadable(path);
     std::ifstream file(path, std::ios::binary);
     const std::string text(std::istreambuf_iterator<char>(file), {});
-    Pelmor::Library library;
+    TypesOfFile types;
     try {
-        defineTypes(parseTypes(text), library);
+        const TypeDescriptions descriptions = parseTypes(text);
+        defineTypes(descriptions, types.library);
+        for (const auto& each : descriptions.structs) types.structNames.push_back(each.name);
     } catch (const Error& error) {
         throw Error(path + ": " + error.what());
     }
-    return library;
+    return types;
 }
 
 }  // namespace Tolvane::Tools

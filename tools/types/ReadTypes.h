@@ -4,10 +4,18 @@
 #include <Pelmor/Library.h>
 
 #include <string>
+#include <vector>
 
 namespace Tolvane::Tools {
 
-// The graph's own types and those of the file. Throws Error, which names the file and the cause.
-Pelmor::Library readTypes(const std::string& path);
+struct TypesOfFile {
+    // The graph's own types and those of the file.
+    Pelmor::Library library;
+    // The structs of the file, in its order.
+    std::vector<std::string> structNames;
+};
+
+// Throws Error, which names the file and the cause.
+TypesOfFile readTypes(const std::string& path);
 
 }  // namespace Tolvane::Tools
