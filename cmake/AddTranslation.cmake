@@ -1,7 +1,7 @@
 # tolvane_add_translation(TARGET source...)
 #
 # A translation library, which exports its factory and nothing else. Without a factory it does not
-# link.
+# link: a symbol that is set to it, and not exported, needs it.
 function(tolvane_add_translation target)
     set(exports ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/exports.map)
     add_library(${target} MODULE ${ARGN})
@@ -13,6 +13,6 @@ function(tolvane_add_translation target)
         LINK_DEPENDS ${exports})
     target_link_options(${target} PRIVATE
         LINKER:--version-script=${exports}
-        LINKER:--require-defined=createTavrikTypeTranslation
+        LINKER:--defsym=tolvane_factory=createTavrikTypeTranslation
         LINKER:--no-undefined)
 endfunction()

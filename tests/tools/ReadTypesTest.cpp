@@ -79,14 +79,19 @@ TEST_F(ReadTypes, DefinesStructsWithTheirMembersInOrderHoweverTheyReferToEachOth
 }
 
 TEST_F(ReadTypes, RefusesWhatIsNotJson) {
-    expectRefusals({{"", "is empty"},
-                    {" ", "is not JSON in UTF-8: line 1, column 2"},
-                    {"{", "is not JSON in UTF-8: line 1, column 2"},
-                    {"{'structs': [\n\n  oops]}", "is not JSON in UTF-8: line 3, column 3"},
-                    {"{} {}", "is not JSON in UTF-8: line 1, column 4"},
-                    {"{'\xff': 0}", "is not JSON in UTF-8: line 1, column 3"},
-                    {"{'enums': 1e999}", "has a number that is too big to read"},
-                    {std::string(1'000'000, '['), "nests too deep to describe types"}});
+    expectRefusals(
+        {{"", "is empty"},
+         {" ",
+          "line 1, column 2: is not JSON: unexpected end of input; expected '[', "
+          "'{', or a literal"},
+         {"{'structs': [\n\n  oops]}", "line 3, column 3: is not JSON: invalid literal"},
+         {"{} {}", "line 1, column 4: is not JSON: unexpected '{'; expected end of input"},
+         {"{'structs': [],}",
+          "line 1, column 16: is not JSON: unexpected '}'; expected string literal"},
+         {"{'\xff': 0}", "line 1, column 3: is not JSON in UTF-8"},
+         {"\xff\xfe{", "line 1, column 1: is not JSON in UTF-8"},
+         {"{'enums': 1e999}", "has a number that is too big to read"},
+         {std::string(1'000'000, '['), "nests too deep to describe types"}});
 }
 
 TEST_F(ReadTypes, RefusesWhatDescribesNoTypes) {

@@ -184,7 +184,7 @@ TEST_F(TolvaneRun, RefusesToDrawWithoutAPortThatHasASkeleton) {
 
 TEST_F(TolvaneRun, RefusesATypesFileThatIsNoJson) {
     const std::string types = folder.write("types.json", "structs:\n");
-    expectRefusal({"run", rig(), "--types", types}, types, "is not JSON in UTF-8: line 1");
+    expectRefusal({"run", rig(), "--types", types}, types, "line 1, column 1: is not JSON");
 }
 
 TEST_F(TolvaneRun, LeavesNoPictureBehindWhenItRefuses) {

@@ -76,6 +76,30 @@ std::string lineAndColumn(std::string_view text, std::size_t bytesRead) {
     return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
+bool isUtf8(const std::string& text) {
+    try {
+        static_cast<void>(Json(text).dump());
+        return true;
+    } catch (const Json::type_error&) {
+        return false;
+    }
+}
+
+// The parser's message ends with what it found or expected. What it had read by then is left out:
+// it can be the whole file.
+std::string whyNoJson(const Json::parse_error& error) {
+    const std::string_view message = error.what();
+    const std::string_view opening = " - ";
+    const std::size_t opened = message.find(opening);
+    if (opened == std::string_view::npos) return "is not JSON";
+    const std::size_t begin = opened + opening.size();
+    const std::size_t end = message.find("; last read: ", begin);
+    std::string found(message.substr(begin, end - begin));
+    // As this program's own messages quote.
+    std::replace(found.begin(), found.end(), '\'', '"');
+    return "is not JSON: " + found;
+}
+
 // The parser nests without limit and lets a later member replace one of the same name.
 Json parseJson(const std::string& text) {
     std::vector<std::set<std::string>> keysOfOpenObjects;
@@ -92,7 +116,8 @@ Json parseJson(const std::string& text) {
     try {
         return Json::parse(text, check);
     } catch (const Json::parse_error& error) {
-        throw Error("is not JSON in UTF-8: " + lineAndColumn(text, error.byte));
+        throw Error(lineAndColumn(text, error.byte) + ": " +
+                    (isUtf8(text) ? whyNoJson(error) : "is not JSON in UTF-8"));
     } catch (const Json::out_of_range&) {
         throw Error("has a number that is too big to read");
     }
