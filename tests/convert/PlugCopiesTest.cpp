@@ -25,9 +25,8 @@ public:
         return VPlug::elementByLogicalIndex(index, status);
     }
 
-    static int s_copies;
+    inline static int s_copies = 0;
 };
-int CountedPlug::s_copies = 0;
 
 }  // namespace
 
@@ -36,11 +35,10 @@ int CountedPlug::s_copies = 0;
 #undef VPlug
 
 #include <OpenVornik/VDGModifier.h>
-#include <OpenVornik/VFnCompoundAttribute.h>
 #include <OpenVornik/VFnDependencyNode.h>
-#include <OpenVornik/VFnMatrixAttribute.h>
-#include <OpenVornik/VFnNumericAttribute.h>
+#include <Pelmor/Library.h>
 #include <Rigging/Transform.h>
+#include <Tolvane/attributes/PortAttribute.h>
 
 #include <tuple>
 
@@ -71,33 +69,20 @@ struct Tolvane::Page<Body> {
 
 namespace {
 
-VObject compound(const char* name, bool isArray, std::initializer_list<VObject> children) {
-    VFnCompoundAttribute functions;
-    const VObject object = functions.create(name, name);
-    functions.setArray(isArray);
-    for (const VObject& child : children) {
-        VFnAttribute(child).setEnforcingUniqueName(false);
-        functions.addChild(child);
-    }
-    return object;
-}
-VObject leg(const char* name) {
-    return compound(name, false,
-                    {VFnNumericAttribute().create("length", "length", VFnNumericData::kDouble)});
-}
-VObject matrix(const char* name) { return VFnMatrixAttribute().create(name, name); }
-VObject poses() {
-    return compound("poses", true,
-                    {matrix("0"), matrix("1"), matrix("2"), matrix("3"), matrix("4"), matrix("5"),
-                     matrix("6"), matrix("7")});
+VObject bodyAttribute(bool isArray) {
+    Pelmor::Library library;
+    const Pelmor::Type leg = library.defineStruct("Leg", {{"length", library.getType("double")}});
+    const Pelmor::Type poses = library.getType("array<Core::Transform::Transform>");
+    library.defineStruct("Body", {{"left", leg}, {"right", leg}, {"poses", poses}});
+    return Tolvane::createPortAttribute(library.getType(isArray ? "array<Body>" : "Body"), "body",
+                                        false);
 }
 
 using Bodies = Pelmor::SharedArray<Body>;
 
 template <typename Held, void (*write)(const Held&, VDataHandle&, CountedPlug&)>
 void expectOneCopy(Tolvane::HostReader read, const Held& held) {
-    const VObject attribute =
-        compound("body", std::is_same_v<Held, Bodies>, {leg("left"), leg("right"), poses()});
+    const VObject attribute = bodyAttribute(std::is_same_v<Held, Bodies>);
     const VObject node = VFnDependencyNode().create("node");
     VDGModifier modifier;
     modifier.addAttribute(node, attribute);

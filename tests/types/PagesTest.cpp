@@ -1,6 +1,8 @@
 // What the page of each record says, and how the record lies in memory, against the tree of it.
 #include "tests/support/CarriedTypes.h"
 
+#include <Tolvane/record/CheckPage.h>
+
 #include <cstddef>
 #include <string>
 #include <typeinfo>
@@ -49,6 +51,22 @@ TYPED_TEST(RecordPage, IsOfARecordWhoseMembersLieInOrderWithoutGaps) {
         place += sizeof member;
     });
     EXPECT_EQ(sizeof(TypeParam), place);
+}
+
+// A list of records asks both of their pages while it is compiled.
+TEST(PageChecks, TakeIdentifiersJoinedByDoubleColonsForANameOfTheGraph) {
+    for (const char* name : {"A", "_a1::B_2", "Studio::Face::Face"})
+        EXPECT_TRUE(Tolvane::isGraphName(name)) << name;
+    for (const char* name : {"", "::A", "A::", "A:B", "A::::B", "1A", "A::1", "A B", "array<A>"})
+        EXPECT_FALSE(Tolvane::isGraphName(name)) << name;
+}
+
+TEST(PageChecks, FindAMemberThatIsListedTwice) {
+    using Controls = Rigging::Module::InputsControls;
+    EXPECT_TRUE(Tolvane::areDistinct(
+        std::tuple{&Controls::names, &Controls::matrices, &Controls::weights}));
+    EXPECT_FALSE(
+        Tolvane::areDistinct(std::tuple{&Controls::names, &Controls::matrices, &Controls::names}));
 }
 
 }  // namespace
