@@ -37,16 +37,19 @@ constexpr bool isSame(A a, B b) {
         return false;
 }
 
-// Whether the member at `Place` stands a second time, behind it.
+// How often the member at `Place` stands again, behind it.
 template <std::size_t Place, typename... Members, std::size_t... Others>
-constexpr bool isRepeated(const std::tuple<Members...>& members, std::index_sequence<Others...>) {
-    return (... || (Others > Place && isSame(std::get<Place>(members), std::get<Others>(members))));
+constexpr std::size_t repetitions(const std::tuple<Members...>& members,
+                                  std::index_sequence<Others...>) {
+    return (std::size_t{0} + ... +
+            (std::size_t{Others > Place} *
+             std::size_t{isSame(std::get<Place>(members), std::get<Others>(members))}));
 }
 
 template <typename... Members, std::size_t... Places>
 constexpr bool areDistinct(const std::tuple<Members...>& members,
                            std::index_sequence<Places...> places) {
-    return (... && !isRepeated<Places>(members, places));
+    return (std::size_t{0} + ... + repetitions<Places>(members, places)) == 0;
 }
 
 template <typename... Members>
