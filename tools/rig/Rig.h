@@ -34,6 +34,14 @@ struct Rig {
     std::vector<std::string> filesRead;
     // At least one. Parents stand before their children.
     std::vector<Joint> joints;
+    // Whether the file holds a skeleton. If not, every node of its scene was taken for a joint.
+    bool hasSkeleton = true;
+    // Which way is up in the world: 0, 1 or 2 for x, y or z.
+    unsigned upAxis = 1;
+    // Nothing if the file does not say.
+    std::optional<double> metresPerUnit = {};
+    // The name of the animation that moves the joints; empty if none does, or it has no name.
+    std::string animation = {};
     std::size_t frameCount = 1;
     double framesPerSecond = 30;
     double ticksPerFrame = 1;
