@@ -13,6 +13,11 @@ function(tolvane_add_translation target)
         LINK_DEPENDS ${exports})
     target_link_options(${target} PRIVATE
         LINKER:--version-script=${exports}
-        LINKER:--defsym=tolvane_factory=createTavrikTypeTranslation
-        LINKER:--no-undefined)
+        LINKER:--defsym=tolvane_factory=createTavrikTypeTranslation)
+    # Clang links the sanitizers' own symbols into programs alone.
+    string(TOUPPER "${CMAKE_BUILD_TYPE}" build)
+    if(NOT CMAKE_CXX_COMPILER_ID MATCHES Clang
+            OR NOT "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${build}}" MATCHES "-fsanitize=")
+        target_link_options(${target} PRIVATE LINKER:--no-undefined)
+    endif()
 endfunction()

@@ -91,7 +91,7 @@ TYPED_TEST(ReadValue, KeepsWhatTheHolderHeldUntilAllIsRead) {
 }
 
 TYPED_TEST(ReadValue, TwiceGivesValuesThatShareNothing) {
-    for (const int secondNumber : {0, 500}) {  // The same data again, and other data.
+    for (const unsigned secondNumber : {0U, 500U}) {  // The same data again, and other data.
         this->numberHost();
         this->read();
         AnyValue first = std::move(this->value);

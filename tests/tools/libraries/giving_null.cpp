@@ -1,4 +1,7 @@
 // A translation library whose factory returns null.
-extern "C" __attribute__((visibility("default"))) void* createTavrikTypeTranslation() {
+#include <TavrikGraph/Executor/TypeTranslation.h>
+
+extern "C" __attribute__((visibility("default"))) TavrikGraph::Executor::TypeTranslation*
+createTavrikTypeTranslation() {
     return nullptr;
 }
