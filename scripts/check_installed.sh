@@ -45,7 +45,7 @@ platforms_from_packages() {
     git ls-files -z --cached --others --exclude-standard -- ':!graph' ':!host' ':!executor' |
         tar -c --null --files-from=- | tar -x -C "$source"
     configure_afresh "$source" "$built" -D CMAKE_BUILD_TYPE=Debug -D CMAKE_CXX_FLAGS_DEBUG=-O0 \
-        -D TOLVANE_PLATFORM_PACKAGES="Pelmor;OpenVornik;TavrikGraph"
+        -D CMAKE_CXX_COMPILER=clang++ -D TOLVANE_PLATFORM_PACKAGES="Pelmor;OpenVornik;TavrikGraph"
     cmake --build "$built"
     TOLVANE_MODEL_SEQUENCES=200 ctest --test-dir "$built" --output-on-failure -j "$(nproc)" \
         -E '^scripts\.|^Generator\.' | tee "$logs/platforms.ctest"
@@ -57,14 +57,15 @@ platforms_from_packages() {
     done
 }
 
-# Packages of the host, each with one thing taken out.
+# Packages of the platforms, each with one thing taken out; and one of the host that has no more than
+# what the product needs.
 lacking_sdks() {
     python3 "$packages_tests/lacking_sdks.py" "$prefix" "$logs/lacking_sdks"
     figure "$(wc -l <"$logs/lacking_sdks/named") gaps named"
 }
 
 subproject() {
-    local way folder
+    local way folder command
     for way in ON OFF; do
         folder=$logs/subproject_$way
         configure_afresh "$packages_tests/subproject" "$folder" -D FETCH=$way -D TOLVANE="$root" \
@@ -80,7 +81,8 @@ subproject() {
         cmake --build "$folder" --target face
         scripts/check_library "$folder/face.so"
         # The caller's own source is compiled without an option of this project's.
-        [[ $(grep '"command".*subproject/main.cpp' "$folder/compile_commands.json") != *' -W'* ]]
+        command=$(grep '"command".*subproject/main.cpp' "$folder/compile_commands.json")
+        [[ $command != *' -W'* ]]
     done
     figure "by add_subdirectory and by FetchContent"
 }

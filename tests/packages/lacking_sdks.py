@@ -2,7 +2,7 @@
 """Checks that configuring names what an SDK lacks: lacking_sdks.py PREFIX FOLDER
 
 Each gap is cut into a copy of the installed packages. A line for each that was named is left in
-FOLDER/named."""
+FOLDER/named. A host that has no more than the operations of tests/reduced_host lacks nothing."""
 
 import shutil
 import subprocess
@@ -24,6 +24,13 @@ GAPS = [
 ]  # fmt: skip
 
 
+def configure(sdk, platform, build, *options):
+    command = ["cmake", "-S", ROOT, "-B", build, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={sdk}"]
+    command += [f"-DTOLVANE_PLATFORM_PACKAGES={platform}", "-DBUILD_TESTING=OFF"]
+    command += ["-DTOLVANE_TOOLS=OFF", *options]
+    return subprocess.run(command, capture_output=True, text=True)
+
+
 def main():
     prefix, folder = Path(sys.argv[1]), Path(sys.argv[2])
     shutil.rmtree(folder, ignore_errors=True)
@@ -37,17 +44,20 @@ def main():
             text = (sdk / file).read_text()
             assert cut in text, f"{file} has no {cut}"
             (sdk / file).write_text(text.replace(cut, cut + "Gone") if cut else "")
-        run = subprocess.run(
-            ["cmake", "-S", ROOT, "-B", folder / f"build_{number}", "-G", "Ninja",
-             f"-DCMAKE_PREFIX_PATH={sdk}", f"-DTOLVANE_PLATFORM_PACKAGES={platform}",
-             "-DBUILD_TESTING=OFF", "-DTOLVANE_TOOLS=OFF"],
-            capture_output=True, text=True,
-        )  # fmt: skip
+        run = configure(sdk, platform, folder / f"build_{number}")
         said = " ".join(run.stderr.split())
         if run.returncode == 0 or says not in said:
             sys.exit(f"without {cut or 'all'} of {file}, it should name {says}:\n{run.stderr}")
         named.append(f"{platform}: {says}\n")
         shutil.rmtree(sdk)
+
+    sdk = folder / "reduced_sdk"
+    shutil.copytree(prefix, sdk)
+    shutil.rmtree(sdk / "include/OpenVornik")
+    shutil.copytree(ROOT / "tests/reduced_host/OpenVornik", sdk / "include/OpenVornik")
+    reduced = configure(sdk, "OpenVornik", folder / "build_reduced", "-DCMAKE_CXX_FLAGS=-DPLUG_CONST=")
+    if reduced.returncode != 0:
+        sys.exit(f"with the reduced host, nothing should be lacking:\n{reduced.stderr}")
     Path(folder, "named").write_text("".join(named))
 
 

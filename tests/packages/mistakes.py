@@ -21,6 +21,7 @@ SAYS = {
     7: "each type of the list needs a Tolvane::Page",
     8: "two records of the list have one typeName",
     9: "createTavrikTypeTranslation",
+    10: "a page lists a member twice",
 }
 
 

@@ -1,8 +1,25 @@
 // A translation with one slip of its author's: MISTAKE says which; 0 is none.
 #include <Tolvane/Translation.h>
 
+struct Inner {
+    double number = 0;
+};
+
+#if MISTAKE == 10
+#define INNER_MEMBERS &Inner::number, &Inner::number
+#else
+#define INNER_MEMBERS &Inner::number
+#endif
+
+template <>
+struct Tolvane::Page<Inner> {
+    static constexpr const char* typeName = "Studio::Inner";
+    static constexpr std::tuple members{INNER_MEMBERS};
+};
+
 struct Record {
     double number = 0;
+    Inner inner;
 #if MISTAKE == 1
     float other = 0;
 #elif MISTAKE == 2
@@ -13,9 +30,9 @@ struct Record {
 };
 
 #if MISTAKE == 3
-#define MEMBERS &Record::number, &Record::other, &Record::number
+#define MEMBERS &Record::number, &Record::inner, &Record::other, &Record::number
 #else
-#define MEMBERS &Record::number, &Record::other
+#define MEMBERS &Record::number, &Record::inner, &Record::other
 #endif
 
 #if MISTAKE == 4

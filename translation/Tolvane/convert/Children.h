@@ -6,6 +6,7 @@
 #include <OpenVornik/VPlug.h>
 #include <Pelmor/Array.h>
 #include <Pelmor/String.h>
+#include <Tolvane/record/CheckPage.h>
 #include <Tolvane/record/Page.h>
 
 #include <string_view>
@@ -41,6 +42,7 @@ void forEachChild(VDataHandle& handle, VPlug& plug, const Visit& visit) {
     static_assert(kAllCross<decltype(Page<Record>::members)>,
                   "each member that crosses is a Math::double4x4, a Pelmor::String, a double, a "
                   "record with a Tolvane::Page, or a shared array of transforms or plain values");
+    static_assert(areDistinct(Page<Record>::members), "a page lists a member twice");
     std::apply(
         [&](auto first, auto... others) {
             VPlug childPlug = plug.child(0, nullptr);

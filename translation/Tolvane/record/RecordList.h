@@ -15,7 +15,6 @@ struct RecordList {
     static_assert((kIsRecord<Records> && ...), "each type of the list needs a Tolvane::Page");
     static_assert((isGraphName(Page<Records>::typeName) && ...),
                   "the typeName of a page is the graph's: identifiers, joined by \"::\"");
-    static_assert((areDistinct(Page<Records>::members) && ...), "a page lists a member twice");
     static_assert(areDistinct(std::tuple{std::string_view(Page<Records>::typeName)...}),
                   "two records of the list have one typeName");
 };
