@@ -7,29 +7,43 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace {
 
+using Json = nlohmann::ordered_json;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// Makes each request both without and with --json.
-void expectRefusal(std::vector<std::string> arguments, const std::string& culprit,
+void expectRefusal(const TolvaneProcess& process, const std::string& culprit,
                    const std::string& cause) {
-    for (const bool json : {false, true}) {
-        if (json) arguments.push_back("--json");
-        const TolvaneProcess process = runTolvane(arguments);
-        EXPECT_EQ(process.status, 2);
-        EXPECT_EQ(process.output, "");
-        EXPECT_THAT(process.errors, StartsWith("tolvane: "));
-        EXPECT_THAT(process.errors, HasSubstr(culprit));
-        EXPECT_THAT(process.errors, HasSubstr(cause));
-        EXPECT_EQ(process.errors.find('\n'), process.errors.size() - 1) << process.errors;
-    }
+    EXPECT_EQ(process.status, 2);
+    EXPECT_THAT(process.errors, StartsWith("tolvane: "));
+    EXPECT_THAT(process.errors, HasSubstr(culprit));
+    EXPECT_THAT(process.errors, HasSubstr(cause));
+    EXPECT_EQ(process.errors.find('\n'), process.errors.size() - 1) << process.errors;
+}
+
+// Makes each request both without and with --json. The culprit is a file, unless the stage is that
+// of usage.
+void expectRefusal(std::vector<std::string> arguments, const std::string& culprit,
+                   const std::string& cause, const std::string& stage = "reading") {
+    const TolvaneProcess plain = runTolvane(arguments);
+    expectRefusal(plain, culprit, cause);
+    EXPECT_EQ(plain.output, "");
+
+    arguments.emplace_back("--json");
+    const TolvaneProcess process = runTolvane(arguments);
+    expectRefusal(process, culprit, cause);
+    const Json report = Json::parse(process.output);
+    EXPECT_EQ(report.size(), 1U);
+    EXPECT_EQ("tolvane: " + report["error"].value("what", "") + "\n", process.errors);
+    EXPECT_EQ(report["error"]["stage"], stage);
+    EXPECT_EQ(report["error"]["file"], stage == "usage" ? Json() : Json(culprit));
 }
 
 TEST_F(TolvaneRun, RefusesAnUnknownOption) {
-    expectRefusal({"run", rig(), "--fast"}, "--fast", "not expected");
+    expectRefusal({"run", rig(), "--fast"}, "--fast", "not expected", "usage");
 }
 
 TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
@@ -43,7 +57,7 @@ TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
 }
 
 TEST_F(TolvaneRun, RefusesASecondFile) {
-    expectRefusal({"run", rig(), "b.bvh"}, "b.bvh", "not expected");
+    expectRefusal({"run", rig(), "b.bvh"}, "b.bvh", "not expected", "usage");
 }
 
 TEST_F(TolvaneRun, RefusesAMissingFile) {
@@ -89,23 +103,23 @@ TEST_F(TolvaneRun, RefusesAFileThatNestsTooDeepForItsReader) {
 }
 
 TEST_F(TolvaneRun, RefusesAFileWhoseNameHasALineBreakInOneLine) {
-    expectRefusal({"run", "two\nlines.bvh"}, "two lines.bvh", "no such file");
+    expectRefusal(runTolvane({"run", "two\nlines.bvh"}), "two lines.bvh", "no such file");
 }
 
 TEST_F(TolvaneRun, RefusesFramesThatTheRigLacks) {
-    expectRefusal({"run", rig(), "--frames", "2:4"}, rig(), "0:3");
-    expectRefusal({"run", rig(), "--frames", "9:9"}, "9:9", "0:3");
+    expectRefusal({"run", rig(), "--frames", "2:4"}, rig(), "0:3", "usage");
+    expectRefusal({"run", rig(), "--frames", "9:9"}, "9:9", "0:3", "usage");
 }
 
 TEST_F(TolvaneRun, RefusesAReversedOrMalformedRange) {
-    expectRefusal({"run", rig(), "--frames", "3:1"}, "3:1", "ends before it begins");
-    expectRefusal({"run", rig(), "--frames", "1-3"}, "1-3", "A:B");
-    expectRefusal({"run", rig(), "--frames", ""}, "--frames", "A:B");
+    expectRefusal({"run", rig(), "--frames", "3:1"}, "3:1", "ends before it begins", "usage");
+    expectRefusal({"run", rig(), "--frames", "1-3"}, "1-3", "A:B", "usage");
+    expectRefusal({"run", rig(), "--frames", ""}, "--frames", "A:B", "usage");
 }
 
 TEST_F(TolvaneRun, RefusesARateThatIsNotPositive) {
     for (const char* rate : {"0", "-5", "nan", "inf", "fast", "5x", ""})
-        expectRefusal({"run", rig(), std::string("--fps=") + rate}, "--fps", "");
+        expectRefusal({"run", rig(), std::string("--fps=") + rate}, "--fps", "", "usage");
 }
 
 TEST_F(TolvaneRun, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {
@@ -114,28 +128,29 @@ TEST_F(TolvaneRun, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {
 }
 
 TEST_F(TolvaneRun, RefusesAMissingLibrary) {
-    expectRefusal({"run", rig(), "--plugin", "none.so"}, "none.so", "no such file");
+    expectRefusal({"run", rig(), "--plugin", "none.so"}, "none.so", "no such file", "loading");
 }
 
 TEST_F(TolvaneRun, RefusesAFileThatIsNotALibrary) {
-    expectRefusal({"run", rig(), "--plugin", rig()}, rig(), "cannot be loaded");
+    expectRefusal({"run", rig(), "--plugin", rig()}, rig(), "cannot be loaded", "loading");
 }
 
 TEST_F(TolvaneRun, RefusesALibraryWithoutTheFactory) {
     expectRefusal({"run", rig(), "--plugin", LIBRARY_WITHOUT_FACTORY}, LIBRARY_WITHOUT_FACTORY,
-                  "no translation library");
+                  "no translation library", "loading");
 }
 
 TEST_F(TolvaneRun, RefusesALibraryWhoseFactoryGivesNothing) {
     expectRefusal({"run", rig(), "--plugin", LIBRARY_GIVING_NULL}, LIBRARY_GIVING_NULL,
-                  "returned null");
+                  "returned null", "loading");
 }
 
 TEST_F(TolvaneRun, RefusesAPictureThatCannotBeWritten) {
     const std::string missing = folder.path("missing/out.svg");
-    expectRefusal({"run", rig(), "--svg", missing}, missing, "no such folder");
-    expectRefusal({"run", rig(), "--svg", folder.path("")}, folder.path(""), "folder");
-    expectRefusal({"run", rig(), "--svg", "/dev/null"}, "/dev/null", "is not a regular file");
+    expectRefusal({"run", rig(), "--svg", missing}, missing, "no such folder", "writing");
+    expectRefusal({"run", rig(), "--svg", folder.path("")}, folder.path(""), "folder", "writing");
+    expectRefusal({"run", rig(), "--svg", "/dev/null"}, "/dev/null", "is not a regular file",
+                  "writing");
 }
 
 // However its path is spelled, and through either kind of link.
@@ -155,7 +170,7 @@ TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
               std::string("twice"), std::string("hard")}) {
             const std::string picture = folder.path(spelling);
             expectRefusal({"run", file, "--plugin", plugin, "--types", types, "--svg", picture},
-                          picture, "is read, and will not be written over");
+                          picture, "is read, and will not be written over", "writing");
             EXPECT_EQ(readFile(read), content) << picture;
         }
         for (const char* link : {"twice", "symbolic", "hard"}) {
@@ -170,15 +185,15 @@ TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {
     const std::string colours = folder.write("colours.mtl", "newmtl red\nKd 1 0 0\n");
     const std::string file = folder.write(
         "rig.obj", "mtllib colours.mtl\nusemtl red\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
-    expectRefusal({"run", file, "--svg", colours}, colours,
-                  "is read, and will not be written over");
+    expectRefusal({"run", file, "--svg", colours}, colours, "is read, and will not be written over",
+                  "writing");
     EXPECT_EQ(readFile(colours), "newmtl red\nKd 1 0 0\n");
 }
 
 TEST_F(TolvaneRun, RefusesToDrawWithoutAPortThatHasASkeleton) {
     const std::string picture = folder.path("out.svg");
     expectRefusal({"run", rig(), "--plugin", STUDIO_LIBRARY, "--svg", picture}, picture,
-                  "cannot be drawn");
+                  "cannot be drawn", "writing");
     EXPECT_EQ(folder.fileCount(), 1U);
 }
 

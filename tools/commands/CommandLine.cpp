@@ -1,15 +1,21 @@
 #include "tools/commands/CommandLine.h"
 
 #include "tools/commands/Run.h"
+#include "tools/report/Report.h"
 #include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
 
 #include <algorithm>
+#include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tolvane::Tools {
+namespace {
 
-bool runCommandLine(int count, const char* const* arguments) {
+// Returns and throws what a command does.
+bool carryOut(int count, const char* const* arguments) {
     CLI::App app("Runs rigs through TolvanePlugin, from the host into the graph and back.");
     app.name("tolvane");
     app.set_version_flag("--version", "tolvane " TOLVANE_VERSION);
@@ -27,11 +33,41 @@ bool runCommandLine(int count, const char* const* arguments) {
     } catch (const CLI::ParseError& error) {
         const std::string name =
             named() == commands.end() ? "" : named()->options->get_name() + " ";
-        throw Error(std::string(error.what()) + " (try \"tolvane " + name + "--help\")");
+        throw Error(Stage::Usage, "",
+                    std::string(error.what()) + " (try \"tolvane " + name + "--help\")");
     }
     if (named() == commands.end())
-        throw Error("a command is missing; \"tolvane run\" runs the bundled example");
+        throw Error(Stage::Usage, "",
+                    "a command is missing; \"tolvane run\" runs the bundled example");
     return named()->carryOut();
+}
+
+// Also where the arguments make no sense otherwise.
+bool wantsJson(int count, const char* const* arguments) {
+    return std::any_of(arguments, arguments + count,
+                       [](std::string_view argument) { return argument == "--json"; });
+}
+
+int tell(const Error& error, bool json) {
+    if (json) {
+        printJson(std::cout, error);
+        std::cout.flush();
+    }
+    std::cerr << "tolvane: " << oneLine(error.what()) << "\n";
+    return error.status();
+}
+
+}  // namespace
+
+int runCommandLine(int count, const char* const* arguments) {
+    const bool json = wantsJson(count, arguments);
+    try {
+        return carryOut(count, arguments) ? 0 : 1;
+    } catch (const Error& error) {
+        return tell(error, json);
+    } catch (const std::exception& exception) {
+        return tell(Error(Stage::Other, "", exception.what()), json);
+    }
 }
 
 }  // namespace Tolvane::Tools

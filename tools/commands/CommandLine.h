@@ -4,9 +4,10 @@
 
 namespace Tolvane::Tools {
 
-// False if the command was carried out and found a value that differs or a translation that fails.
-// Where help or the version is asked for, prints that and returns true. Throws Error for bad usage
-// and for files that cannot be read or written.
-bool runCommandLine(int count, const char* const* arguments);
+// Returns the exit status of the program: 0 if everything that was asked for was done and every
+// value that came back equals what went in, 1 if not, 2 for bad usage or a file that cannot be read
+// or written. What is in the way of the command is told in one line on standard error and, where
+// the arguments ask for JSON, in one object on standard output. Throws Interrupted.
+int runCommandLine(int count, const char* const* arguments);
 
 }  // namespace Tolvane::Tools

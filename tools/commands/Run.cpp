@@ -1,42 +1,17 @@
 #include "tools/commands/Run.h"
 
-#include "tools/node/RunFrames.h"
-#include "tools/report/OutputFile.h"
-#include "tools/report/Picture.h"
-#include "tools/report/ProgressBar.h"
-#include "tools/report/Report.h"
-#include "tools/rig/FrameRange.h"
-#include "tools/rig/LoadRig.h"
-#include "tools/support/Error.h"
-#include "tools/types/ReadTypes.h"
+#include "tools/commands/RunRig.h"
 
-#include <TavrikGraph/Executor/TranslationLibrary.h>
-
-#include <cmath>
+#include <cstddef>
 #include <filesystem>
-#include <iostream>
 #include <memory>
-#include <optional>
 #include <string>
-#include <utility>
-#include <vector>
+#include <system_error>
 
 namespace Tolvane::Tools {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct RunArguments {
-    std::string file;
-    std::string plugin;
-    std::optional<std::string> types;
-    std::optional<std::string> frames;
-    std::optional<std::string> framesPerSecond;
-    std::optional<std::string> animation;
-    bool churn = false;
-    std::optional<std::string> picture;
-    bool json = false;
-};
 
 // The rig and the plugin that come with the program stand in a fixed place relative to it, in an
 // installed tree and in a build tree alike.
@@ -46,70 +21,22 @@ std::string besideProgram(const char* relativePath) {
     return (program.parent_path() / relativePath).lexically_normal().string();
 }
 
-double parseRate(const std::string& text) {
-    double rate = 0;
-    if (CLI::detail::lexical_cast(text, rate) && std::isfinite(rate) && rate > 0) return rate;
-    throw Error("--fps " + text + ": is not a positive number of frames per second");
-}
-
-LoadOptions loadOptions(const RunArguments& arguments) {
-    LoadOptions options;
-    options.animation = arguments.animation;
-    if (arguments.framesPerSecond) options.framesPerSecond = parseRate(*arguments.framesPerSecond);
-    return options;
-}
-
-RunOptions runOptions(const RunArguments& arguments) {
-    RunOptions options;
-    if (arguments.frames) options.frames = parseFrameRange(*arguments.frames);
-    options.churn = arguments.churn;
-    options.draw = arguments.picture.has_value();
-    if (arguments.types) {
-        TypesOfFile types = readTypes(*arguments.types);
-        options.types = std::move(types.library);
-        options.expectedTypes = std::move(types.structNames);
-    }
-    return options;
-}
-
-// Everything that can be wrong with the request comes to light before anything is printed.
-bool runAsAsked(const RunArguments& arguments) {
-    const RunOptions options = runOptions(arguments);
-    const Rig rig = loadRig(arguments.file, loadOptions(arguments));
-    framesOf(rig, options.frames);
-    std::optional<OutputFile> picture;
-    if (arguments.picture) {
-        std::vector<std::string> filesRead = rig.filesRead;
-        filesRead.push_back(arguments.plugin);
-        if (arguments.types) filesRead.push_back(*arguments.types);
-        picture.emplace(*arguments.picture, filesRead);
-    }
-    const TavrikGraph::Executor::TranslationLibrary library(arguments.plugin);
-
-    const PluginSummary pluginSummary = summarise(library);
-    const RigSummary rigSummary = summarise(rig);
-    std::optional<ProgressBar> progress;
-    const RunListener listener{
-        [&](const RoundTrip& roundTrip) {
-            if (picture && !roundTrip.carriesASkeleton())
-                throw Error(
-                    *arguments.picture +
-                    ": cannot be drawn: no port carries a record with an array of transforms");
-            if (!arguments.json)
-                printIntroduction(std::cout, pluginSummary, rigSummary, roundTrip.portNames());
-            progress.emplace();
-        },
-        [&](std::size_t done, std::size_t total) { progress->show(done, total); }};
-    const RunResult result = runFrames(rig, library.translation(), options, listener);
-    progress.reset();
-
-    if (picture) picture->write(drawPicture(rig, result.snapshots));
-    if (arguments.json)
-        printJson(std::cout, pluginSummary, rigSummary, result);
-    else
-        printFindings(std::cout, result);
-    if (!std::cout.flush()) throw Error("standard output: cannot be written to");
-    return result.ok();
+void addLimits(CLI::App& run, Limits& limits) {
+    run.add_option_function<double>(
+           "--memory-limit",
+           [&limits](double gibibytes) {
+               limits.memory = static_cast<std::size_t>(gibibytes * (std::size_t{1} << 30));
+           },
+           "Let no reader and no library take more than N GiB (default: 4)")
+        ->option_text("N")
+        ->check(CLI::Range(0.001, 1e6));
+    run.add_option_function<unsigned>(
+           "--time-limit",
+           [&limits](unsigned seconds) { limits.processorTime = limits.silence = seconds; },
+           "Give up on a rig after N seconds of processor time, and on a library that makes no\n"
+           "progress for N seconds (default: 60)")
+        ->option_text("N")
+        ->check(CLI::Range(1U, 1'000'000U));
 }
 
 }  // namespace
@@ -145,7 +72,8 @@ Command addRun(CLI::App& app) {
     run.add_option("--types", arguments->types,
                    "Let the graph know the structs and enums that this file describes, in JSON")
         ->option_text("FILE");
-    return {&run, [arguments] { return runAsAsked(*arguments); }};
+    addLimits(run, arguments->limits);
+    return {&run, [arguments] { return runRig(*arguments); }};
 }
 
 }  // namespace Tolvane::Tools

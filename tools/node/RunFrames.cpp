@@ -74,6 +74,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     for (; result.evaluated < evaluations; ++result.evaluated) {
         const std::size_t frame = frames.first + result.evaluated % frames.size();
         const Share share = options.churn ? churnShare(result.evaluated) : Share::All;
+        if (listener.evaluates) listener.evaluates(frame);
         pose.pose(frame);
         roundTrip.carry(frameData(rigName.c_str(), pose.joints(), limbs, share));
         if (drawn.count(result.evaluated) != 0)

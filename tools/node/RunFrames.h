@@ -6,6 +6,7 @@
 #include "tools/node/Snapshot.h"
 #include "tools/rig/FrameRange.h"
 #include "tools/rig/Rig.h"
+#include "tools/support/Error.h"
 
 #include <Pelmor/Library.h>
 
@@ -42,19 +43,26 @@ struct RunResult {
     std::vector<std::string> hostMessages;
     std::size_t evaluated = 0;
     std::vector<Snapshot> snapshots;
+    // What the library did that it should not, beside its translations. `runFrames` does not see
+    // that.
+    std::optional<Error> misdeed = {};
 
     std::size_t leavesCompared() const;
     std::size_t mismatches() const;
     // A run that tried no type has shown nothing.
-    bool ok() const { return !types.empty() && mismatches() == 0 && hostMessages.empty(); }
+    bool ok() const {
+        return !types.empty() && mismatches() == 0 && hostMessages.empty() && !misdeed;
+    }
 };
 
-// Whoever wants to follow a run. Both may be empty.
+// Whoever wants to follow a run. Each may be empty.
 struct RunListener {
     // Called once, before the first evaluation. What it throws ends the run.
     std::function<void(const RoundTrip& roundTrip)> begins = {};
     // Called after each evaluation with the number of those done.
     std::function<void(std::size_t done, std::size_t total)> evaluated = {};
+    // Called before each evaluation with the frame that it is for.
+    std::function<void(std::size_t frame)> evaluates = {};
 };
 
 // Throws Error where the rig lacks some of the frames.

@@ -1,52 +1,178 @@
 #include "tools/report/OutputFile.h"
 
+#include "tools/process/FileDescriptor.h"
+#include "tools/process/Interruption.h"
 #include "tools/support/Error.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
 #include <filesystem>
-#include <fstream>
 
-#include <unistd.h>
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/stat.h>
 
 namespace Tolvane::Tools {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string temporaryPath(const std::string& path) {
-    return path + "." + std::to_string(getpid()) + ".part";
+constexpr int kMostLinks = 40;
+constexpr std::size_t kPart = std::size_t{1} << 20;
+
+[[noreturn]] void fail(const std::string& path, const std::string& cause) {
+    throw Error(Stage::Writing, path, path + ": " + cause);
 }
+
+[[noreturn]] void failToWrite(const std::string& path, int error) {
+    fail(path, std::string("cannot be written: ") +
+                   (error == ENOSPC ? "no space left on device" : std::strerror(error)));
+}
+
+// What a path leads to, which need not exist.
+fs::path withoutLinks(const std::string& path) {
+    fs::path target = path;
+    std::error_code ignored;
+    for (int i = 0; fs::is_symlink(fs::symlink_status(target, ignored)); ++i) {
+        if (i == kMostLinks) failToWrite(path, ELOOP);
+        target = target.parent_path() / fs::read_symlink(target, ignored);
+    }
+    return target;
+}
+
+std::string folderOf(const std::string& target) {
+    const std::string folder = fs::path(target).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+void refuseTarget(const std::string& path, const std::string& target) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(target, ignored);
+    if (fs::is_directory(status) || !fs::path(target).has_filename())
+        fail(path, "is a folder, not a file to write to");
+    // Renaming would replace a device or a pipe by a file.
+    if (fs::exists(status) && !fs::is_regular_file(status))
+        fail(path, "is not a regular file, and will not be replaced");
+    if (fs::exists(status) && access(target.c_str(), W_OK) != 0)
+        fail(path, "cannot be written: it is protected");
+    if (!fs::is_directory(folderOf(target), ignored))
+        fail(path, "cannot be written: there is no such folder");
+    if (access(folderOf(target).c_str(), W_OK | X_OK) != 0)
+        fail(path, "cannot be written: its folder is not writable");
+}
+
+// Those of the file that is replaced, or what any new file gets.
+mode_t permissionsFor(const std::string& target) {
+    struct stat former {};
+    if (stat(target.c_str(), &former) == 0) return former.st_mode & 07777;
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+// A limit on the size of files is an error like another.
+class FileSizeSignalIgnored {
+public:
+    FileSizeSignalIgnored() : m_former(std::signal(SIGXFSZ, SIG_IGN)) {}
+    FileSizeSignalIgnored(const FileSizeSignalIgnored&) = delete;
+    FileSizeSignalIgnored& operator=(const FileSizeSignalIgnored&) = delete;
+    ~FileSizeSignalIgnored() { std::signal(SIGXFSZ, m_former); }
+
+private:
+    void (*m_former)(int);
+};
+
+// A new file beside the target, which goes with its owner unless it has taken the target's place.
+class PartialFile {
+public:
+    explicit PartialFile(const std::string& target)
+        : m_path(folderOf(target) + "/.tolvane-XXXXXX.part"),
+          m_file(mkostemps(m_path.data(), 5, O_CLOEXEC)) {
+        if (m_file.number() < 0) m_error = errno;
+    }
+    PartialFile(const PartialFile&) = delete;
+    PartialFile& operator=(const PartialFile&) = delete;
+    ~PartialFile() {
+        if (!m_path.empty()) unlink(m_path.c_str());
+    }
+
+    // Each does nothing after a failure.
+    void write(std::string_view text) {
+        while (m_error == 0 && !text.empty()) {
+            throwIfInterrupted();
+            const std::size_t part = std::min(text.size(), kPart);
+            const ssize_t written = ::write(m_file.number(), text.data(), part);
+            if (written >= 0)
+                text.remove_prefix(static_cast<std::size_t>(written));
+            else if (errno != EINTR)
+                m_error = errno;
+        }
+    }
+    void replace(const std::string& target) {
+        note(fchmod(m_file.number(), permissionsFor(target)));
+        note(fsync(m_file.number()));
+        throwIfInterrupted();
+        note(m_error == 0 ? std::rename(m_path.c_str(), target.c_str()) : -1);
+        if (m_error == 0) m_path.clear();
+    }
+    // That of the first failure; 0 if there was none.
+    int error() const noexcept { return m_error; }
+
+private:
+    void note(int result) {
+        if (m_error == 0 && result != 0) m_error = errno;
+    }
+
+    std::string m_path;
+    int m_error = 0;
+    FileDescriptor m_file;
+};
 
 }  // namespace
 
 OutputFile::OutputFile(const std::string& path, const std::vector<std::string>& filesRead)
-    : m_path(path) {
+    : m_path(path), m_target(withoutLinks(path).string()) {
+    refuseToReplace(filesRead);
+    refuseTarget(m_path, m_target);
+}
+
+void OutputFile::refuseToReplace(const std::vector<std::string>& filesRead) const {
     std::error_code ignored;
     for (const std::string& read : filesRead)
-        if (fs::equivalent(path, read, ignored))
-            throw Error(path + ": is read, and will not be written over");
-    const fs::file_status status = fs::status(path, ignored);
-    if (fs::is_directory(status)) throw Error(path + ": is a folder, not a file to write to");
-    // Renaming would replace a device or a pipe by a file.
-    if (fs::exists(status) && !fs::is_regular_file(status))
-        throw Error(path + ": is not a regular file, and will not be replaced");
-    const fs::path folder = fs::path(path).parent_path();
-    if (!folder.empty() && !fs::is_directory(folder, ignored))
-        throw Error(path + ": cannot be written: there is no such folder");
-    if (access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0)
-        throw Error(path + ": cannot be written: its folder is not writable");
+        if (fs::equivalent(m_target, read, ignored))
+            fail(m_path, "is read, and will not be written over");
+}
+
+bool OutputFile::isSameFileAs(const OutputFile& other) const {
+    std::error_code ignored;
+    return fs::equivalent(m_target, other.m_target, ignored) ||
+           fs::weakly_canonical(m_target, ignored) == fs::weakly_canonical(other.m_target, ignored);
 }
 
 void OutputFile::write(std::string_view text) const {
-    const std::string temporary = temporaryPath(m_path);
-    std::ofstream file(temporary, std::ios::binary);
-    file << text;
-    file.close();
-    std::error_code failure;
-    if (file) fs::rename(temporary, m_path, failure);
-    if (file && !failure) return;
-    std::error_code ignored;
-    fs::remove(temporary, ignored);
-    throw Error(m_path + ": cannot be written" + (failure ? ": " + failure.message() : ""));
+    const FileSizeSignalIgnored ignored;
+    PartialFile file(m_target);
+    file.write(text);
+    file.replace(m_target);
+    if (file.error() != 0) failToWrite(m_path, file.error());
+}
+
+void OutputFiles::add(const std::string& path) {
+    OutputFile file(path, m_filesRead);
+    for (const OutputFile& other : m_files)
+        if (file.isSameFileAs(other)) fail(path, "is written twice in one run");
+    m_files.push_back(std::move(file));
+}
+
+void OutputFiles::refuseToReplace(const std::vector<std::string>& filesRead) const {
+    for (const OutputFile& file : m_files) file.refuseToReplace(filesRead);
+}
+
+void OutputFiles::write(const std::string& path, std::string_view text) const {
+    for (const OutputFile& file : m_files)
+        if (file.path() == path) file.write(text);
 }
 
 }  // namespace Tolvane::Tools

@@ -1,5 +1,7 @@
-// A file that is written whole or not at all: the text goes to a temporary file beside it, which is
-// then renamed.
+// Files that are written whole or not at all, and never over anything that is read.
+//
+// A text goes to a temporary file beside its target, which is then renamed. A symbolic link stays
+// one: what it leads to is replaced. An existing file passes its permissions on.
 #pragma once
 
 #include <string>
@@ -14,11 +16,35 @@ public:
     // another path or through a link. Writes nothing yet.
     explicit OutputFile(const std::string& path, const std::vector<std::string>& filesRead = {});
 
-    // On failure throws Error and leaves the file as it was.
+    // Throws Error if it is one of these, which may have become known since.
+    void refuseToReplace(const std::vector<std::string>& filesRead) const;
+    bool isSameFileAs(const OutputFile& other) const;
+    const std::string& path() const noexcept { return m_path; }
+
+    // On failure, and where it is interrupted, leaves the file as it was, and throws Error or
+    // Interrupted.
     void write(std::string_view text) const;
 
 private:
     std::string m_path;
+    // Where links lead to.
+    std::string m_target;
+};
+
+// All files that one run writes.
+class OutputFiles {
+public:
+    explicit OutputFiles(std::vector<std::string> filesRead) : m_filesRead(std::move(filesRead)) {}
+
+    // Throws Error where OutputFile does, and if the same file was added before.
+    void add(const std::string& path);
+    void refuseToReplace(const std::vector<std::string>& filesRead) const;
+    // `path` was added.
+    void write(const std::string& path, std::string_view text) const;
+
+private:
+    std::vector<std::string> m_filesRead;
+    std::vector<OutputFile> m_files;
 };
 
 }  // namespace Tolvane::Tools

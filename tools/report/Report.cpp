@@ -6,10 +6,11 @@
 
 namespace Tolvane::Tools {
 
-PluginSummary summarise(const TavrikGraph::Executor::TranslationLibrary& library) {
+PluginSummary summarise(const std::string& path,
+                        const TavrikGraph::Executor::TypeTranslation& translation) {
     Pelmor::Array<Pelmor::String> names;
-    library.translation().getSupportedTypeNames(names);
-    PluginSummary summary{library.path(), library.translation().name().c_str(), {}};
+    translation.getSupportedTypeNames(names);
+    PluginSummary summary{path, translation.name().c_str(), {}};
     for (const Pelmor::String& name : names) summary.typeNames.emplace_back(name.c_str());
     return summary;
 }

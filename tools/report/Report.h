@@ -3,8 +3,9 @@
 #pragma once
 
 #include "tools/node/RunFrames.h"
+#include "tools/support/Error.h"
 
-#include <TavrikGraph/Executor/TranslationLibrary.h>
+#include <TavrikGraph/Executor/TypeTranslation.h>
 
 #include <iosfwd>
 #include <string>
@@ -28,7 +29,8 @@ struct RigSummary {
     double framesPerSecond;
 };
 
-PluginSummary summarise(const TavrikGraph::Executor::TranslationLibrary& library);
+PluginSummary summarise(const std::string& path,
+                        const TavrikGraph::Executor::TypeTranslation& translation);
 RigSummary summarise(const Rig& rig);
 
 void printIntroduction(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
@@ -37,5 +39,7 @@ void printFindings(std::ostream& out, const RunResult& result);
 
 void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
                const RunResult& result);
+// Where nothing can be reported, one object that says why.
+void printJson(std::ostream& out, const Error& error);
 
 }  // namespace Tolvane::Tools

@@ -105,7 +105,8 @@ void printVerdict(std::ostream& out, const RunResult& result) {
         out << "all came back as they went in";
     else
         out << "FAILED, with " << counted(result.mismatches(), "mismatch", "mismatches") << " and "
-            << counted(result.hostMessages.size(), "message", "messages") << " of the host";
+            << counted(result.hostMessages.size(), "message", "messages") << " of the host"
+            << (result.misdeed ? ", and the library prints" : "");
     if (!result.notTried.empty())
         out << ", " << counted(result.notTried.size(), "type", "types") << " not tried";
     out << ".\n";

@@ -1,6 +1,5 @@
 #include "tools/rig/ImportScene.h"
 
-#include "tools/rig/CrashGuard.h"
 #include "tools/support/Error.h"
 #include "tools/support/ReadableFile.h"
 
@@ -51,9 +50,6 @@ const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
     importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
     importer.SetPropertyBool(AI_CONFIG_IMPORT_FBX_PRESERVE_PIVOTS, false);
 
-    const CrashGuard guard(
-        path +
-        ": crashes its reader; it is damaged, or has contents that the reader cannot handle");
     try {
         const aiScene* scene = importer.ReadFile(path, 0);
         if (scene && scene->mRootNode) return *scene;

@@ -11,7 +11,6 @@ namespace {
 
 constexpr double kDefaultRate = 30;
 constexpr double kHighestLikelyRate = 240;
-constexpr double kMostFrames = 1'000'000;
 
 const aiAnimation* choose(const Rig& rig, const aiScene& scene,
                           const std::optional<std::string>& name) {
@@ -109,7 +108,7 @@ void loadAnimation(Rig& rig, const aiScene& scene, const LoadOptions& options) {
     // Rounding may put the last frame slightly after the last key; it counts nevertheless.
     const double lastTick = loadChannels(rig, scene, *animation);
     const double frames = std::floor(lastTick / rig.ticksPerFrame + 1e-6) + 1;
-    if (!(frames <= kMostFrames))
+    if (!(frames <= static_cast<double>(kMostFrames)))
         throw Error(rig.file + ": has an animation of more than a million frames");
     rig.frameCount = static_cast<std::size_t>(frames);
 }

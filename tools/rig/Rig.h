@@ -13,6 +13,10 @@
 
 namespace Tolvane::Tools {
 
+// More than any real rig has. A file that has more is damaged.
+constexpr std::size_t kMostJoints = 20'000;
+constexpr std::size_t kMostFrames = 1'000'000;
+
 struct Joint {
     std::string name;
     // An index into Rig::joints, less than this joint's own; nothing for a root.

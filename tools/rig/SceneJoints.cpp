@@ -9,8 +9,6 @@
 namespace Tolvane::Tools {
 namespace {
 
-constexpr std::size_t kMostJoints = 20'000;
-
 struct SceneNode {
     const aiNode* node;
     std::optional<std::size_t> parent;

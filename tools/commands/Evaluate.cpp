@@ -1,0 +1,144 @@
+#include "tools/commands/Evaluate.h"
+
+#include "tools/node/LoadedLibrary.h"
+#include "tools/node/WatchedTranslation.h"
+#include "tools/process/Message.h"
+#include "tools/report/Picture.h"
+#include "tools/report/Report.h"
+#include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
+
+#include <OpenVornik/VErrorListener.h>
+
+#include <sstream>
+#include <utility>
+
+namespace Tolvane::Tools {
+namespace {
+
+template <typename Message, typename AnyEvaluation>
+void exchange(Message& message, AnyEvaluation& evaluation) {
+    const auto text = [&](auto& value) { message.text(value); };
+    message.flag(evaluation.ok);
+    message.text(evaluation.report);
+    message.optional(evaluation.picture, text);
+    message.optional(evaluation.misdeed, text);
+    message.text(evaluation.printed);
+}
+
+// What the run and the library have left once the library is gone.
+struct Findings {
+    PluginSummary plugin;
+    std::vector<std::string> ports;
+    RunResult run;
+};
+
+RunListener listenerFor(Findings& findings, const RunArguments& arguments, ChildSide& self) {
+    RunListener listener;
+    listener.begins = [&](const RoundTrip& roundTrip) {
+        if (arguments.picture && !roundTrip.carriesASkeleton())
+            throw Error(Stage::Writing, *arguments.picture,
+                        *arguments.picture +
+                            ": cannot be drawn: no port carries a record with an "
+                            "array of transforms");
+        findings.ports = roundTrip.portNames();
+        self.enter(Stage::Evaluating);
+    };
+    listener.evaluates = [&self](std::size_t frame) { self.atFrame(frame); };
+    listener.evaluated = [&self](std::size_t done, std::size_t total) {
+        self.noticePrints();
+        self.progress(done, total);
+        // All that follows is the end of what the library has made.
+        if (done == total) self.enter(Stage::Releasing);
+    };
+    return listener;
+}
+
+Findings useLibrary(const Rig& rig, const RunArguments& arguments, const RunOptions& options,
+                    ChildSide& self) {
+    Findings findings;
+    // The run notes what the host displays, but for what comes before and after it.
+    std::vector<std::string> messages;
+    bool isRunning = false;
+    const VErrorListener listener([&](const VString& message) {
+        if (!isRunning) messages.emplace_back(message.asChar());
+    });
+    {
+        const LoadedLibrary library(arguments.plugin, self);
+        WatchedTranslation translation(library.translation(), self);
+        findings.plugin = summarise(arguments.plugin, translation);
+        isRunning = true;
+        findings.run = runFrames(rig, translation, options, listenerFor(findings, arguments, self));
+        isRunning = false;
+    }
+    auto& all = findings.run.hostMessages;
+    all.insert(all.end(), messages.begin(), messages.end());
+    return findings;
+}
+
+void noteMisdeed(Findings& findings, const std::string& path, const ChildSide& self) {
+    const auto& print = self.firstPrint();
+    if (!print) return;
+    findings.run.misdeed =
+        Error(print->place.stage, path,
+              path + ": prints " + inQuotes(oneLine(print->text)) + " " + inWords(print->place), 1);
+}
+
+std::string reportOf(const Findings& findings, const Rig& rig, bool json) {
+    std::ostringstream report;
+    if (json) {
+        printJson(report, findings.plugin, summarise(rig), findings.run);
+    } else {
+        printIntroduction(report, findings.plugin, summarise(rig), findings.ports);
+        printFindings(report, findings.run);
+    }
+    return report.str();
+}
+
+std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
+                            const RunOptions& options, ChildSide& self) {
+    Findings findings = useLibrary(rig, arguments, options, self);
+    noteMisdeed(findings, arguments.plugin, self);
+    self.enter(Stage::Reporting);
+    Evaluation evaluation;
+    evaluation.ok = findings.run.ok();
+    evaluation.report = reportOf(findings, rig, arguments.json);
+    if (arguments.picture) evaluation.picture = drawPicture(rig, findings.run.snapshots);
+    if (findings.run.misdeed) evaluation.misdeed = findings.run.misdeed->what();
+    evaluation.printed = self.allowedPrints();
+    MessageOut message;
+    exchange(message, evaluation);
+    return message.take();
+}
+
+Evaluation evaluationOf(const std::string& bytes) {
+    Evaluation evaluation;
+    MessageIn message(bytes);
+    exchange(message, evaluation);
+    message.end();
+    return evaluation;
+}
+
+// A library that goes down as it is loaded has not been tried at all.
+Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits) {
+    return {outcome.place.stage, path,
+            path + ": " + inWords(outcome, limits) + " " + inWords(outcome.place),
+            outcome.place.stage == Stage::Loading ? 2 : 1};
+}
+
+}  // namespace
+
+Evaluation evaluate(const Rig& rig, const RunArguments& arguments, const RunOptions& options,
+                    const std::function<void(const Child&)>& watch) {
+    // A long animation takes its time; what counts is that it goes on.
+    Limits limits = arguments.limits;
+    limits.processorTime = 0;
+    const Outcome outcome =
+        runInChild([&](ChildSide& self) { return evaluateInChild(rig, arguments, options, self); },
+                   limits, watch);
+    if (outcome.end == Outcome::End::Answered) return evaluationOf(outcome.answer);
+    if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
+    throw downfall(arguments.plugin, outcome, limits);
+}
+
+}  // namespace Tolvane::Tools

@@ -1,0 +1,100 @@
+#include "tools/commands/RunRig.h"
+
+#include "tools/commands/Evaluate.h"
+#include "tools/node/LibraryFile.h"
+#include "tools/process/Interruption.h"
+#include "tools/report/OutputFile.h"
+#include "tools/report/ProgressBar.h"
+#include "tools/rig/FrameRange.h"
+#include "tools/rig/ReadRig.h"
+#include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
+#include "tools/types/ReadTypes.h"
+
+#include <cmath>
+#include <iostream>
+#include <utility>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+namespace Tolvane::Tools {
+namespace {
+
+double parseRate(const std::string& text) {
+    double rate = 0;
+    if (CLI::detail::lexical_cast(text, rate) && std::isfinite(rate) && rate > 0) return rate;
+    throw Error("--fps " + text + ": is not a positive number of frames per second");
+}
+
+LoadOptions loadOptions(const RunArguments& arguments) {
+    LoadOptions options;
+    options.animation = arguments.animation;
+    if (arguments.framesPerSecond) options.framesPerSecond = parseRate(*arguments.framesPerSecond);
+    return options;
+}
+
+RunOptions runOptions(const RunArguments& arguments) {
+    RunOptions options;
+    if (arguments.frames) options.frames = parseFrameRange(*arguments.frames);
+    options.churn = arguments.churn;
+    options.draw = arguments.picture.has_value();
+    if (!arguments.types) return options;
+    during(Stage::Reading, *arguments.types, [&] {
+        TypesOfFile types = readTypes(*arguments.types);
+        options.types = std::move(types.library);
+        options.expectedTypes = std::move(types.structNames);
+    });
+    return options;
+}
+
+// The files that are known to be read before any is.
+std::vector<std::string> filesToRead(const RunArguments& arguments) {
+    std::vector<std::string> files{arguments.file, arguments.plugin};
+    if (arguments.types) files.push_back(*arguments.types);
+    return files;
+}
+
+OutputFiles outputs(const RunArguments& arguments) {
+    OutputFiles files(filesToRead(arguments));
+    if (arguments.picture) files.add(*arguments.picture);
+    return files;
+}
+
+Evaluation evaluateShowingProgress(const Rig& rig, const RunArguments& arguments,
+                                   const RunOptions& options) {
+    ProgressBar progress;
+    return evaluate(rig, arguments, options, [&](const Child& child) {
+        if (child.total() != 0) progress.show(child.done(), child.total());
+    });
+}
+
+// All but printing, which is left to its usual end where somebody interrupts it.
+Evaluation carryOut(const RunArguments& arguments) {
+    const InterruptionGuard guard;
+    const LoadOptions load = during(Stage::Usage, "", [&] { return loadOptions(arguments); });
+    const RunOptions options = during(Stage::Usage, "", [&] { return runOptions(arguments); });
+    OutputFiles files = outputs(arguments);
+    refuseNoLibrary(arguments.plugin);
+
+    const Rig rig = readRig(arguments.file, load, arguments.limits);
+    during(Stage::Usage, "", [&] { framesOf(rig, options.frames); });
+    files.refuseToReplace(rig.filesRead);
+    Evaluation evaluation = evaluateShowingProgress(rig, arguments, options);
+    if (arguments.picture) files.write(*arguments.picture, *evaluation.picture);
+    return evaluation;
+}
+
+}  // namespace
+
+bool runRig(const RunArguments& arguments) {
+    const Evaluation evaluation = carryOut(arguments);
+    std::cerr << evaluation.printed;
+    std::cout << evaluation.report;
+    if (!std::cout.flush())
+        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+    if (evaluation.misdeed) std::cerr << "tolvane: " << oneLine(*evaluation.misdeed) << "\n";
+    return evaluation.ok;
+}
+
+}  // namespace Tolvane::Tools

@@ -1,0 +1,36 @@
+#include "tools/rig/ReadRig.h"
+
+#include "tools/process/Child.h"
+#include "tools/process/Message.h"
+#include "tools/rig/RigMessage.h"
+
+namespace Tolvane::Tools {
+
+Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits) {
+    const std::string message =
+        inReadingProcess(path, limits, [&] { return messageOf(loadRig(path, options)); });
+    try {
+        Rig rig = rigOf(message);
+        rig.file = path;
+        return rig;
+    } catch (const BadMessage& bad) {
+        throw Error(Stage::Reading, path, path + ": its reader makes no rig of it: " + bad.what());
+    }
+}
+
+std::string inReadingProcess(const std::string& path, const Limits& limits,
+                             const std::function<std::string()>& read) {
+    const auto work = [&](ChildSide& self) {
+        self.enter(Stage::Reading);
+        return during(Stage::Reading, path, read);
+    };
+    // While a file is read nothing can be said of progress, and a slow disk takes its time too.
+    Limits patient = limits;
+    patient.silence = 2 * limits.silence;
+    Outcome outcome = runInChild(work, patient);
+    if (outcome.end == Outcome::End::Answered) return std::move(outcome.answer);
+    if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
+    throw Error(Stage::Reading, path, path + ": its reader " + inWords(outcome, patient));
+}
+
+}  // namespace Tolvane::Tools

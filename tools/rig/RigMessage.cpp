@@ -1,0 +1,124 @@
+#include "tools/rig/RigMessage.h"
+
+#include "tools/process/Message.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace Tolvane::Tools {
+namespace {
+
+constexpr std::size_t kMostFiles = 100'000;
+constexpr std::size_t kMostKeys = std::size_t{1} << 32;
+
+template <typename Message, typename Matrix>
+void exchangeMatrix(Message& message, Matrix& matrix) {
+    for (unsigned row = 0; row < 4; ++row)
+        for (unsigned column = 0; column < 4; ++column) message.number(matrix[row][column]);
+}
+
+template <typename Message, typename Key>
+void exchangeVectorKey(Message& message, Key& key) {
+    message.number(key.mTime);
+    message.number(key.mValue.x);
+    message.number(key.mValue.y);
+    message.number(key.mValue.z);
+}
+
+template <typename Message, typename Key>
+void exchangeRotationKey(Message& message, Key& key) {
+    message.number(key.mTime);
+    message.number(key.mValue.w);
+    message.number(key.mValue.x);
+    message.number(key.mValue.y);
+    message.number(key.mValue.z);
+}
+
+template <typename Message, typename AnyChannel>
+void exchangeChannel(Message& message, AnyChannel& channel) {
+    const auto vectorKey = [&](auto& key) { exchangeVectorKey(message, key); };
+    message.list(channel.positions, kMostKeys, vectorKey);
+    message.list(channel.rotations, kMostKeys,
+                 [&](auto& key) { exchangeRotationKey(message, key); });
+    message.list(channel.scalings, kMostKeys, vectorKey);
+}
+
+template <typename Message, typename AnyJoint>
+void exchangeJoint(Message& message, AnyJoint& joint) {
+    message.text(joint.name);
+    message.optional(joint.parent, [&](auto& parent) { message.number(parent); });
+    exchangeMatrix(message, joint.aboveRoot);
+    exchangeMatrix(message, joint.restLocal);
+    exchangeMatrix(message, joint.restWorld);
+    message.number(joint.weight);
+    message.optional(joint.channel, [&](auto& channel) { exchangeChannel(message, channel); });
+}
+
+template <typename Message, typename AnyRig>
+void exchangeRig(Message& message, AnyRig& rig) {
+    message.text(rig.file);
+    message.list(rig.filesRead, kMostFiles, [&](auto& file) { message.text(file); });
+    message.list(rig.joints, kMostJoints, [&](auto& joint) { exchangeJoint(message, joint); });
+    message.flag(rig.hasSkeleton);
+    message.number(rig.upAxis);
+    message.optional(rig.metresPerUnit, [&](auto& metres) { message.number(metres); });
+    message.text(rig.animation);
+    message.number(rig.frameCount);
+    message.number(rig.framesPerSecond);
+    message.number(rig.ticksPerFrame);
+}
+
+void require(bool holds, const char* otherwise) {
+    if (!holds) throw BadMessage(otherwise);
+}
+
+bool isPositive(double number) { return std::isfinite(number) && number > 0; }
+
+template <typename Key>
+void checkKeys(const std::vector<Key>& keys) {
+    require(!keys.empty(), "a list of keys is empty");
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        require(std::isfinite(keys[i].mTime), "a key has no time");
+        require(i == 0 || keys[i - 1].mTime <= keys[i].mTime, "keys are out of order");
+    }
+}
+
+void checkJoints(const std::vector<Joint>& joints) {
+    require(!joints.empty(), "there are no joints");
+    for (std::size_t i = 0; i < joints.size(); ++i) {
+        require(!joints[i].parent || *joints[i].parent < i, "a joint stands before its parent");
+        if (!joints[i].channel) continue;
+        checkKeys(joints[i].channel->positions);
+        checkKeys(joints[i].channel->rotations);
+        checkKeys(joints[i].channel->scalings);
+    }
+}
+
+void check(const Rig& rig) {
+    checkJoints(rig.joints);
+    require(rig.upAxis < 3, "there is no such axis");
+    require(!rig.metresPerUnit || isPositive(*rig.metresPerUnit), "the unit has no length");
+    require(rig.frameCount > 0 && rig.frameCount <= kMostFrames, "there are too many frames");
+    require(isPositive(rig.framesPerSecond) && isPositive(rig.ticksPerFrame),
+            "frames have no length");
+}
+
+}  // namespace
+
+std::string messageOf(const Rig& rig) {
+    MessageOut message;
+    exchangeRig(message, rig);
+    return message.take();
+}
+
+Rig rigOf(std::string_view bytes) {
+    Rig rig;
+    MessageIn message(bytes);
+    exchangeRig(message, rig);
+    message.end();
+    check(rig);
+    return rig;
+}
+
+}  // namespace Tolvane::Tools
