@@ -58,6 +58,47 @@ TEST_F(RunFrames, TellsItsListenerOfItsPortsAndOfEachEvaluation) {
     EXPECT_EQ(progress, (std::vector<std::size_t>{1, 2, 3, 4}));
 }
 
+// The faulty library loses all pins after the first frame: the names and matrices of five joints.
+TEST_F(RunFrames, KeepsTheFirstMismatchesAndTellsItsListenerOfEach) {
+    setenv("TOLVANE_TEST_FAULT", "writes only once", 1);
+    const TavrikGraph::Executor::TranslationLibrary faulty(FAULTY_LIBRARY);
+    std::vector<std::string> told;
+    RunListener listener;
+    const auto inWords = [](const FoundMismatch& found) {
+        return std::to_string(found.frame.value()) + " " + placeOf(found.mismatch);
+    };
+    listener.mismatch = [&](const FoundMismatch& found) {
+        EXPECT_EQ(found.typeName, "Rigging::Module::Pins");
+        told.push_back(inWords(found));
+    };
+    const RunResult result = runFrames(rig, faulty.translation(), {}, listener);
+    const TavrikGraph::Executor::TranslationLibrary another(FAULTY_LIBRARY);
+    const RunResult unheard = runFrames(rig, another.translation(), {});
+    unsetenv("TOLVANE_TEST_FAULT");
+
+    ASSERT_EQ(told.size(), 3U * 10);
+    EXPECT_EQ(result.mismatches(), told.size());
+    EXPECT_EQ(told[1], "1 outPins.names[1]");
+    EXPECT_EQ(told[29], "3 outPins.matrices[4]");
+    ASSERT_EQ(result.firstMismatches.size(), kMostMismatchesKept);
+    for (std::size_t i = 0; i < kMostMismatchesKept; ++i)
+        EXPECT_EQ(inWords(result.firstMismatches[i]), told[i]);
+    EXPECT_EQ(result.firstMismatches[7].mismatch.indices, std::vector<unsigned>{2});
+    EXPECT_EQ(unheard.mismatches(), told.size());
+    EXPECT_EQ(unheard.firstMismatches.size(), kMostMismatchesKept);
+}
+
+TEST_F(RunFrames, KeepsMismatchesOfPortsWithoutAFrame) {
+    setenv("TOLVANE_TEST_FAULT", "adds no port", 1);
+    const TavrikGraph::Executor::TranslationLibrary faulty(FAULTY_LIBRARY);
+    const RunResult result = runFrames(rig, faulty.translation(), {});
+    unsetenv("TOLVANE_TEST_FAULT");
+    ASSERT_EQ(result.firstMismatches.size(), 1U);
+    EXPECT_EQ(result.firstMismatches[0].frame, std::nullopt);
+    EXPECT_EQ(placeOf(result.firstMismatches[0].mismatch), "outPins");
+    EXPECT_EQ(result.firstMismatches[0].mismatch.what, "could not be added");
+}
+
 TEST_F(RunFrames, TakesSnapshotsOfWhatCameOutInTheirFrame) {
     RunOptions options;
     options.draw = true;

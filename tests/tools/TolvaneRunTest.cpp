@@ -265,7 +265,7 @@ TEST_F(TolvaneRunWithStudioLibrary, FindsThatItsStructLacksTheLastMember) {
     EXPECT_EQ(result(report, "Studio::Face")["mismatches"], 0);
     EXPECT_EQ(result(report, "array<Studio::Face>")["mismatches"], 4);
     EXPECT_EQ(result(report, "array<Studio::Face>")["firstMismatch"],
-              "inFaceArray[]: an element has 80 bytes, and the graph's Studio::Face has 96: is the "
+              "inFaceArray: an element has 80 bytes, and the graph's Studio::Face has 96: is the "
               "struct declared as the graph has it?");
 }
 

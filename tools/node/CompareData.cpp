@@ -1,27 +1,15 @@
 #include "tools/node/CompareData.h"
 
+#include "tools/node/DataPath.h"
+
 #include <OpenVornik/VArrayDataHandle.h>
 
 #include <algorithm>
 #include <cstring>
-#include <optional>
+#include <utility>
 
 namespace Tolvane::Tools {
 namespace {
-
-// The way from the top attribute to what is being compared. It becomes text only for a mismatch,
-// for most comparisons find none.
-struct Path {
-    const Path* above;
-    const std::string& name;
-    std::optional<unsigned> index;
-
-    std::string text() const {
-        std::string text = above ? above->text() : "";
-        if (index) return text + "[" + std::to_string(*index) + "]";
-        return text + (above ? "." : "") + name;
-    }
-};
 
 template <typename Value>
 bool sameBits(const Value& a, const Value& b) {
@@ -52,9 +40,10 @@ bool sameLeaf(DataShape::Kind kind, const VDataHandle& a, const VDataHandle& b) 
 
 class Comparer {
 public:
-    explicit Comparer(Comparison& comparison) : m_comparison(comparison) {}
+    Comparer(Comparison& comparison, const MismatchListener& listener)
+        : m_comparison(comparison), m_listener(listener) {}
 
-    void compare(const DataPlace& expected, const DataPlace& actual, const Path& path) {
+    void compare(const DataPlace& expected, const DataPlace& actual, const DataPath& path) {
         const DataShape& shape = expected.shape;
         if (shape.kind != actual.shape.kind || shape.isArray != actual.shape.isArray ||
             shape.children.size() != actual.shape.children.size())
@@ -66,7 +55,7 @@ public:
     }
 
 private:
-    void compareElements(const DataPlace& expected, const DataPlace& actual, const Path& path) {
+    void compareElements(const DataPlace& expected, const DataPlace& actual, const DataPath& path) {
         VArrayDataHandle expectedArray(expected.handle);
         VArrayDataHandle actualArray(actual.handle);
         const unsigned expectedCount = expectedArray.elementCount();
@@ -76,7 +65,7 @@ private:
                                std::to_string(expectedCount));
 
         for (unsigned i = std::min(expectedCount, actualCount); i > 0; --i) {
-            const Path elementPath{&path, path.name, expectedArray.elementIndex()};
+            const DataPath elementPath(path, expectedArray.elementIndex());
             if (actualArray.elementIndex() != expectedArray.elementIndex())
                 mismatch(elementPath,
                          "is at index " + std::to_string(actualArray.elementIndex()) + " instead");
@@ -88,7 +77,7 @@ private:
     }
 
     // Compares a single attribute or one element of an array.
-    void compareOne(const DataPlace& expected, const DataPlace& actual, const Path& path) {
+    void compareOne(const DataPlace& expected, const DataPlace& actual, const DataPath& path) {
         const DataShape& shape = expected.shape;
         if (shape.kind == DataShape::Kind::Empty) return;
         if (shape.kind != DataShape::Kind::Compound) {
@@ -98,24 +87,30 @@ private:
         }
         for (std::size_t i = 0; i < shape.children.size(); ++i)
             compare(expected.child(i), actual.child(i),
-                    {&path, actual.shape.children[i].name, std::nullopt});
+                    DataPath(path, actual.shape.children[i].name));
     }
 
-    void mismatch(const Path& path, const std::string& what) {
-        m_comparison.addMismatch(path.text() + ": " + what);
+    void mismatch(const DataPath& path, const std::string& what) {
+        if (m_comparison.mismatches > 0 && !m_listener)
+            ++m_comparison.mismatches;
+        else
+            m_comparison.addMismatch(path.mismatch(what), m_listener);
     }
 
     Comparison& m_comparison;
+    const MismatchListener& m_listener;
 };
 
 }  // namespace
 
-void Comparison::addMismatch(const std::string& what) {
-    if (++mismatches == 1) firstMismatch = what;
+void Comparison::addMismatch(Mismatch mismatch, const MismatchListener& listener) {
+    if (listener) listener(mismatch);
+    if (++mismatches == 1) firstMismatch = std::move(mismatch);
 }
 
-void compareData(const DataPlace& expected, const DataPlace& actual, Comparison& comparison) {
-    Comparer(comparison).compare(expected, actual, {nullptr, actual.shape.name, std::nullopt});
+void compareData(const DataPlace& expected, const DataPlace& actual, Comparison& comparison,
+                 const MismatchListener& listener) {
+    Comparer(comparison, listener).compare(expected, actual, DataPath(actual.shape.name));
 }
 
 }  // namespace Tolvane::Tools

@@ -3,22 +3,25 @@
 #pragma once
 
 #include "tools/node/DataShape.h"
+#include "tools/node/Mismatch.h"
 
 #include <cstddef>
-#include <string>
+#include <optional>
 
 namespace Tolvane::Tools {
 
 struct Comparison {
     std::size_t leavesCompared = 0;
     std::size_t mismatches = 0;
-    // Where and what the first mismatch was, such as "pins.names[3]: differs".
-    std::string firstMismatch = {};
+    std::optional<Mismatch> firstMismatch = {};
 
-    void addMismatch(const std::string& what);
+    // Tells the listener too, if there is one.
+    void addMismatch(Mismatch mismatch, const MismatchListener& listener);
 };
 
-// Adds what it finds to `comparison`.
-void compareData(const DataPlace& expected, const DataPlace& actual, Comparison& comparison);
+// Adds what it finds to `comparison`, and tells `listener` of each mismatch, if there is one. It is
+// much cheaper without.
+void compareData(const DataPlace& expected, const DataPlace& actual, Comparison& comparison,
+                 const MismatchListener& listener = {});
 
 }  // namespace Tolvane::Tools

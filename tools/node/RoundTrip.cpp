@@ -1,5 +1,6 @@
 #include "tools/node/RoundTrip.h"
 
+#include "tools/node/DataPath.h"
 #include "tools/node/FillInputs.h"
 #include "tools/node/GraphLayout.h"
 #include "tools/node/ShapeMisfit.h"
@@ -11,6 +12,7 @@
 #include <TavrikGraph/Executor/TypeTranslation.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace Tolvane::Tools {
 namespace {
@@ -47,7 +49,7 @@ RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
     findSkeleton();
 }
 
-void RoundTrip::carry(const FrameData& data) {
+void RoundTrip::carry(const FrameData& data, const Listener& listener) {
     const std::size_t seed = m_evaluations++;
     for (const PortPair& pair : m_pairs) {
         const DataPlace input = place(pair.input);
@@ -58,7 +60,7 @@ void RoundTrip::carry(const FrameData& data) {
     }
     m_evaluated = false;
     for (const PortPair& pair : m_pairs) m_data.inputValue(pair.output.shape.plug);
-    for (const PortPair& pair : m_pairs) judge(pair);
+    for (const PortPair& pair : m_pairs) judge(pair, listener);
 }
 
 void RoundTrip::addPorts(const Pelmor::Type& type) {
@@ -92,7 +94,7 @@ std::string RoundTrip::newPortName(const Pelmor::Type& type) {
 std::optional<RoundTrip::Port> RoundTrip::addPort(const std::string& name, Direction direction,
                                                   const Pelmor::Type& type, TypeResult& result) {
     if (!m_node.addPort(name.c_str(), direction, type)) {
-        result.comparison.addMismatch(name + ": could not be added");
+        result.comparison.addMismatch(DataPath(name).mismatch("could not be added"), {});
         return std::nullopt;
     }
     // An output port takes the value of the input port that was added right before it.
@@ -103,7 +105,9 @@ std::optional<RoundTrip::Port> RoundTrip::addPort(const std::string& name, Direc
     Port port{m_node.ports().size() - 1, shapeOf(m_node.ports().back().plug)};
     const auto misfit = misfitOf(port.shape, type);
     if (!misfit) return port;
-    result.comparison.addMismatch(*misfit);
+    Mismatch mismatch = DataPath(port.shape.name).mismatch(misfit->what);
+    mismatch.path = misfit->path;
+    result.comparison.addMismatch(std::move(mismatch), {});
     return std::nullopt;
 }
 
@@ -126,22 +130,24 @@ void RoundTrip::handOver(const std::vector<const Pelmor::AnyValue*>& inputs,
     for (std::size_t i = 0; i < outputs.size(); ++i) *outputs[i] = *inputs[m_sources[i]];
 }
 
-void RoundTrip::judge(const PortPair& pair) {
+void RoundTrip::judge(const PortPair& pair, const Listener& listener) {
     TypeResult& result = m_results[pair.result];
     const auto& input = m_node.ports()[pair.input.index];
     const auto& output = m_node.ports()[pair.output.index];
+    MismatchListener typeListener;
+    if (listener) typeListener = [&](const Mismatch& mismatch) { listener(result, mismatch); };
+    const auto fails = [&](const DataShape& port, const std::string& why) {
+        result.comparison.addMismatch(DataPath(port.name).mismatch(why), typeListener);
+    };
     result.fromHost += input.duration;
     result.toHost += output.duration;
-    if (!m_evaluated)
-        return result.comparison.addMismatch(pair.output.shape.name + ": was not evaluated");
-    if (!input.translated)
-        return result.comparison.addMismatch(pair.input.shape.name + ": was not translated");
+    if (!m_evaluated) return fails(pair.output.shape, "was not evaluated");
+    if (!input.translated) return fails(pair.input.shape, "was not translated");
     // Ahead of all that may follow from it.
     if (const auto wrongSize = wrongElementSize(input.value, input.type))
-        result.comparison.addMismatch(pair.input.shape.name + "[]: " + *wrongSize);
-    if (!output.translated)
-        return result.comparison.addMismatch(pair.output.shape.name + ": was not translated");
-    compareData(place(pair.input), place(pair.output), result.comparison);
+        fails(pair.input.shape, *wrongSize);
+    if (!output.translated) return fails(pair.output.shape, "was not translated");
+    compareData(place(pair.input), place(pair.output), result.comparison, typeListener);
 }
 
 // The data that the node holds, read as an output value so that nothing is evaluated for it.

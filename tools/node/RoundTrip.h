@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -38,8 +39,13 @@ public:
     // last.
     RoundTrip(TavrikGraph::Executor::TypeTranslation& translation, const Pelmor::Library& library);
 
-    // Evaluates the node with `data` in its inputs, and compares its outputs with them.
-    void carry(const FrameData& data);
+    // Whoever wants to know of each mismatch while a frame is carried. Those that are found before
+    // are each the first of their result.
+    using Listener = std::function<void(const TypeResult& type, const Mismatch& mismatch)>;
+
+    // Evaluates the node with `data` in its inputs, and compares its outputs with them. It is
+    // faster without a listener, if there are mismatches.
+    void carry(const FrameData& data, const Listener& listener = {});
 
     const std::vector<TypeResult>& results() const noexcept { return m_results; }
     // The types that the translation names and the graph does not know.
@@ -80,7 +86,7 @@ private:
     void findSkeleton();
     void handOver(const std::vector<const Pelmor::AnyValue*>& inputs,
                   const std::vector<Pelmor::AnyValue*>& outputs);
-    void judge(const PortPair& pair);
+    void judge(const PortPair& pair, const Listener& listener);
     DataPlace place(const Port& port);
 
     std::size_t m_inputCount = 0;

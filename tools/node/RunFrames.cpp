@@ -1,5 +1,7 @@
 #include "tools/node/RunFrames.h"
 
+#include "tools/node/DataPath.h"
+
 #include <OpenVornik/VErrorListener.h>
 #include <Pelmor/ArrayType.h>
 #include <Pelmor/StructType.h>
@@ -23,11 +25,38 @@ std::set<std::size_t> evaluationsToDraw(std::size_t evaluations, bool churn) {
     return chosen;
 }
 
+// Keeps the first mismatches of a run and passes all of them on.
+class Collector {
+public:
+    Collector(RunResult& result, const RunListener& listener)
+        : m_result(result), m_listener(listener.mismatch) {}
+
+    // Whether it has any use for another mismatch.
+    bool wantsMore() const {
+        return m_listener || m_result.firstMismatches.size() < kMostMismatchesKept;
+    }
+
+    void add(const TypeResult& type, std::optional<std::size_t> frame, const Mismatch& mismatch) {
+        if (!wantsMore()) return;
+        const FoundMismatch found{type.typeName, frame, mismatch};
+        if (m_result.firstMismatches.size() < kMostMismatchesKept)
+            m_result.firstMismatches.push_back(found);
+        if (m_listener) m_listener(found);
+    }
+
+private:
+    RunResult& m_result;
+    const std::function<void(const FoundMismatch&)>& m_listener;
+};
+
 // Every rig has joints, so a type of which nothing was compared has not been shown to work.
-void refuseEmptyComparisons(std::vector<TypeResult>& types) {
-    for (TypeResult& type : types)
-        if (type.comparison.leavesCompared == 0 && type.comparison.mismatches == 0)
-            type.comparison.addMismatch(type.typeName + ": nothing was compared");
+void refuseEmptyComparisons(std::vector<TypeResult>& types, Collector& collector) {
+    for (TypeResult& type : types) {
+        if (type.comparison.leavesCompared > 0 || type.comparison.mismatches > 0) continue;
+        type.comparison.addMismatch(
+            DataPath(type.typeName).mismatch("nothing was compared"),
+            [&](const Mismatch& mismatch) { collector.add(type, std::nullopt, mismatch); });
+    }
 }
 
 // Adds the type's name and those of all types that its values consist of.
@@ -70,13 +99,22 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     RigFrame pose(rig);
     RoundTrip roundTrip(translation, options.types);
     if (listener.begins) listener.begins(roundTrip);
+    Collector collector(result, listener);
+    for (const TypeResult& type : roundTrip.results())
+        if (type.comparison.firstMismatch)
+            collector.add(type, std::nullopt, *type.comparison.firstMismatch);
 
     for (; result.evaluated < evaluations; ++result.evaluated) {
         const std::size_t frame = frames.first + result.evaluated % frames.size();
         const Share share = options.churn ? churnShare(result.evaluated) : Share::All;
         if (listener.evaluates) listener.evaluates(frame);
         pose.pose(frame);
-        roundTrip.carry(frameData(rigName.c_str(), pose.joints(), limbs, share));
+        RoundTrip::Listener onMismatch;
+        if (collector.wantsMore())
+            onMismatch = [&](const TypeResult& type, const Mismatch& mismatch) {
+                collector.add(type, frame, mismatch);
+            };
+        roundTrip.carry(frameData(rigName.c_str(), pose.joints(), limbs, share), onMismatch);
         if (drawn.count(result.evaluated) != 0)
             result.snapshots.push_back({frame, roundTrip.worldMatricesThatCameOut()});
         if (listener.evaluated) listener.evaluated(result.evaluated + 1, evaluations);
@@ -84,7 +122,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     result.types = roundTrip.results();
     result.notTried = roundTrip.notTried();
     result.notCarried = notCarried(result.types, options);
-    refuseEmptyComparisons(result.types);
+    refuseEmptyComparisons(result.types, collector);
     return result;
 }
 

@@ -33,8 +33,12 @@ struct RunOptions {
     std::vector<std::string> expectedTypes = {};
 };
 
+constexpr std::size_t kMostMismatchesKept = 10;
+
 struct RunResult {
     std::vector<TypeResult> types;
+    // The first of all mismatches, no more than kMostMismatchesKept, as they were found.
+    std::vector<FoundMismatch> firstMismatches;
     // The types that the translation names and the graph does not know.
     std::vector<std::string> notTried;
     // The expected types that the translation does not carry.
@@ -63,6 +67,8 @@ struct RunListener {
     std::function<void(std::size_t done, std::size_t total)> evaluated = {};
     // Called before each evaluation with the frame that it is for.
     std::function<void(std::size_t frame)> evaluates = {};
+    // Called for every mismatch, when it is found. A run with many of them is faster without.
+    std::function<void(const FoundMismatch& mismatch)> mismatch = {};
 };
 
 // Throws Error where the rig lacks some of the frames.

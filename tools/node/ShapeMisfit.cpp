@@ -8,36 +8,38 @@ namespace {
 
 using Kind = DataShape::Kind;
 
-// What follows the name of an attribute in the text of its misfit, such as ".pins: is missing".
-std::optional<std::string> misfitBelow(const DataShape& shape, const Pelmor::Type& type);
-
 // Why there is no attribute for the type, whatever the translation makes for it.
 const char* whyNoAttribute(const Pelmor::Type& type) {
     const bool isArray = type.getTypeKind() == Pelmor::TypeKind::Array;
     switch ((isArray ? Pelmor::ArrayType(type).getElementType() : type).getTypeKind()) {
         case Pelmor::TypeKind::Float:
-            return ": a float has no attribute in the host";
+            return "a float has no attribute in the host";
         case Pelmor::TypeKind::Array:
-            return ": an array of arrays has no attribute in the host";
+            return "an array of arrays has no attribute in the host";
         default:
             return nullptr;
     }
 }
 
-std::optional<std::string> misfitOfMembers(const DataShape& shape, const Pelmor::StructType& type) {
+Misfit inMember(const std::string& name, const Misfit& misfit) {
+    return {name + (misfit.path.empty() ? "" : ".") + misfit.path, misfit.what};
+}
+
+std::optional<Misfit> misfitOfMembers(const DataShape& shape, const Pelmor::StructType& type) {
     auto child = shape.children.begin();
     for (auto member = type.begin(); member != type.end(); ++member) {
-        std::optional<std::string> misfit;
+        std::optional<Misfit> misfit;
         if (const char* why = whyNoAttribute(member->getType()))
-            misfit = why;
+            misfit = Misfit{"", why};
         else if (child == shape.children.end())
-            misfit = ": is missing";
+            misfit = Misfit{"", "is missing"};
         else
-            misfit = misfitBelow(*child++, member->getType());
-        if (misfit) return std::string(".") + member->getName().c_str() + *misfit;
+            misfit = misfitOf(*child++, member->getType());
+        if (misfit) return inMember(member->getName().c_str(), *misfit);
     }
     if (child == shape.children.end()) return std::nullopt;
-    return "." + child->name + ": is no member of " + type.getFullyQualifiedName().c_str();
+    return Misfit{child->name,
+                  std::string("is no member of ") + type.getFullyQualifiedName().c_str()};
 }
 
 Kind kindFor(const Pelmor::Type& type) {
@@ -89,22 +91,17 @@ std::string inWords(Kind kind) {
     return "an attribute of unknown data";
 }
 
-std::optional<std::string> misfitBelow(const DataShape& shape, const Pelmor::Type& type) {
-    if (const char* why = whyNoAttribute(type)) return why;
+}  // namespace
+
+std::optional<Misfit> misfitOf(const DataShape& shape, const Pelmor::Type& type) {
+    if (const char* why = whyNoAttribute(type)) return Misfit{"", why};
     const bool isArray = type.getTypeKind() == Pelmor::TypeKind::Array;
     const Pelmor::Type element = isArray ? Pelmor::ArrayType(type).getElementType() : type;
     if (shape.isArray != isArray || shape.kind != kindFor(element) || shape.kind == Kind::Unknown)
-        return ": is " + inWords(shape.kind) + (shape.isArray ? " array" : "") + ", not " +
-               type.getFullyQualifiedName().c_str();
+        return Misfit{"", "is " + inWords(shape.kind) + (shape.isArray ? " array" : "") + ", not " +
+                              type.getFullyQualifiedName().c_str()};
     if (shape.kind != Kind::Compound) return std::nullopt;
     return misfitOfMembers(shape, Pelmor::StructType(element));
-}
-
-}  // namespace
-
-std::optional<std::string> misfitOf(const DataShape& shape, const Pelmor::Type& type) {
-    const auto misfit = misfitBelow(shape, type);
-    return misfit ? std::optional(shape.name + *misfit) : std::nullopt;
 }
 
 }  // namespace Tolvane::Tools

@@ -22,11 +22,12 @@ Json jsonOf(const TypeResult& type, std::size_t evaluated) {
         return static_cast<double>(sum.count()) /
                static_cast<double>(std::max<std::size_t>(evaluated, 1));
     };
+    const auto& first = type.comparison.firstMismatch;
     return {{"name", type.typeName},
             {"attributes", type.attributeCount},
             {"leavesCompared", type.comparison.leavesCompared},
             {"mismatches", type.comparison.mismatches},
-            {"firstMismatch", type.comparison.firstMismatch},
+            {"firstMismatch", first ? placeOf(*first) + ": " + first->what : ""},
             {"nsFromHost", mean(type.fromHost)},
             {"nsToHost", mean(type.toHost)}};
 }

@@ -58,21 +58,17 @@ void printUncarried(std::ostream& out, const RunResult& result) {
         out << "Described, but not carried by the library: " << name << "\n";
 }
 
-// The mismatch without the name of its port.
-std::string afterPortName(const std::string& mismatch) {
-    return mismatch.substr(std::min(mismatch.find_first_of(".:["), mismatch.size()));
-}
-
 // Where a type got no ports, arrays of it got none for the same reason, which is said once.
 void printFirstMismatches(std::ostream& out, const RunResult& result) {
     std::set<std::string> said;
     for (const TypeResult& type : result.types) {
-        const std::string& mismatch = type.comparison.firstMismatch;
-        if (type.comparison.mismatches == 0) continue;
-        if (said.count(type.typeName + afterPortName(mismatch)) != 0) continue;
-        out << "First mismatch of " << type.typeName << ": " << oneLine(mismatch) << "\n";
-        if (type.attributeCount == 0)
-            said.insert("array<" + type.typeName + ">" + afterPortName(mismatch));
+        const auto& mismatch = type.comparison.firstMismatch;
+        if (!mismatch) continue;
+        const std::string afterPort = mismatch->path + ": " + mismatch->what;
+        if (said.count(type.typeName + afterPort) != 0) continue;
+        out << "First mismatch of " << type.typeName << ": "
+            << oneLine(placeOf(*mismatch) + ": " + mismatch->what) << "\n";
+        if (type.attributeCount == 0) said.insert("array<" + type.typeName + ">" + afterPort);
     }
 }
 
