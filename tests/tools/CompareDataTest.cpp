@@ -70,10 +70,33 @@ protected:
         return placeOf(*comparison.firstMismatch) + ": " + comparison.firstMismatch->what;
     }
 
-    void expectOneMismatch(const std::string& what) {
+    // All of the one mismatch, such as "actual.count: differs: 0, -1 (-1)".
+    void expectOneMismatch(const std::string& text) {
         const Comparison comparison = compare();
         EXPECT_EQ(comparison.mismatches, 1U);
-        EXPECT_EQ(textOf(comparison), what);
+        ASSERT_TRUE(comparison.firstMismatch);
+        const Mismatch& found = *comparison.firstMismatch;
+        EXPECT_EQ(textOf(comparison) + ": " + found.expected + ", " + found.actual + " (" +
+                      found.difference + ")",
+                  text);
+    }
+
+    // Of the two numbers, the texts that a mismatch has.
+    void expectNumbers(double went, double came, const std::vector<std::string>& texts) {
+        expected().child(kNumber).handle.asDouble() = went;
+        actual(kNumber).setDouble(came);
+        const Mismatch found = compare().firstMismatch.value();
+        EXPECT_EQ((std::vector{found.expected, found.actual, found.difference}), texts);
+    }
+
+    void expectTexts(const std::string& went, const std::string& came,
+                     const std::vector<std::string>& texts) {
+        expected().child(kText).handle.asString() = went.c_str();
+        actual(kText).setString(came.c_str());
+        const Mismatch found = compare().firstMismatch.value();
+        EXPECT_EQ((std::vector{found.expected, found.actual, found.difference}), texts);
+        EXPECT_EQ(std::get<std::string>(found.expectedValue), went);
+        EXPECT_EQ(std::get<std::string>(found.actualValue), came);
     }
 
     PluginNode node;
@@ -94,22 +117,64 @@ TEST_F(CompareData, FindsNoMismatchInEqualDataAndCountsEveryLeaf) {
 
 TEST_F(CompareData, FindsADifferenceInAnyPlaceOfAMatrix) {
     actual(kMatrixMember).asMatrix()[3][2] = 1e-300;
-    expectOneMismatch("actual.matrix: differs");
+    expectOneMismatch("actual.matrix: differs in row 3, column 2: 0, 1e-300 (1e-300)");
+    const Mismatch found = compare().firstMismatch.value();
+    EXPECT_EQ(found.element->row, 3U);
+    EXPECT_EQ(found.element->column, 2U);
+    EXPECT_EQ(std::get<double>(found.actualValue), 1e-300);
+}
+
+TEST_F(CompareData, ShowsTheFirstOfSeveralDifferencesInAMatrix) {
+    actual(kMatrixMember).asMatrix()[1][1] = 1.5;
+    actual(kMatrixMember).asMatrix()[2][0] = -0.0;
+    expectOneMismatch(
+        "actual.matrix: differs in row 1, column 1, and in 1 other element: 1, 1.5 (0.5)");
 }
 
 TEST_F(CompareData, FindsADifferentText) {
     actual(kText).setString("a");
-    expectOneMismatch("actual.text: differs");
+    expectOneMismatch(R"(actual.text: differs: "", "a" (from character 0 on))");
+}
+
+TEST_F(CompareData, ShowsWhatCannotBePrintedInTextsAndWhatEndsThem) {
+    expectTexts("arm ", "arm", {R"("arm ")", R"("arm")", "from character 3 on"});
+    expectTexts("\x1b[31m\n\"\\", "左\xff",
+                {R"("\x1b[31m\n\"\\")", R"("左\xff")", "from character 0 on"});
+}
+
+TEST_F(CompareData, CutsLongTextsAroundTheirFirstDifference) {
+    const std::string ahead(500, 'a'), behind(500, 'b');
+    expectTexts(ahead + "1" + behind, ahead + "2" + behind,
+                {"...\"" + std::string(16, 'a') + "1" + std::string(35, 'b') + "\"...",
+                 "...\"" + std::string(16, 'a') + "2" + std::string(35, 'b') + "\"...",
+                 "from character 500 on"});
+    expectTexts(ahead, ahead + "左",
+                {"...\"" + std::string(16, 'a') + "\"", "...\"" + std::string(16, 'a') + "左\"",
+                 "from character 500 on"});
+    expectTexts("", behind, {R"("")", '"' + std::string(52, 'b') + "\"...", "from character 0 on"});
 }
 
 TEST_F(CompareData, FindsADifferentNumber) {
     actual(kNumber).setDouble(std::numeric_limits<double>::denorm_min());
-    expectOneMismatch("actual.number: differs");
+    expectOneMismatch("actual.number: differs: 0, 5e-324 (5e-324)");
+}
+
+TEST_F(CompareData, ShowsNumbersWithAllTheirDigits) {
+    expectNumbers(0.1, 0.1 + 0x1p-56, {"0.1", "0.10000000000000002", "1.3877787807814457e-17"});
+    expectNumbers(1e22, -1e300, {"1e+22", "-1e+300", "-1e+300"});
+}
+
+TEST_F(CompareData, ShowsANanWithItsBitsAndNoDifferenceOfWhatIsInfinite) {
+    using Limits = std::numeric_limits<double>;
+    expectNumbers(1, Limits::quiet_NaN(), {"1", "nan 0x7ff8000000000000", ""});
+    expectNumbers(Limits::infinity(), -Limits::infinity(), {"inf", "-inf", ""});
+    expectNumbers(Limits::max(), Limits::lowest(),
+                  {"1.7976931348623157e+308", "-1.7976931348623157e+308", ""});
 }
 
 TEST_F(CompareData, TellsNegativeZeroFromZero) {
     actual(kNumber).setDouble(-0.0);
-    expectOneMismatch("actual.number: differs");
+    expectOneMismatch("actual.number: differs: 0, -0 (only in the sign of zero)");
 }
 
 TEST_F(CompareData, TakesANanAsEqualToItselfAlone) {
@@ -122,44 +187,49 @@ TEST_F(CompareData, TakesANanAsEqualToItselfAlone) {
 
 TEST_F(CompareData, FindsADifferentBool) {
     actual(kFlag).setBool(true);
-    expectOneMismatch("actual.flag: differs");
+    expectOneMismatch("actual.flag: differs: false, true ()");
+    EXPECT_EQ(std::get<bool>(compare().firstMismatch->actualValue), true);
 }
 
 TEST_F(CompareData, FindsADifferentInteger) {
+    expected().child(kCount).handle.asInt() = std::numeric_limits<int>::max();
     actual(kCount).setInt(-1);
-    expectOneMismatch("actual.count: differs");
+    expectOneMismatch("actual.count: differs: 2147483647, -1 (-2147483648)");
 }
 
-TEST_F(CompareData, FindsADifferentChoice) {
+TEST_F(CompareData, FindsADifferentChoiceAndNamesThoseThatHaveNames) {
     actual(kChoice).setShort(1);
-    expectOneMismatch("actual.choice: differs");
+    expectOneMismatch("actual.choice: differs: 0 (first), 1 (second) ()");
+    actual(kChoice).setShort(-7);
+    expectOneMismatch("actual.choice: differs: 0 (first), -7 ()");
 }
 
 TEST_F(CompareData, FindsADifferenceInANestedCompound) {
     actual().child(kNested).child(0).handle.asDouble() = 1;
-    expectOneMismatch("actual.nested.value: differs");
+    expectOneMismatch("actual.nested.value: differs: 0, 1 (1)");
 }
 
 TEST_F(CompareData, FindsADifferenceInAnElement) {
     VArrayDataHandle array(actual(kNames));
     array.next();
     array.outputValue().setString("a");
-    expectOneMismatch("actual.names[1]: differs");
+    expectOneMismatch(R"(actual.names[1]: differs: "", "a" (from character 0 on))");
+    EXPECT_EQ(compare().firstMismatch->indices, std::vector<unsigned>{1});
 }
 
 TEST_F(CompareData, FindsAnElementTooFew) {
     setIndices(actual().child(kNames), {0});
-    expectOneMismatch("actual.names: has 1 elements, not 2");
+    expectOneMismatch("actual.names: has another number of elements: 2, 1 (-1)");
 }
 
 TEST_F(CompareData, FindsAnElementTooMany) {
     setIndices(actual().child(kNames), {0, 1, 2});
-    expectOneMismatch("actual.names: has 3 elements, not 2");
+    expectOneMismatch("actual.names: has another number of elements: 2, 3 (1)");
 }
 
 TEST_F(CompareData, FindsAnotherLogicalIndex) {
     setIndices(actual().child(kNames), {0, 4});
-    expectOneMismatch("actual.names[1]: is at index 4 instead");
+    expectOneMismatch("actual.names[1]: is at another index: 1, 4 (3)");
 }
 
 TEST_F(CompareData, FindsAttributesOfAnotherShape) {
@@ -188,6 +258,21 @@ TEST_F(SpoilData, MakesEveryLeafDifferAndKeepsElements) {
     EXPECT_EQ(comparison.leavesCompared, 9U);
     EXPECT_EQ(comparison.mismatches, 9U);
     EXPECT_EQ(VArrayDataHandle(actual(kNames)).elementCount(), 2U);
+}
+
+TEST_F(SpoilData, IsSeenInEachLeafThatNobodyWroteSince) {
+    std::vector<Mismatch> found;
+    spoilData(actual());
+    Comparison comparison;
+    compareData(expected(), actual(), comparison,
+                [&](const Mismatch& mismatch) { found.push_back(mismatch); });
+    ASSERT_EQ(found.size(), 9U);
+    for (const Mismatch& mismatch : found) {
+        const bool isBool = mismatch.path == "flag";
+        EXPECT_EQ(mismatch.what, isBool ? "differs" : "was not written") << mismatch.path;
+        EXPECT_EQ(mismatch.actual, isBool ? "true" : "") << mismatch.path;
+        EXPECT_EQ(mismatch.expected.empty(), mismatch.path == "matrix") << mismatch.path;
+    }
 }
 
 TEST_F(SpoilData, InvertsABoolEachTime) {

@@ -28,9 +28,4 @@ TEST(Table, GroupsNumbersByThousands) {
     EXPECT_EQ(grouped(1234567), "1,234,567");
 }
 
-TEST(Table, WrapsAndIndentsParagraphs) {
-    EXPECT_EQ(wrapped("aa bb cc", 2, 7), "  aa bb\n  cc");
-    EXPECT_EQ(wrapped("aaaaaaaaaa b", 1, 5), " aaaaaaaaaa\n b");
-}
-
 }  // namespace

@@ -1,6 +1,8 @@
 #include "tools/node/CompareData.h"
 
 #include "tools/node/DataPath.h"
+#include "tools/node/LeafText.h"
+#include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
 
@@ -47,9 +49,9 @@ public:
         const DataShape& shape = expected.shape;
         if (shape.kind != actual.shape.kind || shape.isArray != actual.shape.isArray ||
             shape.children.size() != actual.shape.children.size())
-            return mismatch(path, "is another kind of attribute");
+            return mismatch(path, "is another kind of attribute", [](Mismatch&) {});
         if (expected.handle.isNull() || actual.handle.isNull())
-            return mismatch(path, "has no data");
+            return mismatch(path, "has no data", [](Mismatch&) {});
         if (shape.isArray) return compareElements(expected, actual, path);
         compareOne(expected, actual, path);
     }
@@ -61,14 +63,15 @@ private:
         const unsigned expectedCount = expectedArray.elementCount();
         const unsigned actualCount = actualArray.elementCount();
         if (expectedCount != actualCount)
-            mismatch(path, "has " + std::to_string(actualCount) + " elements, not " +
-                               std::to_string(expectedCount));
+            mismatch(path, "has another number of elements",
+                     [&](Mismatch& found) { addValues(expectedCount, actualCount, found); });
 
         for (unsigned i = std::min(expectedCount, actualCount); i > 0; --i) {
             const DataPath elementPath(path, expectedArray.elementIndex());
             if (actualArray.elementIndex() != expectedArray.elementIndex())
-                mismatch(elementPath,
-                         "is at index " + std::to_string(actualArray.elementIndex()) + " instead");
+                mismatch(elementPath, "is at another index", [&](Mismatch& found) {
+                    addValues(expectedArray.elementIndex(), actualArray.elementIndex(), found);
+                });
             compareOne({expected.shape, expectedArray.outputValue()},
                        {actual.shape, actualArray.outputValue()}, elementPath);
             expectedArray.next();
@@ -82,7 +85,9 @@ private:
         if (shape.kind == DataShape::Kind::Empty) return;
         if (shape.kind != DataShape::Kind::Compound) {
             ++m_comparison.leavesCompared;
-            if (!sameLeaf(shape.kind, expected.handle, actual.handle)) mismatch(path, "differs");
+            if (!sameLeaf(shape.kind, expected.handle, actual.handle))
+                mismatch(path, isSpoilt(actual) ? "was not written" : "differs",
+                         [&](Mismatch& found) { addValues(expected, actual, found); });
             return;
         }
         for (std::size_t i = 0; i < shape.children.size(); ++i)
@@ -90,11 +95,16 @@ private:
                     DataPath(path, actual.shape.children[i].name));
     }
 
-    void mismatch(const DataPath& path, const std::string& what) {
-        if (m_comparison.mismatches > 0 && !m_listener)
+    // The values become text only for those who want them.
+    template <typename AddValues>
+    void mismatch(const DataPath& path, const char* what, AddValues addValuesTo) {
+        if (m_comparison.mismatches > 0 && !m_listener) {
             ++m_comparison.mismatches;
-        else
-            m_comparison.addMismatch(path.mismatch(what), m_listener);
+            return;
+        }
+        Mismatch found = path.mismatch(what);
+        addValuesTo(found);
+        m_comparison.addMismatch(std::move(found), m_listener);
     }
 
     Comparison& m_comparison;

@@ -1,5 +1,6 @@
 // Compares the data of two attributes leaf by leaf and bit by bit; of arrays, also the number of
-// elements and their logical indices. A NaN equals one of the same bits; 0.0 does not equal -0.0.
+// elements and their logical indices. A NaN equals one of the same bits; 0.0 does not equal -0.0. A
+// leaf that still is as `spoilData` left it is said not to be written.
 #pragma once
 
 #include "tools/node/DataShape.h"

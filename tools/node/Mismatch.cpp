@@ -7,4 +7,11 @@ std::string placeOf(const Mismatch& mismatch) {
     return mismatch.port + (joins ? "" : ".") + mismatch.path;
 }
 
+std::string inOneLine(const Mismatch& mismatch) {
+    std::string line = placeOf(mismatch) + ": " + mismatch.what;
+    if (!mismatch.expected.empty()) line += ": " + mismatch.expected + " went in";
+    if (!mismatch.actual.empty()) line += ", " + mismatch.actual + " came back";
+    return line;
+}
+
 }  // namespace Tolvane::Tools

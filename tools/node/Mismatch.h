@@ -46,6 +46,9 @@ using MismatchListener = std::function<void(const Mismatch&)>;
 // The port and the path, such as "outFace.pins.names[3]".
 std::string placeOf(const Mismatch& mismatch);
 
+// All of it, such as "outFace.label: differs: "a" went in, "b" came back".
+std::string inOneLine(const Mismatch& mismatch);
+
 // A mismatch of a run.
 struct FoundMismatch {
     std::string typeName;

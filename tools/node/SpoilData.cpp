@@ -53,6 +53,27 @@ void spoilOne(const DataPlace& place) {
 
 }  // namespace
 
+bool isSpoilt(const DataPlace& leaf) {
+    switch (leaf.shape.kind) {
+        case DataShape::Kind::Matrix:
+            return leaf.handle.asMatrix() == kSpoiltMatrix;
+        case DataShape::Kind::String:
+            return leaf.handle.asString() == kSpoiltText;
+        case DataShape::Kind::Double:
+            return leaf.handle.asDouble() == kSpoiltNumber;
+        case DataShape::Kind::Int:
+            return leaf.handle.asInt() == kSpoiltInteger;
+        case DataShape::Kind::Enum:
+            return leaf.handle.asShort() == kSpoiltChoice;
+        case DataShape::Kind::Bool:
+        case DataShape::Kind::Compound:
+        case DataShape::Kind::Empty:
+        case DataShape::Kind::Unknown:
+            break;
+    }
+    return false;
+}
+
 void spoilData(const DataPlace& place) {
     if (place.handle.isNull()) return;
     if (!place.shape.isArray) return spoilOne(place);

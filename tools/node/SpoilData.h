@@ -10,4 +10,7 @@ namespace Tolvane::Tools {
 // their elements.
 void spoilData(const DataPlace& place);
 
+// Whether a leaf still has the value that `spoilData` gave it. Never true of a bool.
+bool isSpoilt(const DataPlace& leaf);
+
 }  // namespace Tolvane::Tools

@@ -27,7 +27,7 @@ Json jsonOf(const TypeResult& type, std::size_t evaluated) {
             {"attributes", type.attributeCount},
             {"leavesCompared", type.comparison.leavesCompared},
             {"mismatches", type.comparison.mismatches},
-            {"firstMismatch", first ? placeOf(*first) + ": " + first->what : ""},
+            {"firstMismatch", first ? inOneLine(*first) : ""},
             {"nsFromHost", mean(type.fromHost)},
             {"nsToHost", mean(type.toHost)}};
 }

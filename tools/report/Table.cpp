@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <sstream>
 
 namespace Tolvane::Tools {
 namespace {
@@ -49,20 +48,6 @@ std::string grouped(std::size_t number) {
         digits.insert(place, ",");
     }
     return digits;
-}
-
-std::string wrapped(const std::string& text, std::size_t indent, std::size_t width) {
-    std::istringstream words(text);
-    std::string lines, line, word;
-    while (words >> word) {
-        const bool full = !line.empty() && indent + line.size() + 1 + word.size() > width;
-        if (full) {
-            lines += std::string(indent, ' ') + line + "\n";
-            line.clear();
-        }
-        line += (line.empty() ? "" : " ") + word;
-    }
-    return lines + std::string(indent, ' ') + line;
 }
 
 }  // namespace Tolvane::Tools

@@ -30,8 +30,4 @@ private:
 // 1234567 as "1,234,567".
 std::string grouped(std::size_t number);
 
-// Breaks text at blanks into lines of at most `width` characters, indent included. A word that is
-// longer has a line of its own.
-std::string wrapped(const std::string& text, std::size_t indent, std::size_t width);
-
 }  // namespace Tolvane::Tools

@@ -1,5 +1,6 @@
 #include "tools/report/Report.h"
 #include "tools/report/Table.h"
+#include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 #include <algorithm>
@@ -66,8 +67,7 @@ void printFirstMismatches(std::ostream& out, const RunResult& result) {
         if (!mismatch) continue;
         const std::string afterPort = mismatch->path + ": " + mismatch->what;
         if (said.count(type.typeName + afterPort) != 0) continue;
-        out << "First mismatch of " << type.typeName << ": "
-            << oneLine(placeOf(*mismatch) + ": " + mismatch->what) << "\n";
+        out << "First mismatch of " << type.typeName << ": " << inOneLine(*mismatch) << "\n";
         if (type.attributeCount == 0) said.insert("array<" + type.typeName + ">" + afterPort);
     }
 }
@@ -121,7 +121,7 @@ void printIntroduction(std::ostream& out, const PluginSummary& plugin, const Rig
         << counted(rig.limbs, "limb", "limbs") << ", " << counted(rig.frames, "frame", "frames")
         << " at " << rate(rig.framesPerSecond) << " per second\n"
         << "Ports    " << portNames.size() << " added:\n"
-        << wrapped(joined(portNames), 11, 100) << "\n\n"
+        << wrapped(joined(portNames), 11) << "\n\n"
         << std::flush;
 }
 
