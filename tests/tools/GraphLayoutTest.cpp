@@ -60,7 +60,7 @@ TEST(GraphLayout, PadsMembersAsTheCompilerDoes) {
 template <typename Held>
 std::string check(const Held& held, const char* typeName) {
     const auto value = Pelmor::AnyValue::holding(held);
-    return wrongElementSize(value, Pelmor::Library().getType(typeName)).value_or("");
+    return ElementLayout(Pelmor::Library().getType(typeName)).misfitOf(value).value_or("");
 }
 
 TEST(GraphLayout, FindsElementsOfAnotherSize) {
@@ -79,7 +79,7 @@ TEST(GraphLayout, TakesNothingForAnArrayThatIsNone) {
     const char* type = "array<Rigging::Module::Outputs>";
     EXPECT_EQ(check(Pins(), type), "");
     EXPECT_EQ(check(Pelmor::SharedArray<Pins>(), type), "");
-    EXPECT_FALSE(wrongElementSize(Pelmor::AnyValue(), Pelmor::Library().getType(type)));
+    EXPECT_FALSE(ElementLayout(Pelmor::Library().getType(type)).misfitOf(Pelmor::AnyValue()));
 }
 
 }  // namespace

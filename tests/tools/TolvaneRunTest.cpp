@@ -64,7 +64,7 @@ TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
     ASSERT_THAT(report["types"], SizeIs(report["plugin"]["types"].size()));
     for (const Json& type : report["types"])
         EXPECT_THAT(keysOf(type), ElementsAre("name", "attributes", "leavesCompared", "mismatches",
-                                              "firstMismatch", "nsFromHost", "nsToHost"));
+                                              "firstMismatch", "medianProcessorNs"));
 }
 
 TEST_F(TolvaneRun, PrintsWhatWasLoadedAndFoundAsJson) {
@@ -91,8 +91,8 @@ TEST_F(TolvaneRun, ComparesEveryLeafOfEveryType) {
         EXPECT_EQ(result(report, name)["attributes"], attributes) << name;
         EXPECT_EQ(result(report, name)["leavesCompared"], leaves) << name;
         EXPECT_EQ(result(report, "array<" + name + ">")["leavesCompared"], arrayLeaves) << name;
-        EXPECT_GT(result(report, name)["nsFromHost"], 0) << name;
-        EXPECT_GT(result(report, name)["nsToHost"], 0) << name;
+        EXPECT_GT(result(report, name)["medianProcessorNs"]["fromHost"], 0) << name;
+        EXPECT_GT(result(report, name)["medianProcessorNs"]["toHost"], 0) << name;
     };
     const auto named = [](int count) { return count * (1 + 8); };
     const int pins = 5 * 2;
@@ -196,7 +196,7 @@ TEST_P(TolvaneRunWithFaultyLibrary, ReportsMismatchesAndFails) {
 INSTANTIATE_TEST_SUITE_P(EachFault, TolvaneRunWithFaultyLibrary,
                          testing::Values("writes a wrong name", "writes nothing",
                                          "writes only once", "refuses to write", "reads nothing",
-                                         "adds no port"));
+                                         "adds no port", "empties what it reads"));
 
 TEST_F(TolvaneRun, FindsOutputsThatAreRightOnlyBecauseAnEarlierFrameWroteThem) {
     const std::string waiting = folder.write("rig.bvh", waitingBvh());
@@ -204,6 +204,17 @@ TEST_F(TolvaneRun, FindsOutputsThatAreRightOnlyBecauseAnEarlierFrameWroteThem) {
     // In the second frame, every name and matrix of five pins.
     EXPECT_EQ(report["evaluated"], 2);
     EXPECT_EQ(report["mismatches"], 5 * 2);
+}
+
+// What comes back is as empty as what is left of the input, and equal to it.
+TEST_F(TolvaneRun, FindsInputsThatDoNotHoldWhatTheyWereFilledWith) {
+    const Json report =
+        jsonOf({rig(), "--plugin", FAULTY_LIBRARY, "--churn"}, 1, "empties what it reads");
+    // Under churn nothing is to be filled in one of four frames.
+    EXPECT_EQ(report["mismatches"], 3);
+    EXPECT_EQ(
+        result(report, "Rigging::Module::Pins")["firstMismatch"],
+        "inPins.names: does not hold as many elements as were put in: 5 went in, 0 came back");
 }
 
 TEST_F(TolvaneRun, TakesAFaultlessLibraryOfAnotherName) {

@@ -28,10 +28,13 @@ void resize(const VDataHandle& handle, std::size_t size) {
 }
 
 template <typename FillElement>
-void fillElements(const DataPlace& place, std::size_t count, FillElement fillElement) {
+void fillElements(const DataPlace& place, std::size_t count, ElementCounts& counts,
+                  FillElement fillElement) {
+    counts.push_back(count);
     resize(place.handle, count);
     VArrayDataHandle array(place.handle);
-    for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t present = std::min<std::size_t>(count, array.elementCount());
+    for (std::size_t i = 0; i < present; ++i) {
         fillElement(DataPlace{place.shape, array.outputValue()}, i);
         array.next();
     }
@@ -65,15 +68,15 @@ JointGroup elementGroup(const JointList& joints, std::size_t index) {
     return group;
 }
 
-void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
-          std::uint64_t seed);
+void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group, std::uint64_t seed,
+          ElementCounts& counts);
 
 void fillOne(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
-             std::uint64_t seed) {
+             std::uint64_t seed, ElementCounts& counts) {
     switch (plan.content) {
         case Content::Record:
             for (std::size_t i = 0; i < plan.members.size(); ++i)
-                fill(plan.members[i], place.child(i), group, seed);
+                fill(plan.members[i], place.child(i), group, seed, counts);
             break;
         case Content::GroupName:
             fillName(place, group, plan.number);
@@ -94,9 +97,9 @@ void fillOne(const FillPlan& plan, const DataPlace& place, const JointGroup& gro
 }
 
 void fillArray(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
-               std::uint64_t seed) {
+               std::uint64_t seed, ElementCounts& counts) {
     const JointList joints = chooseJoints(group.joints, plan.choice);
-    fillElements(place, joints.size(), [&](DataPlace element, std::size_t i) {
+    fillElements(place, joints.size(), counts, [&](DataPlace element, std::size_t i) {
         const PosedJoint& joint = *joints[i];
         switch (plan.content) {
             case Content::JointNames:
@@ -108,29 +111,32 @@ void fillArray(const FillPlan& plan, const DataPlace& place, const JointGroup& g
             case Content::JointTransforms:
                 return fillTransform(element, joint);
             default:
-                return fillOne(plan, element, elementGroup(joints, i), seedOf(seed, i));
+                return fillOne(plan, element, elementGroup(joints, i), seedOf(seed, i), counts);
         }
     });
 }
 
-void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
-          std::uint64_t seed) {
+void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group, std::uint64_t seed,
+          ElementCounts& counts) {
     if (plan.content == Content::None) return;
     if (place.shape.isArray)
-        fillArray(plan, place, group, seed);
+        fillArray(plan, place, group, seed, counts);
     else
-        fillOne(plan, place, group, seed);
+        fillOne(plan, place, group, seed, counts);
 }
 
 }  // namespace
 
-void fillInput(const FillPlan& plan, const DataPlace& port, const FrameData& data,
-               std::uint64_t seed) {
+ElementCounts fillInput(const FillPlan& plan, const DataPlace& port, const FrameData& data,
+                        std::uint64_t seed) {
+    ElementCounts counts;
     if (!port.shape.isArray || port.shape.kind != DataShape::Kind::Compound)
-        return fill(plan, port, data.rig, seed);
-    fillElements(port, data.limbs.size(), [&](const DataPlace& element, std::size_t i) {
-        fillOne(plan, element, data.limbs[i], seedOf(seed, i));
-    });
+        fill(plan, port, data.rig, seed, counts);
+    else
+        fillElements(port, data.limbs.size(), counts, [&](const DataPlace& element, std::size_t i) {
+            fillOne(plan, element, data.limbs[i], seedOf(seed, i), counts);
+        });
+    return counts;
 }
 
 JointList chooseJoints(const JointList& joints, std::size_t choice) {

@@ -91,16 +91,20 @@ std::optional<std::size_t> elementSizeOf(const Pelmor::AnyValue& value) {
 
 std::size_t sizeOf(const Pelmor::Type& type) { return layoutOf(type).size; }
 
-std::optional<std::string> wrongElementSize(const Pelmor::AnyValue& value,
-                                            const Pelmor::Type& type) {
-    if (type.getTypeKind() != Pelmor::TypeKind::Array) return std::nullopt;
+ElementLayout::ElementLayout(const Pelmor::Type& type) {
+    if (type.getTypeKind() != Pelmor::TypeKind::Array) return;
     const Pelmor::Type element = Pelmor::ArrayType(type).getElementType();
-    if (element.getTypeKind() != Pelmor::TypeKind::Struct) return std::nullopt;
+    if (element.getTypeKind() != Pelmor::TypeKind::Struct) return;
+    m_elementName = element.getFullyQualifiedName().c_str();
+    m_size = sizeOf(element);
+}
+
+std::optional<std::string> ElementLayout::misfitOf(const Pelmor::AnyValue& value) const {
+    if (m_elementName.empty()) return std::nullopt;
     const auto actual = elementSizeOf(value);
-    const std::size_t expected = sizeOf(element);
-    if (!actual || *actual == expected) return std::nullopt;
+    if (!actual || *actual == m_size) return std::nullopt;
     return "an element has " + std::to_string(*actual) + " bytes, and the graph's " +
-           element.getFullyQualifiedName().c_str() + " has " + std::to_string(expected) +
+           m_elementName + " has " + std::to_string(m_size) +
            ": is the struct declared as the graph has it?";
 }
 

@@ -14,10 +14,21 @@ namespace Tolvane::Tools {
 // In bytes, as a C++ struct with the members of the type has it.
 std::size_t sizeOf(const Pelmor::Type& type);
 
-// What is wrong if `value` is an array whose elements have another size than those of `type`, an
-// array of structs. Nothing also where the size cannot be told: a record that is held by itself
-// says nothing of its size.
-std::optional<std::string> wrongElementSize(const Pelmor::AnyValue& value,
-                                            const Pelmor::Type& type);
+// Of an array of structs, what the graph takes an element to be. It is worked out once, because
+// values of the type come by the thousand.
+class ElementLayout {
+public:
+    explicit ElementLayout(const Pelmor::Type& type);
+
+    // What is wrong if `value` is an array whose elements have another size than those of the type.
+    // Nothing also where the size cannot be told: a record that is held by itself says nothing of
+    // its size.
+    std::optional<std::string> misfitOf(const Pelmor::AnyValue& value) const;
+
+private:
+    // Empty of any other type.
+    std::string m_elementName;
+    std::size_t m_size = 0;
+};
 
 }  // namespace Tolvane::Tools

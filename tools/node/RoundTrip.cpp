@@ -1,8 +1,7 @@
 #include "tools/node/RoundTrip.h"
 
 #include "tools/node/DataPath.h"
-#include "tools/node/FillInputs.h"
-#include "tools/node/GraphLayout.h"
+#include "tools/node/FindUnfilled.h"
 #include "tools/node/ShapeMisfit.h"
 #include "tools/node/SpoilData.h"
 
@@ -32,7 +31,8 @@ std::vector<std::string> typeNamesOf(const TavrikGraph::Executor::TypeTranslatio
 
 RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
                      const Pelmor::Library& library)
-    : m_node(translation, "roundTrip",
+    : m_translation(translation),
+      m_node(m_translation, "roundTrip",
              [this](const auto& inputs, const auto& outputs) { handOver(inputs, outputs); }),
       m_data(VFnDependencyNode(m_node.hostNode()).dataBlock()) {
     std::vector<Pelmor::Type> arrays;
@@ -51,9 +51,9 @@ RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
 
 void RoundTrip::carry(const FrameData& data, const Listener& listener) {
     const std::size_t seed = m_evaluations++;
-    for (const PortPair& pair : m_pairs) {
+    for (PortPair& pair : m_pairs) {
         const DataPlace input = place(pair.input);
-        fillInput(pair.plan, input, data, seed);
+        pair.filled = fillInput(pair.plan, input, data, seed);
         m_data.setDirty(input.shape.plug.attribute());
         // Otherwise a value left by an earlier evaluation could pass for one that was written now.
         spoilData(place(pair.output));
@@ -72,7 +72,9 @@ void RoundTrip::addPorts(const Pelmor::Type& type) {
     if (!input) return;
     result.attributeCount = attributeCount(input->shape);
     const auto output = addPort("out" + name, Direction::Output, type, result);
-    if (output) m_pairs.push_back({planFor(input->shape), m_results.size() - 1, *input, *output});
+    if (output)
+        m_pairs.push_back(
+            {planFor(input->shape), m_results.size() - 1, *input, *output, ElementLayout(type)});
 }
 
 // "Pins" for "Rigging::Module::Pins" and "PinsArray" for arrays of it; with a number behind it
@@ -139,13 +141,17 @@ void RoundTrip::judge(const PortPair& pair, const Listener& listener) {
     const auto fails = [&](const DataShape& port, const std::string& why) {
         result.comparison.addMismatch(DataPath(port.name).mismatch(why), typeListener);
     };
-    result.fromHost += input.duration;
-    result.toHost += output.duration;
+    if (m_evaluated) {
+        result.fromHost.add(m_translation.timeOf(input.plug));
+        result.toHost.add(m_translation.timeOf(output.plug));
+    }
     if (!m_evaluated) return fails(pair.output.shape, "was not evaluated");
     if (!input.translated) return fails(pair.input.shape, "was not translated");
     // Ahead of all that may follow from it.
-    if (const auto wrongSize = wrongElementSize(input.value, input.type))
+    if (const auto wrongSize = pair.elements.misfitOf(input.value))
         fails(pair.input.shape, *wrongSize);
+    if (auto unfilled = findUnfilled(place(pair.input), pair.filled))
+        result.comparison.addMismatch(std::move(*unfilled), typeListener);
     if (!output.translated) return fails(pair.output.shape, "was not translated");
     compareData(place(pair.input), place(pair.output), result.comparison, typeListener);
 }

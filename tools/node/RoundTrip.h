@@ -4,14 +4,17 @@
 #pragma once
 
 #include "tools/node/CompareData.h"
+#include "tools/node/FillInputs.h"
 #include "tools/node/FillPlan.h"
 #include "tools/node/FrameData.h"
+#include "tools/node/GraphLayout.h"
+#include "tools/node/MedianTime.h"
+#include "tools/node/TimedTranslation.h"
 
 #include <OpenVornik/VDataBlock.h>
 #include <Pelmor/Library.h>
 #include <TavrikGraph/Executor/GraphNode.h>
 
-#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -25,11 +28,11 @@ namespace Tolvane::Tools {
 struct TypeResult {
     std::string typeName;
     std::size_t attributeCount = 0;
-    // Summed over all evaluations, like the times. A port that is missing or was not translated is
-    // a mismatch too.
+    // Summed over all evaluations. A port that is missing or was not translated is a mismatch too.
     Comparison comparison = {};
-    std::chrono::nanoseconds fromHost{};
-    std::chrono::nanoseconds toHost{};
+    // Processor time of an evaluation.
+    MedianTime fromHost = {};
+    MedianTime toHost = {};
 };
 
 class RoundTrip {
@@ -71,6 +74,9 @@ private:
         std::size_t result;
         Port input;
         Port output;
+        ElementLayout elements;
+        // What the last filling put into the input.
+        ElementCounts filled = {};
     };
 
     // The array that a skeleton is drawn from.
@@ -93,6 +99,7 @@ private:
     // For each output port, the index of the input port whose value it takes.
     std::vector<std::size_t> m_sources;
     bool m_evaluated = false;
+    TimedTranslation m_translation;
     TavrikGraph::Executor::GraphNode m_node;
     VDataBlock m_data;
     std::set<std::string> m_portNames;

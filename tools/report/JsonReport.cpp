@@ -1,7 +1,6 @@
 #include "tools/report/Report.h"
 #include "tools/support/OneLine.h"
 
-#include <algorithm>
 #include <ostream>
 
 #include <nlohmann/json.hpp>
@@ -17,19 +16,16 @@ Json jsonOf(const Error& error) {
             {"file", error.file().empty() ? Json() : Json(error.file())}};
 }
 
-Json jsonOf(const TypeResult& type, std::size_t evaluated) {
-    const auto mean = [evaluated](std::chrono::nanoseconds sum) {
-        return static_cast<double>(sum.count()) /
-               static_cast<double>(std::max<std::size_t>(evaluated, 1));
-    };
+Json jsonOf(const TypeResult& type) {
     const auto& first = type.comparison.firstMismatch;
-    return {{"name", type.typeName},
-            {"attributes", type.attributeCount},
-            {"leavesCompared", type.comparison.leavesCompared},
-            {"mismatches", type.comparison.mismatches},
-            {"firstMismatch", first ? inOneLine(*first) : ""},
-            {"nsFromHost", mean(type.fromHost)},
-            {"nsToHost", mean(type.toHost)}};
+    return {
+        {"name", type.typeName},
+        {"attributes", type.attributeCount},
+        {"leavesCompared", type.comparison.leavesCompared},
+        {"mismatches", type.comparison.mismatches},
+        {"firstMismatch", first ? inOneLine(*first) : ""},
+        {"medianProcessorNs",
+         {{"fromHost", type.fromHost.median().count()}, {"toHost", type.toHost.median().count()}}}};
 }
 
 // JSON is UTF-8, which file names and messages need not be.
@@ -42,7 +38,7 @@ std::string textOf(const Json& json, int indent = 2) {
 void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
                const RunResult& result) {
     Json types = Json::array();
-    for (const TypeResult& type : result.types) types.push_back(jsonOf(type, result.evaluated));
+    for (const TypeResult& type : result.types) types.push_back(jsonOf(type));
     Json report{{"plugin",
                  {{"path", plugin.path}, {"name", plugin.name}, {"types", Json(plugin.typeNames)}}},
                 {"rig",

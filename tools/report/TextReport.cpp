@@ -30,13 +30,10 @@ std::string rate(double framesPerSecond) {
     return text.str();
 }
 
-// The mean of all evaluations, in microseconds.
-std::string meanTime(std::chrono::nanoseconds sum, std::size_t evaluations) {
-    const double mean = static_cast<double>(sum.count()) / 1e3 /
-                        static_cast<double>(std::max<std::size_t>(evaluations, 1));
+std::string inMicroseconds(const MedianTime& time) {
     std::ostringstream text;
     text.precision(1);
-    text << std::fixed << mean << " µs";
+    text << std::fixed << static_cast<double>(time.median().count()) / 1e3 << " µs";
     return text.str();
 }
 
@@ -44,10 +41,9 @@ void printTable(std::ostream& out, const RunResult& result) {
     if (result.types.empty()) return;
     Table table({"Graph type", "Attributes", "Leaves", "From host", "To host", "Mismatches"});
     for (const TypeResult& type : result.types)
-        table.addRow(
-            {type.typeName, grouped(type.attributeCount), grouped(type.comparison.leavesCompared),
-             meanTime(type.fromHost, result.evaluated), meanTime(type.toHost, result.evaluated),
-             grouped(type.comparison.mismatches)});
+        table.addRow({type.typeName, grouped(type.attributeCount),
+                      grouped(type.comparison.leavesCompared), inMicroseconds(type.fromHost),
+                      inMicroseconds(type.toHost), grouped(type.comparison.mismatches)});
     table.print(out);
     out << "\n";
 }

@@ -27,6 +27,7 @@ public:
     bool translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
                            const HostContext& context) const noexcept override {
         if (hasFault("reads nothing") && isPort(context, "inPins")) return false;
+        if (hasFault("empties what it reads") && isPort(context, "inPins")) emptyNames(context);
         return plugin().translateFromHost(type, value, context);
     }
 
@@ -64,6 +65,14 @@ private:
     static VDataHandle firstName(const HostContext& context) {
         const VDataHandle pins = context.dataBlock->outputValue(*context.plug);
         return VArrayDataHandle(pins.child(context.plug->child(0))).outputValue();
+    }
+
+    static void emptyNames(const HostContext& context) {
+        const VDataHandle pins = context.dataBlock->outputValue(*context.plug);
+        VArrayDataHandle names(pins.child(context.plug->child(0)));
+        VArrayDataBuilder builder = names.builder();
+        for (unsigned i = 0; i < names.elementCount(); ++i) builder.removeElement(i);
+        names.set(builder);
     }
 
     TypeTranslation& plugin() const { return m_library.translation(); }

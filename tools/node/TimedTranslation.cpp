@@ -1,0 +1,74 @@
+#include "tools/node/TimedTranslation.h"
+
+#include <ctime>
+
+namespace Tolvane::Tools {
+
+using namespace TavrikGraph::Executor;
+
+std::chrono::nanoseconds processorTime() noexcept {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+std::chrono::nanoseconds TimedTranslation::timeOf(const VPlug& plug) const {
+    const auto found = m_times.find(&plug);
+    return found == m_times.end() ? std::chrono::nanoseconds() : found->second;
+}
+
+template <typename Translate>
+bool TimedTranslation::timed(const VPlug* plug, Translate translate) const noexcept {
+    const auto start = processorTime();
+    const bool translated = translate();
+    const auto end = processorTime();
+    m_times[plug] = end - start;
+    return translated;
+}
+
+bool TimedTranslation::translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
+                                         const HostContext& context) const noexcept {
+    return timed(context.plug,
+                 [&] { return m_translation.translateFromHost(type, value, context); });
+}
+
+bool TimedTranslation::translateToHost(const Pelmor::AnyValue& value,
+                                       const HostContext& context) const noexcept {
+    return timed(context.plug, [&] { return m_translation.translateToHost(value, context); });
+}
+
+void TimedTranslation::getSupportedTypes(
+    const Pelmor::Library& library, Pelmor::EntityIndexedList<Pelmor::Type>& types) const noexcept {
+    m_translation.getSupportedTypes(library, types);
+}
+
+void TimedTranslation::getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept {
+    m_translation.getSupportedTypeNames(names);
+}
+
+bool TimedTranslation::portAdded(const Pelmor::String& portName, PortDirection direction,
+                                 const Pelmor::Type& type, std::uint32_t portIndex,
+                                 std::uint32_t portFlags, NodeEditContext* context) const noexcept {
+    return m_translation.portAdded(portName, direction, type, portIndex, portFlags, context);
+}
+
+bool TimedTranslation::portRemoved(const Pelmor::String& nodeName,
+                                   const Pelmor::String& portName) const noexcept {
+    return m_translation.portRemoved(nodeName, portName);
+}
+
+bool TimedTranslation::portRenamed(const Pelmor::String& nodeName,
+                                   const Pelmor::String& oldPortName,
+                                   const Pelmor::String& newPortName) const noexcept {
+    return m_translation.portRenamed(nodeName, oldPortName, newPortName);
+}
+
+bool TimedTranslation::registerHostPlugins(const PluginHostData* host) const noexcept {
+    return m_translation.registerHostPlugins(host);
+}
+
+bool TimedTranslation::unregisterHostPlugins(const PluginHostData* host) const noexcept {
+    return m_translation.unregisterHostPlugins(host);
+}
+
+}  // namespace Tolvane::Tools
