@@ -1,6 +1,7 @@
 // `tolvane run` from outside, with the built plugin.
 
 #include "tests/tools/TolvaneRun.h"
+#include "tools/support/Columns.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,6 +31,12 @@ Json jsonOf(std::vector<std::string> arguments, int status = 0, const std::strin
     return Json::parse(process.output);
 }
 
+void expectLinesThatFit(const std::string& output) {
+    std::istringstream lines(output);
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_LE(Tolvane::Tools::columnsOf(line), 80U) << line;
+}
+
 Json result(const Json& report, const std::string& typeName) {
     for (const Json& type : report["types"])
         if (type["name"] == typeName) return type;
@@ -40,8 +47,8 @@ TEST_F(TolvaneRun, PrintsItsHelp) {
     const TolvaneProcess process = runTolvane({"run", "--help"});
     EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.errors, "");
-    for (const char* option :
-         {"--frames", "--fps", "--animation", "--churn", "--svg", "--json", "--plugin", "--types"})
+    for (const char* option : {"--frames", "--fps", "--animation", "--churn", "--svg", "--json",
+                               "--plugin", "--types", "-q,--quiet", "--verbose"})
         EXPECT_THAT(process.output, HasSubstr(option));
 }
 
@@ -57,10 +64,13 @@ TEST_F(TolvaneRun, RunsTheBundledExampleIfNoFileIsNamed) {
 
 TEST_F(TolvaneRun, PrintsJsonWithTheseKeysAndNoOthers) {
     const Json report = jsonOf({rig()});
-    EXPECT_THAT(keysOf(report), ElementsAre("plugin", "rig", "types", "notTried", "notCarried",
-                                            "hostMessages", "evaluated", "mismatches", "ok"));
+    EXPECT_THAT(keysOf(report),
+                ElementsAre("plugin", "rig", "types", "notTried", "notCarried", "hostMessages",
+                            "evaluated", "mismatches", "firstMismatches", "ok"));
     EXPECT_THAT(keysOf(report["plugin"]), ElementsAre("path", "name", "types"));
-    EXPECT_THAT(keysOf(report["rig"]), ElementsAre("file", "joints", "limbs", "frames", "fps"));
+    EXPECT_THAT(keysOf(report["rig"]),
+                ElementsAre("file", "joints", "limbs", "hasSkeleton", "animation", "frames", "fps",
+                            "upAxis", "metresPerUnit"));
     ASSERT_THAT(report["types"], SizeIs(report["plugin"]["types"].size()));
     for (const Json& type : report["types"])
         EXPECT_THAT(keysOf(type), ElementsAre("name", "attributes", "leavesCompared", "mismatches",
@@ -141,11 +151,11 @@ TEST_F(TolvaneRun, PrintsATableWithARowForEachType) {
     std::istringstream lines(output.substr(output.find("Graph type")));
     std::string head, rule, row;
     std::getline(lines, head);
-    EXPECT_THAT(head, AllOf(HasSubstr("Attributes"), HasSubstr("Leaves"), HasSubstr("From host"),
-                            HasSubstr("To host"), HasSubstr("Mismatches")));
+    EXPECT_THAT(head, AllOf(HasSubstr("Values"), HasSubstr("From host"), HasSubstr("To host"),
+                            HasSubstr("Wrong")));
     std::getline(lines, rule);
     std::size_t rows = 0;
-    while (std::getline(lines, row) && !row.empty()) {
+    while (std::getline(lines, row) && row.find("Times are processor time") != 0) {
         EXPECT_THAT(row, AllOf(HasSubstr("::"), HasSubstr(" µs "), testing::EndsWith(" 0")));
         ++rows;
     }
@@ -190,7 +200,8 @@ TEST_P(TolvaneRunWithFaultyLibrary, ReportsMismatchesAndFails) {
                                               std::string("TOLVANE_TEST_FAULT=") + GetParam());
     EXPECT_EQ(process.status, 1);
     EXPECT_THAT(process.output, HasSubstr("FAILED"));
-    EXPECT_THAT(process.output, HasSubstr("First mismatch of Rigging::Module::Pins: "));
+    EXPECT_THAT(process.output, HasSubstr("\n  Rigging::Module::Pins\n    "));
+    expectLinesThatFit(process.output);
 }
 
 INSTANTIATE_TEST_SUITE_P(EachFault, TolvaneRunWithFaultyLibrary,
@@ -236,6 +247,10 @@ protected:
             {"name": "transforms", "type": "array<Core::Transform::Transform>"})" +
                                               furtherMember + "]}" + furtherType + "]}");
     }
+    static Json absentFace() {
+        return Json::array(
+            {{{"name", "Absent::Face"}, {"reason", "the graph does not know it (see --types)"}}});
+    }
     std::vector<std::string> arguments() { return {rig(), "--plugin", STUDIO_LIBRARY}; }
     std::vector<std::string> arguments(const std::string& typesFile) {
         return {rig(), "--plugin", STUDIO_LIBRARY, "--types", typesFile};
@@ -248,7 +263,7 @@ TEST_F(TolvaneRunWithStudioLibrary, CarriesWhatTheLibraryNamesAndTheTypesFileDes
     EXPECT_EQ(report["types"][0]["name"], "Studio::Face");
     EXPECT_EQ(report["types"][1]["name"], "array<Studio::Face>");
     EXPECT_EQ(report["types"][0]["leavesCompared"], 4 * (1 + 5 + 2 * 5 + 8 * 5));
-    EXPECT_EQ(report["notTried"], Json::array({"Absent::Face"}));
+    EXPECT_EQ(report["notTried"], absentFace());
     EXPECT_EQ(report["ok"], true);
 
     std::vector<std::string> churned = arguments(types());
@@ -257,11 +272,10 @@ TEST_F(TolvaneRunWithStudioLibrary, CarriesWhatTheLibraryNamesAndTheTypesFileDes
     EXPECT_THAT(readFile(folder.path("out.svg")), testing::StartsWith("<svg "));
     const std::string output =
         runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", types()}).output;
-    EXPECT_THAT(output, HasSubstr("inFace, outFace, inFaceArray, outFaceArray"));
     EXPECT_THAT(
         output,
         HasSubstr("\nNot tried, for the graph does not know it (see --types): Absent::Face\n"));
-    EXPECT_THAT(output, testing::EndsWith(": all came back as they went in, 1 type not tried.\n"));
+    EXPECT_THAT(output, testing::EndsWith(" as they went in. 1 type not\ntried.\n"));
 }
 
 TEST_F(TolvaneRunWithStudioLibrary, FindsAMemberThatIsLostOnTheWay) {
@@ -297,8 +311,8 @@ TEST_F(TolvaneRunWithStudioLibrary, SaysOnceWhichMemberHasNoFittingAttribute) {
     const TolvaneProcess process =
         runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", file});
     EXPECT_EQ(process.status, 1);
-    EXPECT_THAT(process.output, HasSubstr("\nFirst mismatch of Studio::Face: inFace.modes: is an "
-                                          "int, not array<int>\n4 evaluations, "));
+    EXPECT_THAT(process.output, HasSubstr("\n2 mismatches:\n  Studio::Face\n    inFace.modes is an "
+                                          "int, not array<int>\n\nFAILED: 4 evaluations, "));
 }
 
 // The port of its type has a number behind its name, which another type has taken.
@@ -312,7 +326,8 @@ TEST_F(TolvaneRunWithStudioLibrary, FailsForATypeThatGetsNoValueOrNoFittingAttri
         EXPECT_EQ(result(report, "Studio::Face")["mismatches"], 0) << type;
         EXPECT_EQ(report["notTried"], Json::array());
         const std::string output =
-            runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", file}).output;
+            runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--types", file, "--verbose"})
+                .output;
         EXPECT_THAT(output, AllOf(HasSubstr("inFace, "), HasSubstr("inFace2, outFace2, ")));
     }
 }
@@ -321,13 +336,13 @@ TEST_F(TolvaneRunWithStudioLibrary, FailsIfNoTypeCouldBeTried) {
     const std::string fault = "names nothing known";
     const Json report = jsonOf(arguments(types()), 1, fault);
     EXPECT_EQ(report["types"], Json::array());
-    EXPECT_EQ(report["notTried"], Json::array({"Absent::Face"}));
+    EXPECT_EQ(report["notTried"], absentFace());
     EXPECT_EQ(report["ok"], false);
     const TolvaneProcess process =
         runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY}, "TOLVANE_TEST_FAULT=" + fault);
     EXPECT_EQ(process.status, 1);
-    EXPECT_THAT(process.output, testing::EndsWith("FAILED: no type was tried. The library names "
-                                                  "only types that the graph does not know.\n"));
+    EXPECT_THAT(process.output, testing::EndsWith("FAILED: no type was tried. The graph knows "
+                                                  "none that the library names.\n"));
 }
 
 TEST_F(TolvaneRun, ReportsMessagesOfTheHostAndFails) {

@@ -18,7 +18,7 @@ namespace {
 bool carryOut(int count, const char* const* arguments) {
     CLI::App app("Runs rigs through TolvanePlugin, from the host into the graph and back.");
     app.name("tolvane");
-    app.set_version_flag("--version", "tolvane " TOLVANE_VERSION);
+    app.set_version_flag("-V,--version", "tolvane " TOLVANE_VERSION);
     const std::vector<Command> commands{addRun(app)};
 
     const auto named = [&] {

@@ -29,11 +29,10 @@ void exchange(Message& message, AnyEvaluation& evaluation) {
 // What the run and the library have left once the library is gone.
 struct Findings {
     PluginSummary plugin;
-    std::vector<std::string> ports;
     RunResult run;
 };
 
-RunListener listenerFor(Findings& findings, const RunArguments& arguments, ChildSide& self) {
+RunListener listenerFor(const RunArguments& arguments, ChildSide& self) {
     RunListener listener;
     listener.begins = [&](const RoundTrip& roundTrip) {
         if (arguments.picture && !roundTrip.carriesASkeleton())
@@ -41,7 +40,6 @@ RunListener listenerFor(Findings& findings, const RunArguments& arguments, Child
                         *arguments.picture +
                             ": cannot be drawn: no port carries a record with an "
                             "array of transforms");
-        findings.ports = roundTrip.portNames();
         self.enter(Stage::Evaluating);
     };
     listener.evaluates = [&self](std::size_t frame) { self.atFrame(frame); };
@@ -68,7 +66,7 @@ Findings useLibrary(const Rig& rig, const RunArguments& arguments, const RunOpti
         WatchedTranslation translation(library.translation(), self);
         findings.plugin = summarise(arguments.plugin, translation);
         isRunning = true;
-        findings.run = runFrames(rig, translation, options, listenerFor(findings, arguments, self));
+        findings.run = runFrames(rig, translation, options, listenerFor(arguments, self));
         isRunning = false;
     }
     auto& all = findings.run.hostMessages;
@@ -84,14 +82,15 @@ void noteMisdeed(Findings& findings, const std::string& path, const ChildSide& s
               path + ": prints " + inQuotes(oneLine(print->text)) + " " + inWords(print->place), 1);
 }
 
-std::string reportOf(const Findings& findings, const Rig& rig, bool json) {
+std::string reportOf(const Findings& findings, const Rig& rig, const RunArguments& arguments) {
+    const TextOptions options{arguments.verbose, arguments.inColour};
     std::ostringstream report;
-    if (json) {
+    if (arguments.json)
         printJson(report, findings.plugin, summarise(rig), findings.run);
-    } else {
-        printIntroduction(report, findings.plugin, summarise(rig), findings.ports);
-        printFindings(report, findings.run);
-    }
+    else if (!arguments.quiet)
+        printReport(report, findings.plugin, summarise(rig), findings.run, options);
+    else if (!findings.run.ok())
+        printVerdict(report, findings.run, options);
     return report.str();
 }
 
@@ -102,7 +101,7 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     self.enter(Stage::Reporting);
     Evaluation evaluation;
     evaluation.ok = findings.run.ok();
-    evaluation.report = reportOf(findings, rig, arguments.json);
+    evaluation.report = reportOf(findings, rig, arguments);
     if (arguments.picture) evaluation.picture = drawPicture(rig, findings.run.snapshots);
     if (findings.run.misdeed) evaluation.misdeed = findings.run.misdeed->what();
     evaluation.printed = self.allowedPrints();

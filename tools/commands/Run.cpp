@@ -1,12 +1,15 @@
 #include "tools/commands/Run.h"
 
 #include "tools/commands/RunRig.h"
+#include "tools/report/Colours.h"
 
 #include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <system_error>
+
+#include <unistd.h>
 
 namespace Tolvane::Tools {
 namespace {
@@ -66,6 +69,10 @@ Command addRun(CLI::App& app) {
     run.add_option("--svg", arguments->picture, "Draw the skeleton as it came back")
         ->option_text("OUT.svg");
     run.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
+    CLI::Option* quiet =
+        run.add_flag("-q,--quiet", arguments->quiet, "Print nothing but the verdict of a failure");
+    run.add_flag("--verbose", arguments->verbose, "Name all types and ports, and nothing in short")
+        ->excludes(quiet);
     run.add_option("--plugin", arguments->plugin,
                    "Load this translation library (default: the plugin that comes with tolvane)")
         ->option_text("LIBRARY");
@@ -73,7 +80,10 @@ Command addRun(CLI::App& app) {
                    "Let the graph know the structs and enums that this file describes, in JSON")
         ->option_text("FILE");
     addLimits(run, arguments->limits);
-    return {&run, [arguments] { return runRig(*arguments); }};
+    return {&run, [arguments] {
+                arguments->inColour = coloursWanted(STDOUT_FILENO);
+                return runRig(*arguments);
+            }};
 }
 
 }  // namespace Tolvane::Tools

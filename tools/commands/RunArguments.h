@@ -19,6 +19,10 @@ struct RunArguments {
     bool churn = false;
     std::optional<std::string> picture;
     bool json = false;
+    bool quiet = false;
+    bool verbose = false;
+    // Whether the report is to be coloured, which only the process that prints it can tell.
+    bool inColour = false;
     Limits limits;
 };
 

@@ -65,7 +65,7 @@ Evaluation evaluateShowingProgress(const Rig& rig, const RunArguments& arguments
                                    const RunOptions& options) {
     ProgressBar progress;
     return evaluate(rig, arguments, options, [&](const Child& child) {
-        if (child.total() != 0) progress.show(child.done(), child.total());
+        if (!arguments.quiet && child.total() != 0) progress.show(child.done(), child.total());
     });
 }
 

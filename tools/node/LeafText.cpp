@@ -61,15 +61,6 @@ void addMatrices(const VMatrix& expected, const VMatrix& actual, Mismatch& misma
 
 std::string truth(bool value) { return value ? "true" : "false"; }
 
-// The number, with the name of the field if there is one.
-std::string choiceText(const DataShape& shape, short choice) {
-    const auto found = std::find(shape.choices.begin(), shape.choices.end(), choice);
-    if (found == shape.choices.end()) return std::to_string(choice);
-    const VFnEnumAttribute functions(shape.plug.attribute());
-    const auto index = static_cast<unsigned>(found - shape.choices.begin());
-    return std::to_string(choice) + " (" + functions.fieldName(index).asChar() + ")";
-}
-
 // As it stands in quotes.
 std::string printable(std::string_view text) {
     std::string result;
@@ -89,6 +80,15 @@ std::string printable(std::string_view text) {
         text.remove_prefix(character.bytes);
     }
     return result;
+}
+
+// The number, with the name of the field if there is one.
+std::string choiceText(const DataShape& shape, short choice) {
+    const auto found = std::find(shape.choices.begin(), shape.choices.end(), choice);
+    if (found == shape.choices.end()) return std::to_string(choice);
+    const VFnEnumAttribute functions(shape.plug.attribute());
+    const auto index = static_cast<unsigned>(found - shape.choices.begin());
+    return std::to_string(choice) + " (" + printable(functions.fieldName(index).asChar()) + ")";
 }
 
 // The places at which characters begin, and the end.

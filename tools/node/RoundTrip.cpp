@@ -14,9 +14,7 @@
 #include <utility>
 
 namespace Tolvane::Tools {
-namespace {
 
-// Each once, in the translation's order.
 std::vector<std::string> typeNamesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
     Pelmor::Array<Pelmor::String> all;
     translation.getSupportedTypeNames(all);
@@ -26,8 +24,6 @@ std::vector<std::string> typeNamesOf(const TavrikGraph::Executor::TypeTranslatio
         if (seen.insert(name.c_str()).second) names.emplace_back(name.c_str());
     return names;
 }
-
-}  // namespace
 
 RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
                      const Pelmor::Library& library)

@@ -24,6 +24,9 @@
 
 namespace Tolvane::Tools {
 
+// The types that a translation names, each once, in its order.
+std::vector<std::string> typeNamesOf(const TavrikGraph::Executor::TypeTranslation& translation);
+
 // How one graph type fared.
 struct TypeResult {
     std::string typeName;

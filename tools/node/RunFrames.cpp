@@ -37,14 +37,22 @@ public:
     }
 
     void add(const TypeResult& type, std::optional<std::size_t> frame, const Mismatch& mismatch) {
-        if (!wantsMore()) return;
         const FoundMismatch found{type.typeName, frame, mismatch};
         if (m_result.firstMismatches.size() < kMostMismatchesKept)
             m_result.firstMismatches.push_back(found);
         if (m_listener) m_listener(found);
     }
 
+    // Keeps the first mismatch of each type that had none before.
+    void addFirsts(const std::vector<TypeResult>& types, std::optional<std::size_t> frame) {
+        for (const TypeResult& type : types)
+            if (type.comparison.firstMismatch && m_seen.insert(type.typeName).second)
+                m_result.firstOfTypes.push_back(
+                    {type.typeName, frame, *type.comparison.firstMismatch});
+    }
+
 private:
+    std::set<std::string> m_seen;
     RunResult& m_result;
     const std::function<void(const FoundMismatch&)>& m_listener;
 };
@@ -57,6 +65,22 @@ void refuseEmptyComparisons(std::vector<TypeResult>& types, Collector& collector
             DataPath(type.typeName).mismatch("nothing was compared"),
             [&](const Mismatch& mismatch) { collector.add(type, std::nullopt, mismatch); });
     }
+}
+
+// What the translation names is asked for again: types that it named only later have no ports.
+std::vector<NotTried> notTried(const TavrikGraph::Executor::TypeTranslation& translation,
+                               const RoundTrip& roundTrip) {
+    std::vector<NotTried> types;
+    std::set<std::string> known;
+    for (const std::string& name : roundTrip.notTried()) {
+        types.push_back({name, "the graph does not know it (see --types)", true});
+        known.insert(name);
+    }
+    for (const TypeResult& type : roundTrip.results()) known.insert(type.typeName);
+    for (const std::string& name : typeNamesOf(translation))
+        if (known.count(name) == 0)
+            types.push_back({name, "the library named it only after the run had begun", false});
+    return types;
 }
 
 // Adds the type's name and those of all types that its values consist of.
@@ -103,6 +127,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     for (const TypeResult& type : roundTrip.results())
         if (type.comparison.firstMismatch)
             collector.add(type, std::nullopt, *type.comparison.firstMismatch);
+    collector.addFirsts(roundTrip.results(), std::nullopt);
 
     for (; result.evaluated < evaluations; ++result.evaluated) {
         const std::size_t frame = frames.first + result.evaluated % frames.size();
@@ -115,15 +140,26 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
                 collector.add(type, frame, mismatch);
             };
         roundTrip.carry(frameData(rigName.c_str(), pose.joints(), limbs, share), onMismatch);
+        collector.addFirsts(roundTrip.results(), frame);
         if (drawn.count(result.evaluated) != 0)
             result.snapshots.push_back({frame, roundTrip.worldMatricesThatCameOut()});
+        // Nothing is asked of the translation any more once the last evaluation has been told of.
+        if (result.evaluated + 1 == evaluations)
+            result.notTried = notTried(translation, roundTrip);
         if (listener.evaluated) listener.evaluated(result.evaluated + 1, evaluations);
     }
     result.types = roundTrip.results();
-    result.notTried = roundTrip.notTried();
+    result.portNames = roundTrip.portNames();
     result.notCarried = notCarried(result.types, options);
     refuseEmptyComparisons(result.types, collector);
+    collector.addFirsts(result.types, std::nullopt);
     return result;
+}
+
+bool RunResult::ok() const {
+    return !types.empty() && mismatches() == 0 && hostMessages.empty() && !misdeed && notCarried.empty() &&
+           std::all_of(notTried.begin(), notTried.end(),
+                       [](const NotTried& type) { return type.isExcused; });
 }
 
 std::size_t RunResult::leavesCompared() const {

@@ -35,12 +35,23 @@ struct RunOptions {
 
 constexpr std::size_t kMostMismatchesKept = 10;
 
+// A type that was not tried, and why.
+struct NotTried {
+    std::string typeName;
+    std::string reason;
+    // Whether that is for the user to know, and no fault.
+    bool isExcused;
+};
+
 struct RunResult {
     std::vector<TypeResult> types;
     // The first of all mismatches, no more than kMostMismatchesKept, as they were found.
     std::vector<FoundMismatch> firstMismatches;
-    // The types that the translation names and the graph does not know.
-    std::vector<std::string> notTried;
+    // The first of each type that has any, as they were found.
+    std::vector<FoundMismatch> firstOfTypes;
+    std::vector<std::string> portNames;
+    // The types that the translation names and that got no ports.
+    std::vector<NotTried> notTried;
     // The expected types that the translation does not carry.
     std::vector<std::string> notCarried;
     // What the host displayed, in order.
@@ -53,10 +64,9 @@ struct RunResult {
 
     std::size_t leavesCompared() const;
     std::size_t mismatches() const;
-    // A run that tried no type has shown nothing.
-    bool ok() const {
-        return !types.empty() && mismatches() == 0 && hostMessages.empty() && !misdeed;
-    }
+    // A run that tried no type has shown nothing, and one that carries less than was expected has
+    // not done what it was asked for.
+    bool ok() const;
 };
 
 // Whoever wants to follow a run. Each may be empty.

@@ -15,11 +15,10 @@ std::chrono::nanoseconds processorTime() noexcept;
 class TimedTranslation : public TavrikGraph::Executor::TypeTranslation {
 public:
     // `translation` must outlive this.
-    explicit TimedTranslation(TypeTranslation& translation)
-        : TypeTranslation(translation.name()), m_translation(translation) {}
+    explicit TimedTranslation(TypeTranslation& translation);
 
     // How long the last translation for the port took whose plug this is: that very object, and not
-    // a copy.
+    // a copy. The clock's own time is taken off.
     std::chrono::nanoseconds timeOf(const VPlug& plug) const;
 
     // Nothing to do: whoever made this destroys it.
@@ -47,6 +46,7 @@ private:
     bool timed(const VPlug* plug, Translate translate) const noexcept;
 
     TypeTranslation& m_translation;
+    std::chrono::nanoseconds m_clockTime;
     mutable std::map<const VPlug*, std::chrono::nanoseconds> m_times;
 };
 

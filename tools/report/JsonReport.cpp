@@ -1,6 +1,8 @@
+#include "tools/node/LeafText.h"
 #include "tools/report/Report.h"
 #include "tools/support/OneLine.h"
 
+#include <cmath>
 #include <ostream>
 
 #include <nlohmann/json.hpp>
@@ -28,8 +30,55 @@ Json jsonOf(const TypeResult& type) {
          {{"fromHost", type.fromHost.median().count()}, {"toHost", type.toHost.median().count()}}}};
 }
 
+// JSON has no NaN and no infinities: they come as their texts.
+Json jsonOf(double number) { return std::isfinite(number) ? Json(number) : Json(textOf(number)); }
+
+Json jsonOf(const LeafValue& value) {
+    if (const auto* number = std::get_if<double>(&value)) return jsonOf(*number);
+    if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
+    if (const auto* truth = std::get_if<bool>(&value)) return *truth;
+    if (const auto* text = std::get_if<std::string>(&value)) return *text;
+    return nullptr;
+}
+
+Json differenceOf(const Mismatch& mismatch) {
+    const auto* expected = std::get_if<double>(&mismatch.expectedValue);
+    const auto* actual = std::get_if<double>(&mismatch.actualValue);
+    if (expected && actual) return jsonOf(*actual - *expected);
+    return mismatch.difference.empty() ? Json() : Json(mismatch.difference);
+}
+
+Json jsonOf(const FoundMismatch& found) {
+    const Mismatch& mismatch = found.mismatch;
+    Json element;
+    if (mismatch.element)
+        element = {{"row", mismatch.element->row}, {"column", mismatch.element->column}};
+    return {{"type", found.typeName},
+            {"port", mismatch.port},
+            {"path", mismatch.path},
+            {"indices", Json(mismatch.indices)},
+            {"frame", found.frame ? Json(*found.frame) : Json()},
+            {"what", mismatch.what},
+            {"element", element},
+            {"expected", jsonOf(mismatch.expectedValue)},
+            {"actual", jsonOf(mismatch.actualValue)},
+            {"difference", differenceOf(mismatch)}};
+}
+
+Json jsonOf(const RigSummary& rig) {
+    return {{"file", rig.file},
+            {"joints", rig.joints},
+            {"limbs", rig.limbs},
+            {"hasSkeleton", rig.hasSkeleton},
+            {"animation", rig.animation.empty() ? Json() : Json(rig.animation)},
+            {"frames", rig.frames},
+            {"fps", rig.framesPerSecond},
+            {"upAxis", std::string(1, "xyz"[rig.upAxis % 3])},
+            {"metresPerUnit", rig.metresPerUnit ? Json(*rig.metresPerUnit) : Json()}};
+}
+
 // JSON is UTF-8, which file names and messages need not be.
-std::string textOf(const Json& json, int indent = 2) {
+std::string printed(const Json& json, int indent = 2) {
     return json.dump(indent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
@@ -39,25 +88,26 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
                const RunResult& result) {
     Json types = Json::array();
     for (const TypeResult& type : result.types) types.push_back(jsonOf(type));
-    Json report{{"plugin",
-                 {{"path", plugin.path}, {"name", plugin.name}, {"types", Json(plugin.typeNames)}}},
-                {"rig",
-                 {{"file", rig.file},
-                  {"joints", rig.joints},
-                  {"limbs", rig.limbs},
-                  {"frames", rig.frames},
-                  {"fps", rig.framesPerSecond}}},
-                {"types", types},
-                {"notTried", Json(result.notTried)},
-                {"notCarried", Json(result.notCarried)},
-                {"hostMessages", Json(result.hostMessages)},
-                {"evaluated", result.evaluated},
-                {"mismatches", result.mismatches()},
-                {"ok", result.ok()}};
+    Json mismatches = Json::array(), notTried = Json::array();
+    for (const FoundMismatch& found : result.firstMismatches) mismatches.push_back(jsonOf(found));
+    for (const NotTried& type : result.notTried)
+        notTried.push_back({{"name", type.typeName}, {"reason", type.reason}});
+    Json report{
+        {"plugin",
+         {{"path", plugin.path}, {"name", plugin.name}, {"types", Json(plugin.typeNames)}}},
+        {"rig", jsonOf(rig)},
+        {"types", types},
+        {"notTried", notTried},
+        {"notCarried", Json(result.notCarried)},
+        {"hostMessages", Json(result.hostMessages)},
+        {"evaluated", result.evaluated},
+        {"mismatches", result.mismatches()},
+        {"firstMismatches", mismatches},
+        {"ok", result.ok()}};
     if (result.misdeed) report["error"] = jsonOf(*result.misdeed);
-    out << textOf(report);
+    out << printed(report);
 }
 
-void printJson(std::ostream& out, const Error& error) { out << textOf({{"error", jsonOf(error)}}); }
+void printJson(std::ostream& out, const Error& error) { out << printed({{"error", jsonOf(error)}}); }
 
 }  // namespace Tolvane::Tools

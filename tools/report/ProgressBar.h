@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 namespace Tolvane::Tools {
 
@@ -17,7 +18,12 @@ public:
 
 private:
     bool m_isTerminal;
+    bool m_isShown = false;
     std::size_t m_shownPercent = 101;
 };
+
+// The bar for a terminal that shows so many columns; it leaves the last one free, where some
+// terminals begin a new line. In a narrow one it is only the percentage, or empty.
+std::string progressLine(std::size_t done, std::size_t total, std::size_t columns);
 
 }  // namespace Tolvane::Tools

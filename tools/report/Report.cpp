@@ -16,8 +16,9 @@ PluginSummary summarise(const std::string& path,
 }
 
 RigSummary summarise(const Rig& rig) {
-    return {rig.file, rig.joints.size(), splitIntoLimbs(rig).size(), rig.frameCount,
-            rig.framesPerSecond};
+    return {rig.file,       rig.joints.size(),   splitIntoLimbs(rig).size(),
+            rig.frameCount, rig.framesPerSecond, rig.hasSkeleton,
+            rig.animation,  rig.upAxis,          rig.metresPerUnit};
 }
 
 }  // namespace Tolvane::Tools

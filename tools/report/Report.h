@@ -1,5 +1,5 @@
-// Prints a run: for a person, first what was loaded and then a table and a verdict; for a program,
-// one JSON object.
+// Prints a run: for a person, first what was loaded, then a table, what was found wrong and a
+// verdict, in lines of `kLineColumns`; for a program, one JSON object.
 #pragma once
 
 #include "tools/node/RunFrames.h"
@@ -8,10 +8,17 @@
 #include <TavrikGraph/Executor/TypeTranslation.h>
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace Tolvane::Tools {
+
+struct TextOptions {
+    // Whole names and paths, and those of all types and ports.
+    bool verbose = false;
+    bool inColour = false;
+};
 
 struct PluginSummary {
     std::string path;
@@ -27,15 +34,21 @@ struct RigSummary {
     std::size_t limbs;
     std::size_t frames;
     double framesPerSecond;
+    // As a Rig has them.
+    bool hasSkeleton;
+    std::string animation;
+    unsigned upAxis;
+    std::optional<double> metresPerUnit;
 };
 
 PluginSummary summarise(const std::string& path,
                         const TavrikGraph::Executor::TypeTranslation& translation);
 RigSummary summarise(const Rig& rig);
 
-void printIntroduction(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
-                       const std::vector<std::string>& portNames);
-void printFindings(std::ostream& out, const RunResult& result);
+void printReport(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
+                 const RunResult& result, const TextOptions& options);
+// What a report ends with.
+void printVerdict(std::ostream& out, const RunResult& result, const TextOptions& options);
 
 void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
                const RunResult& result);

@@ -1,5 +1,7 @@
-// Text laid out for a terminal: tables, numbers and paragraphs.
+// Tables and numbers for a terminal.
 #pragma once
+
+#include "tools/report/Colours.h"
 
 #include <cstddef>
 #include <iosfwd>
@@ -9,22 +11,23 @@
 namespace Tolvane::Tools {
 
 // A table whose first column is aligned to the left and whose others, which are numbers, to the
-// right.
+// right. In lines of `kLineColumns`: the first column gets what the others leave, and is shortened
+// where that is too little.
 class Table {
 public:
     using Row = std::vector<std::string>;
 
     explicit Table(Row head) : m_rows{std::move(head)} {}
 
-    // `row` has as many cells as the head.
-    void addRow(Row row) { m_rows.push_back(std::move(row)); }
-    void print(std::ostream& out) const;
+    // `row` has as many cells as the head. The colour is that of its last cell.
+    void addRow(Row row, Colour colour = Colour::None);
+    void print(std::ostream& out, bool inColour = false) const;
 
 private:
     std::vector<std::size_t> columnWidths() const;
-    static void printRow(std::ostream& out, const Row& row, const std::vector<std::size_t>& widths);
 
     std::vector<Row> m_rows;
+    std::vector<Colour> m_colours{Colour::None};
 };
 
 // 1234567 as "1,234,567".

@@ -1,27 +1,29 @@
+#include "tools/report/Colours.h"
+#include "tools/report/MismatchText.h"
 #include "tools/report/Report.h"
 #include "tools/report/Table.h"
+#include "tools/report/Words.h"
 #include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 #include <algorithm>
 #include <map>
 #include <ostream>
-#include <set>
 #include <sstream>
 
 namespace Tolvane::Tools {
 namespace {
 
-constexpr std::size_t kMostLines = 10;
+constexpr std::size_t kMostMessages = 10;
+// The column at which facts stand, behind what they are of.
+constexpr std::size_t kFacts = 9;
+constexpr std::size_t kFactColumns = kLineColumns - kFacts;
 
-std::string counted(std::size_t count, const std::string& one, const std::string& many) {
-    return grouped(count) + " " + (count == 1 ? one : many);
-}
-
-std::string joined(const std::vector<std::string>& parts) {
-    std::string text;
-    for (const std::string& part : parts) text += (text.empty() ? "" : ", ") + part;
-    return text;
+std::string withDigits(double number, int digits) {
+    std::ostringstream text;
+    text.precision(digits);
+    text << std::fixed << number;
+    return text.str();
 }
 
 std::string rate(double framesPerSecond) {
@@ -30,103 +32,149 @@ std::string rate(double framesPerSecond) {
     return text.str();
 }
 
-std::string inMicroseconds(const MedianTime& time) {
-    std::ostringstream text;
-    text.precision(1);
-    text << std::fixed << static_cast<double>(time.median().count()) / 1e3 << " µs";
-    return text.str();
+std::string inWords(std::chrono::nanoseconds time) {
+    const auto count = static_cast<double>(time.count());
+    if (count < 999'950) return withDigits(count / 1e3, 1) + " µs";
+    if (count < 999'950'000) return withDigits(count / 1e6, 1) + " ms";
+    return withDigits(count / 1e9, 1) + " s";
 }
 
-void printTable(std::ostream& out, const RunResult& result) {
-    if (result.types.empty()) return;
-    Table table({"Graph type", "Attributes", "Leaves", "From host", "To host", "Mismatches"});
+// The first line of some facts, such as "Rig      walk.bvh", and one that follows.
+void printHead(std::ostream& out, const std::string& head, const std::string& fact) {
+    out << head << std::string(kFacts - head.size(), ' ') << fact << "\n";
+}
+void printFact(std::ostream& out, const std::string& fact) { out << wrapped(fact, kFacts) << "\n"; }
+
+// A path or a name of its own; only whoever asked for more gets all of a long one.
+std::string shown(const std::string& name, const TextOptions& options) {
+    const std::string line = oneLine(name);
+    return options.verbose ? wrapped(line, kFacts).substr(kFacts) : shortened(line, kFactColumns);
+}
+
+// A name within a sentence.
+std::string named(const std::string& name, const TextOptions& options) {
+    constexpr std::size_t kColumns = 40;
+    const std::string line = oneLine(name);
+    return '"' + (options.verbose ? line : shortened(line, kColumns)) + '"';
+}
+
+void printRig(std::ostream& out, const RigSummary& rig, const TextOptions& options) {
+    printHead(out, "Rig", shown(rig.file, options));
+    std::string facts = counted(rig.joints, "joint", "joints") + " in " +
+                        counted(rig.limbs, "limb", "limbs") + ", " +
+                        counted(rig.frames, "frame", "frames") + " at " +
+                        rate(rig.framesPerSecond) + " per second";
+    if (!rig.animation.empty()) facts += ", animation " + named(rig.animation, options);
+    printFact(out, facts);
+    if (!rig.hasSkeleton) printFact(out, "no skeleton: every node taken for a joint");
+    if (!options.verbose) return;
+    const std::string unit =
+        rig.metresPerUnit ? rate(*rig.metresPerUnit) + " metres per unit" : "units not stated";
+    printFact(out, std::string(1, "xyz"[rig.upAxis % 3]) + " is up, " + unit);
+}
+
+void printTypesAndPorts(std::ostream& out, const RunResult& result) {
+    printHead(out, "Types", counted(result.types.size(), "type", "types") + " tried:");
     for (const TypeResult& type : result.types)
-        table.addRow({type.typeName, grouped(type.attributeCount),
-                      grouped(type.comparison.leavesCompared), inMicroseconds(type.fromHost),
-                      inMicroseconds(type.toHost), grouped(type.comparison.mismatches)});
-    table.print(out);
-    out << "\n";
+        out << wrapped(type.typeName + " (" +
+                           counted(type.attributeCount, "attribute", "attributes") + ")",
+                       kFacts + 2)
+            << "\n";
+    printHead(out, "Ports", counted(result.portNames.size(), "port", "ports") + " added:");
+    out << wrapped(joined(result.portNames), kFacts + 2) << "\n";
+}
+
+void printTable(std::ostream& out, const RunResult& result, const TextOptions& options) {
+    if (result.types.empty()) return;
+    Table table({"Graph type", "Values", "From host", "To host", "Wrong"});
+    for (const TypeResult& type : result.types)
+        table.addRow({type.typeName, grouped(type.comparison.leavesCompared),
+                      inWords(type.fromHost.median()), inWords(type.toHost.median()),
+                      grouped(type.comparison.mismatches)},
+                     type.comparison.mismatches > 0 ? Colour::Bad : Colour::None);
+    table.print(out, options.inColour);
+    out << "Times are processor time: the median of all evaluations.\n\n";
 }
 
 void printUncarried(std::ostream& out, const RunResult& result) {
-    for (const std::string& name : result.notTried)
-        out << "Not tried, for the graph does not know it (see --types): " << oneLine(name) << "\n";
+    std::vector<std::string> lines;
+    for (const NotTried& type : result.notTried)
+        lines.push_back("Not tried, for " + type.reason + ": " + oneLine(type.typeName));
     for (const std::string& name : result.notCarried)
-        out << "Described, but not carried by the library: " << name << "\n";
-}
-
-// Where a type got no ports, arrays of it got none for the same reason, which is said once.
-void printFirstMismatches(std::ostream& out, const RunResult& result) {
-    std::set<std::string> said;
-    for (const TypeResult& type : result.types) {
-        const auto& mismatch = type.comparison.firstMismatch;
-        if (!mismatch) continue;
-        const std::string afterPort = mismatch->path + ": " + mismatch->what;
-        if (said.count(type.typeName + afterPort) != 0) continue;
-        out << "First mismatch of " << type.typeName << ": " << inOneLine(*mismatch) << "\n";
-        if (type.attributeCount == 0) said.insert("array<" + type.typeName + ">" + afterPort);
-    }
+        lines.push_back("Described, but not carried by the library: " + name);
+    for (const std::string& line : lines) out << wrapped(line, 0) << "\n";
+    if (!lines.empty()) out << "\n";
 }
 
 // Each message once, with its count: the same one often comes in every frame.
-void printHostMessages(std::ostream& out, const std::vector<std::string>& messages) {
+void printHostMessages(std::ostream& out, const std::vector<std::string>& messages,
+                       const TextOptions& options) {
     std::map<std::string, std::size_t> counts;
     std::size_t lines = 0;
     for (const std::string& message : messages) ++counts[message];
     for (const auto& [message, count] : counts) {
-        if (lines++ == kMostLines) {
-            out << "... and " << counted(counts.size() - kMostLines, "other message", "others")
+        if (lines++ == kMostMessages && !options.verbose) {
+            out << "... and " << counted(counts.size() - kMostMessages, "other message", "others")
                 << "\n";
             break;
         }
-        out << "The host displayed, " << counted(count, "time", "times") << ": " << oneLine(message)
+        out << wrapped("The host displayed, " + counted(count, "time", "times") + ": " +
+                           oneLine(message),
+                       0)
             << "\n";
     }
+    if (!messages.empty()) out << "\n";
 }
 
-void printVerdict(std::ostream& out, const RunResult& result) {
-    if (result.types.empty()) {
-        out << "FAILED: no type was tried. The library names "
-            << (result.notTried.empty() ? "none" : "only types that the graph does not know")
-            << ".\n";
-        return;
-    }
-    out << counted(result.evaluated, "evaluation", "evaluations") << ", "
-        << counted(result.leavesCompared(), "value", "values") << " compared: ";
-    if (result.ok())
-        out << "all came back as they went in";
-    else
-        out << "FAILED, with " << counted(result.mismatches(), "mismatch", "mismatches") << " and "
-            << counted(result.hostMessages.size(), "message", "messages") << " of the host"
-            << (result.misdeed ? ", and the library prints" : "");
+std::string findingsOf(const RunResult& result) {
+    std::vector<std::string> parts;
+    const auto add = [&parts](std::size_t count, const char* one, const char* many) {
+        if (count > 0) parts.push_back(counted(count, one, many));
+    };
+    const auto unexcused = std::count_if(result.notTried.begin(), result.notTried.end(),
+                                         [](const NotTried& type) { return !type.isExcused; });
+    add(result.mismatches(), "mismatch", "mismatches");
+    add(result.hostMessages.size(), "message of the host", "messages of the host");
+    add(result.notCarried.size(), "described type not carried", "described types not carried");
+    add(static_cast<std::size_t>(unexcused), "type not tried", "types not tried");
+    if (result.misdeed) parts.emplace_back("the library prints");
+    return joined(parts);
+}
+
+std::string verdictOf(const RunResult& result) {
+    if (result.types.empty())
+        return std::string("FAILED: no type was tried. ") +
+               (result.notTried.empty() ? "The library names none."
+                                        : "The graph knows none that the library names.");
+    const std::string done = counted(result.evaluated, "evaluation", "evaluations") + ", " +
+                             counted(result.leavesCompared(), "value", "values") + ": ";
+    if (!result.ok()) return "FAILED: " + done + findingsOf(result) + ".";
+    std::string verdict = "PASSED: " + done + "all came back as they went in.";
     if (!result.notTried.empty())
-        out << ", " << counted(result.notTried.size(), "type", "types") << " not tried";
-    out << ".\n";
+        verdict += " " + counted(result.notTried.size(), "type", "types") + " not tried.";
+    return verdict;
 }
 
 }  // namespace
 
-void printIntroduction(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
-                       const std::vector<std::string>& portNames) {
-    out << "Library  " << oneLine(plugin.path) << "\n"
-        << "         \"" << oneLine(plugin.name) << "\", for "
-        << counted(plugin.typeNames.size(), "type", "types") << ":\n";
-    for (const std::string& name : plugin.typeNames) out << "           " << oneLine(name) << "\n";
-    out << "Rig      " << oneLine(rig.file) << "\n"
-        << "         " << counted(rig.joints, "joint", "joints") << " in "
-        << counted(rig.limbs, "limb", "limbs") << ", " << counted(rig.frames, "frame", "frames")
-        << " at " << rate(rig.framesPerSecond) << " per second\n"
-        << "Ports    " << portNames.size() << " added:\n"
-        << wrapped(joined(portNames), 11) << "\n\n"
-        << std::flush;
+void printReport(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
+                 const RunResult& result, const TextOptions& options) {
+    printHead(out, "Library", shown(plugin.path, options));
+    printFact(out, named(plugin.name, options) + ", " +
+                       counted(plugin.typeNames.size(), "type", "types"));
+    printRig(out, rig, options);
+    if (options.verbose) printTypesAndPorts(out, result);
+    out << "\n";
+    printTable(out, result, options);
+    printUncarried(out, result);
+    printMismatches(out, result);
+    printHostMessages(out, result.hostMessages, options);
+    printVerdict(out, result, options);
 }
 
-void printFindings(std::ostream& out, const RunResult& result) {
-    printTable(out, result);
-    printUncarried(out, result);
-    printFirstMismatches(out, result);
-    printHostMessages(out, result.hostMessages);
-    printVerdict(out, result);
+void printVerdict(std::ostream& out, const RunResult& result, const TextOptions& options) {
+    const Colour colour = result.ok() ? Colour::Good : Colour::Bad;
+    out << coloured(colour, wrapped(verdictOf(result), 0), options.inColour) << "\n";
 }
 
 }  // namespace Tolvane::Tools
