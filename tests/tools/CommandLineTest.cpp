@@ -17,10 +17,12 @@ TEST(TolvaneCommandLine, PrintsItsHelp) {
 }
 
 TEST(TolvaneCommandLine, PrintsItsVersion) {
-    const TolvaneProcess process = runTolvane({"--version"});
-    EXPECT_EQ(process.status, 0);
-    EXPECT_EQ(process.errors, "");
-    EXPECT_EQ(process.output, "tolvane 2.11.0.0\n");
+    for (const char* option : {"-V", "--version"}) {
+        const TolvaneProcess process = runTolvane({option});
+        EXPECT_EQ(process.status, 0);
+        EXPECT_EQ(process.errors, "");
+        EXPECT_EQ(process.output, "tolvane 2.11.0.0\n");
+    }
 }
 
 TEST(TolvaneCommandLine, RefusesAMissingCommand) {

@@ -217,6 +217,35 @@ TEST_F(TolvaneRun, FindsOutputsThatAreRightOnlyBecauseAnEarlierFrameWroteThem) {
     EXPECT_EQ(report["mismatches"], 5 * 2);
 }
 
+TEST_F(TolvaneRun, GivesTheFirstMismatchesAsJson) {
+    const std::vector<std::string> arguments{rig(), "--plugin", FAULTY_LIBRARY, "--frames", "1:2"};
+    const Json number = jsonOf(arguments, 1, "writes a wrong number");
+    EXPECT_EQ(number["mismatches"], 2);
+    ASSERT_THAT(number["firstMismatches"], SizeIs(2));
+    EXPECT_EQ(number["firstMismatches"][0], Json::parse(R"({"type": "Rigging::Module::Pins",
+        "port": "outPins", "path": "matrices[0]", "indices": [0], "frame": 1,
+        "what": "differs in row 3, column 1", "element": {"row": 3, "column": 1},
+        "expected": 10.0, "actual": 10.25, "difference": 0.25})"));
+    EXPECT_EQ(number["firstMismatches"][1]["frame"], 2);
+
+    const Json nan = jsonOf(arguments, 1, "writes a NaN")["firstMismatches"][0];
+    EXPECT_EQ(nan["expected"], 0);
+    EXPECT_EQ(nan["actual"], "nan 0xfff8000000000000");
+    const Json text = jsonOf(arguments, 1, "writes a wrong name")["firstMismatches"][0];
+    EXPECT_EQ(text["expected"], "Hips");
+    EXPECT_EQ(text["actual"], "wrong");
+    EXPECT_EQ(text["element"], nullptr);
+    const Json count = jsonOf(arguments, 1, "writes nothing")["firstMismatches"][0];
+    EXPECT_EQ(count["expected"], 5);
+    EXPECT_EQ(count["difference"], -5);
+    const Json port = jsonOf(arguments, 1, "adds no port")["firstMismatches"][0];
+    EXPECT_EQ(port["frame"], nullptr);
+    EXPECT_EQ(port["expected"], nullptr);
+    const Json many = jsonOf({rig(), "--plugin", FAULTY_LIBRARY}, 1, "writes only once");
+    EXPECT_EQ(many["mismatches"], 30);
+    EXPECT_THAT(many["firstMismatches"], SizeIs(10));
+}
+
 // What comes back is as empty as what is left of the input, and equal to it.
 TEST_F(TolvaneRun, FindsInputsThatDoNotHoldWhatTheyWereFilledWith) {
     const Json report =
@@ -296,7 +325,12 @@ TEST_F(TolvaneRunWithStudioLibrary, FindsThatItsStructLacksTheLastMember) {
 }
 
 // A type of a member counts as carried; that its values are not is another matter.
-TEST_F(TolvaneRunWithStudioLibrary, ReportsDescribedStructsThatTheLibraryCarriesNowhere) {
+TEST_F(TolvaneRunWithStudioLibrary, FailsForDescribedStructsThatTheLibraryCarriesNowhere) {
+    const std::string spare = types("", R"(, {"name": "Studio::Spare", "members": []})");
+    const Json report = jsonOf(arguments(spare), 1);
+    EXPECT_EQ(report["mismatches"], 0);
+    EXPECT_EQ(report["notCarried"], Json::array({"Studio::Spare"}));
+
     const std::string file = types(R"(, {"name": "parts", "type": "array<Studio::Part>"})",
                                    R"(, {"name": "Studio::Spare", "members": []},
                                         {"name": "Studio::Part", "members": []})");

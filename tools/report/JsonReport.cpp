@@ -45,6 +45,9 @@ Json differenceOf(const Mismatch& mismatch) {
     const auto* expected = std::get_if<double>(&mismatch.expectedValue);
     const auto* actual = std::get_if<double>(&mismatch.actualValue);
     if (expected && actual) return jsonOf(*actual - *expected);
+    const auto* before = std::get_if<std::int64_t>(&mismatch.expectedValue);
+    const auto* after = std::get_if<std::int64_t>(&mismatch.actualValue);
+    if (before && after) return *after - *before;
     return mismatch.difference.empty() ? Json() : Json(mismatch.difference);
 }
 

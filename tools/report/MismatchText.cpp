@@ -51,9 +51,9 @@ void printValue(std::ostream& out, const char* what, const std::string& value) {
 void printWhole(std::ostream& out, const FoundMismatch& found) {
     const Mismatch& mismatch = found.mismatch;
     printHanging(out, frameOf(found) + placeOf(mismatch) + " " + mismatch.what, 4);
-    printValue(out, "went in    ", mismatch.expected);
-    printValue(out, "came back  ", mismatch.actual);
-    printValue(out, "difference ", mismatch.difference);
+    printValue(out, "went in     ", mismatch.expected);
+    printValue(out, "came back   ", mismatch.actual);
+    printValue(out, "difference  ", mismatch.difference);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <TavrikGraph/Executor/TranslationLibrary.h>
 
 #include <cstdlib>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,7 @@ public:
 
     void getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept override {
         plugin().getSupportedTypeNames(names);
+        if (hasFault("names a type later") && m_hasWritten) names.append("Late::Type");
     }
 
     bool translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
@@ -33,6 +35,7 @@ public:
 
     bool translateToHost(const Pelmor::AnyValue& value,
                          const HostContext& context) const noexcept override {
+        if (hasFault("writes nothing anywhere")) return true;
         if (!isPort(context, kFaultyOutput)) return plugin().translateToHost(value, context);
         if (hasFault("writes nothing")) return true;
         if (hasFault("refuses to write")) return false;
@@ -40,6 +43,9 @@ public:
         m_hasWritten = true;
         const bool translated = plugin().translateToHost(value, context);
         if (hasFault("writes a wrong name")) firstName(context).setString("wrong");
+        if (hasFault("writes a wrong number")) firstMatrix(context)[3][1] += 0.25;
+        if (hasFault("writes a NaN"))
+            firstMatrix(context)[0][2] = -std::numeric_limits<double>::quiet_NaN();
         if (hasFault("shows a message")) VGlobal::displayError("Something is\nwrong");
         return translated;
     }
@@ -65,6 +71,11 @@ private:
     static VDataHandle firstName(const HostContext& context) {
         const VDataHandle pins = context.dataBlock->outputValue(*context.plug);
         return VArrayDataHandle(pins.child(context.plug->child(0))).outputValue();
+    }
+
+    static VMatrix& firstMatrix(const HostContext& context) {
+        const VDataHandle pins = context.dataBlock->outputValue(*context.plug);
+        return VArrayDataHandle(pins.child(context.plug->child(1))).outputValue().asMatrix();
     }
 
     static void emptyNames(const HostContext& context) {
