@@ -121,7 +121,7 @@ TEST_P(TolvaneRunWithMisbehavingLibrary, FailsOverAPrintAndReportsTheRest) {
         EXPECT_EQ(process.errors, line(way, GetParam()));
         EXPECT_EQ(process.status, 1);
         EXPECT_THAT(process.output, HasSubstr("FAILED"));
-        EXPECT_THAT(process.output, HasSubstr("and the library prints"));
+        EXPECT_THAT(process.output, HasSubstr("the library prints.\n"));
         EXPECT_THAT(process.output, Not(HasSubstr("Hello")));
     }
     const TolvaneProcess process = run(fault(kWaysToPrint[0], GetParam()), {"--json"});

@@ -144,8 +144,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
         if (drawn.count(result.evaluated) != 0)
             result.snapshots.push_back({frame, roundTrip.worldMatricesThatCameOut()});
         // Nothing is asked of the translation any more once the last evaluation has been told of.
-        if (result.evaluated + 1 == evaluations)
-            result.notTried = notTried(translation, roundTrip);
+        if (result.evaluated + 1 == evaluations) result.notTried = notTried(translation, roundTrip);
         if (listener.evaluated) listener.evaluated(result.evaluated + 1, evaluations);
     }
     result.types = roundTrip.results();
@@ -157,7 +156,8 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
 }
 
 bool RunResult::ok() const {
-    return !types.empty() && mismatches() == 0 && hostMessages.empty() && !misdeed && notCarried.empty() &&
+    return !types.empty() && mismatches() == 0 && hostMessages.empty() && !misdeed &&
+           notCarried.empty() &&
            std::all_of(notTried.begin(), notTried.end(),
                        [](const NotTried& type) { return type.isExcused; });
 }

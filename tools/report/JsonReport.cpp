@@ -95,22 +95,23 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
     for (const FoundMismatch& found : result.firstMismatches) mismatches.push_back(jsonOf(found));
     for (const NotTried& type : result.notTried)
         notTried.push_back({{"name", type.typeName}, {"reason", type.reason}});
-    Json report{
-        {"plugin",
-         {{"path", plugin.path}, {"name", plugin.name}, {"types", Json(plugin.typeNames)}}},
-        {"rig", jsonOf(rig)},
-        {"types", types},
-        {"notTried", notTried},
-        {"notCarried", Json(result.notCarried)},
-        {"hostMessages", Json(result.hostMessages)},
-        {"evaluated", result.evaluated},
-        {"mismatches", result.mismatches()},
-        {"firstMismatches", mismatches},
-        {"ok", result.ok()}};
+    Json report{{"plugin",
+                 {{"path", plugin.path}, {"name", plugin.name}, {"types", Json(plugin.typeNames)}}},
+                {"rig", jsonOf(rig)},
+                {"types", types},
+                {"notTried", notTried},
+                {"notCarried", Json(result.notCarried)},
+                {"hostMessages", Json(result.hostMessages)},
+                {"evaluated", result.evaluated},
+                {"mismatches", result.mismatches()},
+                {"firstMismatches", mismatches},
+                {"ok", result.ok()}};
     if (result.misdeed) report["error"] = jsonOf(*result.misdeed);
     out << printed(report);
 }
 
-void printJson(std::ostream& out, const Error& error) { out << printed({{"error", jsonOf(error)}}); }
+void printJson(std::ostream& out, const Error& error) {
+    out << printed({{"error", jsonOf(error)}});
+}
 
 }  // namespace Tolvane::Tools
