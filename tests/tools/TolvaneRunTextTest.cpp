@@ -142,7 +142,7 @@ TEST_F(TolvaneRunText, IsColouredInTerminalsAlone) {
 
 // Long enough that somebody sees it.
 TEST_F(TolvaneRunText, ShowsProgressThatFitsTheTerminal) {
-    const std::vector<std::string> arguments{"run", rig(), "--fps", "20000"};
+    const std::vector<std::string> arguments{"run", rig(), "--fps", "2500"};
     for (const auto& [columns, bar] :
          std::map<unsigned short, const char*>{{80, "\r\033\\[K\\[=[= ]{39}\\] [0-9]+ %\r"},
                                                {20, "\r\033\\[K\\[=[= ]{10}\\] [0-9]+ %\r"},

@@ -69,9 +69,12 @@ Command addRun(CLI::App& app) {
     run.add_option("--svg", arguments->picture, "Draw the skeleton as it came back")
         ->option_text("OUT.svg");
     run.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
+    // A text of its own keeps the help from saying what an option excludes.
     CLI::Option* quiet =
-        run.add_flag("-q,--quiet", arguments->quiet, "Print nothing but the verdict of a failure");
-    run.add_flag("--verbose", arguments->verbose, "Name all types and ports, and nothing in short")
+        run.add_flag("-q,--quiet", arguments->quiet, "Print nothing but the verdict of a failure")
+            ->option_text(" ");
+    run.add_flag("--verbose", arguments->verbose, "Name all types and ports, and shorten no name")
+        ->option_text(" ")
         ->excludes(quiet);
     run.add_option("--plugin", arguments->plugin,
                    "Load this translation library (default: the plugin that comes with tolvane)")

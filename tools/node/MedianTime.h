@@ -10,7 +10,7 @@ namespace Tolvane::Tools {
 class MedianTime {
 public:
     // From more times than this on, only some are kept, evenly spread over all.
-    static constexpr std::size_t kMostKept = 2048;
+    static constexpr std::size_t kMostKept = 512;
 
     void add(std::chrono::nanoseconds time);
 
