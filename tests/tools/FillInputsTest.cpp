@@ -1,6 +1,7 @@
 #include "tests/tools/PluginNode.h"
 #include "tools/node/CompareData.h"
 #include "tools/node/FillInputs.h"
+#include "tools/node/FindUnfilled.h"
 #include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
@@ -108,6 +109,33 @@ protected:
     std::vector<PosedJoint> joints;
     FrameData data;
 };
+
+TEST_F(FillInputs, LeavesInputsInWhichEveryArrayHasWhatWasPutIntoIt) {
+    int ports = 0;
+    for (const std::string record : kRecords)
+        for (const std::string& type : {record, "array<" + record + ">"}) {
+            const DataShape port = portOf(type, "port" + std::to_string(ports++));
+            const ElementCounts counts = fillInput(planFor(port), node.place(port), data, 1);
+            EXPECT_FALSE(findUnfilled(node.place(port), counts)) << type;
+        }
+}
+
+TEST_F(FillInputs, IsFoundWantingWhereAnArrayInAnArrayLostAnElement) {
+    const DataShape port = portOf("array<Rigging::Module::InputsControls>", "port");
+    const ElementCounts counts = fillInput(planFor(port), node.place(port), data, 1);
+    VArrayDataHandle limbs(node.place(port).handle);
+    limbs.next();
+    const DataPlace limb{port, limbs.outputValue()};
+    VArrayDataHandle transforms(limb.child(3).child(1).handle);
+    VArrayDataBuilder builder = transforms.builder();
+    builder.removeElement(0);
+    transforms.set(builder);
+    const auto found = findUnfilled(node.place(port), counts);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(inOneLine(*found),
+              "port[1].namedTransforms.transforms: does not hold as many elements as were put in: "
+              "1 went in, 0 came back");
+}
 
 TEST_F(FillInputs, GivesARecordTheRigsDataForWhichKindAndNameAsk) {
     const DataShape controlsPort = portOf("Rigging::Module::InputsControls", "controls");

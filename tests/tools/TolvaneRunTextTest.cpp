@@ -155,7 +155,7 @@ TEST_F(TolvaneRunText, ShowsProgressThatFitsTheTerminal) {
 
 TEST(ProgressBar, NeverReachesTheLastColumn) {
     for (std::size_t columns = 0; columns < 100; ++columns)
-        for (const std::size_t done : {0, 1, 500, 999, 1000}) {
+        for (const std::size_t done : {0U, 1U, 500U, 999U, 1000U}) {
             const std::string line = progressLine(done, 1000, columns);
             EXPECT_LT(line.size(), std::max<std::size_t>(columns, 1)) << columns;
             EXPECT_EQ(line.empty(), columns < 6) << columns;
