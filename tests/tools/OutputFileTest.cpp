@@ -2,42 +2,147 @@
 #include "tools/report/OutputFile.h"
 #include "tools/support/Error.h"
 
+#include <csignal>
+
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
 using namespace Tolvane::Tools;
+namespace fs = std::filesystem;
 
-TEST(OutputFile, ReplacesAFileAsAWhole) {
-    const TemporaryFolder folder;
+class OutputFiles : public testing::Test {
+protected:
+    // What the error says after the path; nothing if there is none.
+    template <typename Work>
+    static std::string refusal(const std::string& path, const Work& work) {
+        try {
+            work();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.stage(), Stage::Writing);
+            EXPECT_EQ(error.file(), path);
+            EXPECT_THAT(error.what(), testing::StartsWith(path + ": "));
+            return error.what() + path.size() + 2;
+        }
+        return "";
+    }
+    static std::string refusal(const std::string& path) {
+        return refusal(path, [&] { OutputFile{path}; });
+    }
+    static mode_t permissions(const std::string& path) {
+        struct stat status {};
+        stat(path.c_str(), &status);
+        return status.st_mode & 07777;
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(OutputFiles, ReplaceAFileAsAWhole) {
     const std::string path = folder.write("file", "something old and long");
     OutputFile(path).write("new");
     EXPECT_EQ(readFile(path), "new");
     EXPECT_EQ(folder.fileCount(), 1U);
 }
 
-TEST(OutputFile, DoesNotExistBeforeItIsWritten) {
-    const TemporaryFolder folder;
+TEST_F(OutputFiles, DoNotExistBeforeTheyAreWritten) {
     const OutputFile file(folder.path("file"));
     EXPECT_EQ(folder.fileCount(), 0U);
-    file.write("text");
-    EXPECT_EQ(readFile(folder.path("file")), "text");
+    const std::string text(3'000'000, 'a');
+    file.write(text);
+    EXPECT_TRUE(readFile(folder.path("file")) == text);
 }
 
-TEST(OutputFile, RefusesAPathThatCannotBeWritten) {
-    const TemporaryFolder folder;
-    EXPECT_THROW(OutputFile(folder.path("missing/file")), Error);
-    EXPECT_THROW(OutputFile(folder.path("")), Error);
-    EXPECT_THROW(OutputFile("/dev/null"), Error);
+TEST_F(OutputFiles, HaveThePermissionsOfTheirFormersOrOfAnyNewFile) {
+    const std::string former = folder.write("former", "");
+    chmod(former.c_str(), 0640);
+    OutputFile(former).write("text");
+    EXPECT_EQ(permissions(former), 0640U);
+    const mode_t mask = umask(027);
+    OutputFile(folder.path("new")).write("text");
+    umask(mask);
+    EXPECT_EQ(permissions(folder.path("new")), 0640U);
 }
 
-TEST(OutputFile, LeavesNothingBehindWhenWritingFails) {
-    const TemporaryFolder folder;
+TEST_F(OutputFiles, AreReplacedWhereALinkLeadsTo) {
+    fs::create_directory(folder.path("below"));
+    const std::string target = folder.write("below/target", "former");
+    fs::create_symlink("below/target", folder.path("link"));
+    fs::create_symlink("link", folder.path("second"));
+    fs::create_symlink("below/missing", folder.path("dangling"));
+    OutputFile(folder.path("second")).write("new");
+    EXPECT_EQ(readFile(target), "new");
+    OutputFile(folder.path("dangling")).write("text");
+    EXPECT_EQ(readFile(folder.path("below/missing")), "text");
+    for (const char* link : {"link", "second", "dangling"})
+        EXPECT_TRUE(fs::is_symlink(folder.path(link))) << link;
+    EXPECT_EQ(folder.fileCount(), 4U);
+}
+
+TEST_F(OutputFiles, AreRefusedWhereTheyCannotBeWritten) {
+    EXPECT_EQ(refusal(folder.path("missing/file")), "cannot be written: there is no such folder");
+    EXPECT_EQ(refusal(folder.path("")), "is a folder, not a file to write to");
+    EXPECT_EQ(refusal("/dev/null"), "is not a regular file, and will not be replaced");
+    EXPECT_EQ(refusal(""), "is a folder, not a file to write to");
+    fs::create_symlink("round", folder.path("round"));
+    EXPECT_EQ(refusal(folder.path("round")),
+              "cannot be written: Too many levels of symbolic links");
+    fs::create_symlink("/dev/null", folder.path("device"));
+    EXPECT_EQ(refusal(folder.path("device")), "is not a regular file, and will not be replaced");
+}
+
+TEST_F(OutputFiles, AreRefusedWhereTheyAreRead) {
+    const std::string read = folder.write("read", "precious");
+    fs::create_symlink(read, folder.path("symbolic"));
+    fs::create_hard_link(read, folder.path("hard"));
+    for (const char* name : {"read", "./read", "symbolic", "hard"}) {
+        const std::string path = folder.path(name);
+        const std::string refused = "is read, and will not be written over";
+        EXPECT_EQ(refusal(path, [&] { OutputFile(path, {read}); }), refused);
+        const OutputFile file(path);
+        EXPECT_EQ(refusal(path, [&] { file.refuseToReplace({"none", read}); }), refused);
+    }
+}
+
+TEST_F(OutputFiles, AreRefusedWhereTwoAreTheSame) {
+    folder.write("there", "");
+    fs::create_hard_link(folder.path("there"), folder.path("hard"));
+    fs::create_directory(folder.path("below"));
+    for (const auto& [first, second] :
+         {std::pair("new", "new"), std::pair("new", "./new"), std::pair("new", "below/../new"),
+          std::pair("there", "hard")}) {
+        Tolvane::Tools::OutputFiles files({});
+        files.add(folder.path(first));
+        const std::string path = folder.path(second);
+        EXPECT_EQ(refusal(path, [&] { files.add(path); }), "is written twice in one run");
+        EXPECT_EQ(refusal(path, [&] { files.add(folder.path("other")); }), "");
+    }
+}
+
+TEST_F(OutputFiles, LeaveNothingBehindWhenWritingFails) {
     const std::string path = folder.path("file");
     const OutputFile file(path);
     // Meanwhile a folder has taken the name, and a file cannot replace a folder.
-    std::filesystem::create_directories(path + "/inside");
-    EXPECT_THROW(file.write("text"), Error);
+    fs::create_directories(path + "/inside");
+    EXPECT_EQ(refusal(path, [&] { file.write("text"); }), "cannot be written: Is a directory");
+    EXPECT_EQ(folder.fileCount(), 1U);
+}
+
+TEST_F(OutputFiles, StayAsTheyWereWhereOnlyAPartFits) {
+    const std::string path = folder.write("file", "former");
+    rlimit former{};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit small{1000, former.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string cause =
+        refusal(path, [&] { OutputFile(path).write(std::string(2000, 'a')); });
+    setrlimit(RLIMIT_FSIZE, &former);
+    EXPECT_EQ(cause, "cannot be written: File too large");
+    EXPECT_EQ(readFile(path), "former");
     EXPECT_EQ(folder.fileCount(), 1U);
 }
 

@@ -56,16 +56,12 @@ TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
     }
 }
 
-TEST_F(TolvaneRun, RefusesASecondFile) {
-    expectRefusal({"run", rig(), "b.bvh"}, "b.bvh", "not expected", "usage");
-}
-
 TEST_F(TolvaneRun, RefusesAMissingFile) {
     expectRefusal({"run", folder.path("none.bvh")}, folder.path("none.bvh"), "no such file");
 }
 
-TEST_F(TolvaneRun, RefusesAFolder) {
-    expectRefusal({"run", folder.path("")}, folder.path(""), "folder");
+TEST_F(TolvaneRun, RefusesAFolderWithoutRigs) {
+    expectRefusal({"run", folder.path("")}, folder.path(""), "no file with the name of a rig");
 }
 
 TEST_F(TolvaneRun, RefusesADevice) {
@@ -179,6 +175,25 @@ TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
         }
     }
     EXPECT_EQ(folder.fileCount(), 4U);
+}
+
+// On a disk of 16 KiB, where that can be had.
+TEST_F(TolvaneRun, NamesAFullDiskAndLeavesNothingOnIt) {
+    const std::string disk = folder.path("disk");
+    std::filesystem::create_directory(disk);
+    const auto onDisk = [&](const std::string& command) {
+        const std::string all =
+            "mount -t tmpfs -o size=16k none " + quoted(disk) + " && " + command;
+        return WEXITSTATUS(std::system(("unshare -r -m sh -c " + quoted(all)).c_str()));
+    };
+    if (onDisk("true") != 0) GTEST_SKIP() << "no disk can be mounted here";
+    EXPECT_EQ(onDisk(quoted(TOLVANE) + " run --svg " + quoted(disk + "/out.svg") +
+                     " >/dev/null 2>" + quoted(folder.path("errors")) + "; echo $? >" +
+                     quoted(folder.path("status")) + "; test -z \"$(ls -A " + quoted(disk) + ")\""),
+              0);
+    EXPECT_EQ(readFile(folder.path("status")), "2\n");
+    EXPECT_EQ(readFile(folder.path("errors")),
+              "tolvane: " + disk + "/out.svg: cannot be written: no space left on device\n");
 }
 
 TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {

@@ -10,8 +10,9 @@ namespace Tolvane::Tools {
 struct Command {
     // Belongs to the application that the command was added to.
     CLI::App* options;
-    // Called once the options have been read. Returns and throws what `runCommandLine` does.
-    std::function<bool()> carryOut;
+    // Called once the options have been read. Returns the exit status of the program. Throws Error
+    // where the command cannot be carried out, and Interrupted.
+    std::function<int()> carryOut;
 };
 
 }  // namespace Tolvane::Tools

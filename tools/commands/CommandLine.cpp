@@ -15,7 +15,7 @@ namespace Tolvane::Tools {
 namespace {
 
 // Returns and throws what a command does.
-bool carryOut(int count, const char* const* arguments) {
+int carryOut(int count, const char* const* arguments) {
     CLI::App app("Runs rigs through TolvanePlugin, from the host into the graph and back.");
     app.name("tolvane");
     app.set_version_flag("-V,--version", "tolvane " TOLVANE_VERSION);
@@ -29,7 +29,7 @@ bool carryOut(int count, const char* const* arguments) {
         app.parse(count, arguments);
     } catch (const CLI::Success& helpOrVersion) {
         app.exit(helpOrVersion);
-        return true;
+        return 0;
     } catch (const CLI::ParseError& error) {
         const std::string name =
             named() == commands.end() ? "" : named()->options->get_name() + " ";
@@ -62,7 +62,7 @@ int tell(const Error& error, bool json) {
 int runCommandLine(int count, const char* const* arguments) {
     const bool json = wantsJson(count, arguments);
     try {
-        return carryOut(count, arguments) ? 0 : 1;
+        return carryOut(count, arguments);
     } catch (const Error& error) {
         return tell(error, json);
     } catch (const std::exception& exception) {

@@ -24,6 +24,7 @@ void exchange(Message& message, AnyEvaluation& evaluation) {
     message.optional(evaluation.picture, text);
     message.optional(evaluation.misdeed, text);
     message.text(evaluation.printed);
+    message.text(evaluation.row);
 }
 
 // What the run and the library have left once the library is gone.
@@ -104,6 +105,7 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     evaluation.report = reportOf(findings, rig, arguments);
     if (arguments.picture) evaluation.picture = drawPicture(rig, findings.run.snapshots);
     if (findings.run.misdeed) evaluation.misdeed = findings.run.misdeed->what();
+    evaluation.row = rowOf(summarise(rig), findings.run);
     evaluation.printed = self.allowedPrints();
     MessageOut message;
     exchange(message, evaluation);
@@ -128,7 +130,7 @@ Error downfall(const std::string& path, const Outcome& outcome, const Limits& li
 }  // namespace
 
 Evaluation evaluate(const Rig& rig, const RunArguments& arguments, const RunOptions& options,
-                    const std::function<void(const Child&)>& watch) {
+                    const Watch& watch) {
     // A long animation takes its time; what counts is that it goes on.
     Limits limits = arguments.limits;
     limits.processorTime = 0;

@@ -8,7 +8,6 @@
 #include "tools/process/Child.h"
 #include "tools/rig/Rig.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -25,11 +24,13 @@ struct Evaluation {
     std::optional<std::string> misdeed;
     // What the library printed and somebody asked for.
     std::string printed;
+    // The run in one line of a table.
+    std::string row;
 };
 
 // Throws Error if the library cannot be loaded or brings its process down, with a line that names
 // it and says what it was doing, and Interrupted. `watch` is told how far the run is.
 Evaluation evaluate(const Rig& rig, const RunArguments& arguments, const RunOptions& options,
-                    const std::function<void(const Child&)>& watch);
+                    const Watch& watch);
 
 }  // namespace Tolvane::Tools

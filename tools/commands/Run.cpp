@@ -1,7 +1,9 @@
 #include "tools/commands/Run.h"
 
+#include "tools/commands/RunMany.h"
 #include "tools/commands/RunRig.h"
 #include "tools/report/Colours.h"
+#include "tools/support/Stage.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -42,19 +44,38 @@ void addLimits(CLI::App& run, Limits& limits) {
         ->check(CLI::Range(1U, 1'000'000U));
 }
 
+int runAsAsked(RunArguments& arguments) {
+    if (isAboutMany(arguments)) return runMany(arguments);
+    arguments.file = arguments.files.front();
+    return runRig(arguments) ? 0 : 1;
+}
+
 }  // namespace
 
 Command addRun(CLI::App& app) {
     const auto arguments = std::make_shared<RunArguments>();
-    arguments->file = besideProgram("../share/tolvane/examples/walk.bvh");
+    arguments->files = {besideProgram("../share/tolvane/examples/walk.bvh")};
     arguments->plugin = besideProgram("../lib/TolvanePlugin.so");
 
     CLI::App& run = *app.add_subcommand(
         "run",
         "Sends each frame of a rig through the plugin and compares what comes back.\n"
         "Exit status: 0 if all is equal, 1 if anything differs or fails, 2 if it cannot run.");
-    run.add_option("FILE", arguments->file,
-                   "A rig: BVH, glTF, GLB, FBX, COLLADA, ... (default: the bundled walk)");
+    run.footer(
+        "Each rig is read, and each library tried, in a process of its own: whatever happens "
+        "there\n"
+        "is one line on standard error. With --json it is an object on standard output too,\n"
+        "{\"error\": {\"stage\", \"what\", \"file\"}}, where the stage is one of:\n"
+        "  " +
+        std::string(stageWords()));
+    run.add_option(
+        "FILE", arguments->files,
+        "Rigs (BVH, glTF, GLB, FBX, COLLADA, ...) and folders of rigs (default: the\n"
+        "bundled walk). Of several, each gets a row or, with --json, an object in a line.");
+    run.add_option("--jobs", arguments->jobs,
+                   "Run N of several rigs at once (default: one for each processor)")
+        ->option_text("N")
+        ->check(CLI::Range(1U, 10'000U));
     run.add_option("--frames", arguments->frames,
                    "Run frames A to B only, counted from 0, both included")
         ->option_text("A:B");
@@ -85,7 +106,7 @@ Command addRun(CLI::App& app) {
     addLimits(run, arguments->limits);
     return {&run, [arguments] {
                 arguments->inColour = coloursWanted(STDOUT_FILENO);
-                return runRig(*arguments);
+                return runAsAsked(*arguments);
             }};
 }
 

@@ -10,6 +10,11 @@
 namespace Tolvane::Tools {
 
 struct RunArguments {
+    // Each is a rig or a folder of rigs. At least one.
+    std::vector<std::string> files;
+    // How many rigs are run at once. If set, a single one is treated like many too.
+    std::optional<unsigned> jobs;
+    // The rig that a run is about.
     std::string file;
     std::string plugin;
     std::optional<std::string> types;

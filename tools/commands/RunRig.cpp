@@ -61,34 +61,40 @@ OutputFiles outputs(const RunArguments& arguments) {
     return files;
 }
 
-Evaluation evaluateShowingProgress(const Rig& rig, const RunArguments& arguments,
-                                   const RunOptions& options) {
-    ProgressBar progress;
-    return evaluate(rig, arguments, options, [&](const Child& child) {
-        if (!arguments.quiet && child.total() != 0) progress.show(child.done(), child.total());
+}  // namespace
+
+void refuseSenseless(const RunArguments& arguments) {
+    during(Stage::Usage, "", [&] {
+        loadOptions(arguments);
+        runOptions(arguments);
     });
+    refuseNoLibrary(arguments.plugin);
 }
 
-// All but printing, which is left to its usual end where somebody interrupts it.
-Evaluation carryOut(const RunArguments& arguments) {
-    const InterruptionGuard guard;
+Evaluation carryOut(const RunArguments& arguments, const Watch& watch) {
     const LoadOptions load = during(Stage::Usage, "", [&] { return loadOptions(arguments); });
     const RunOptions options = during(Stage::Usage, "", [&] { return runOptions(arguments); });
     OutputFiles files = outputs(arguments);
     refuseNoLibrary(arguments.plugin);
 
-    const Rig rig = readRig(arguments.file, load, arguments.limits);
+    const Rig rig = readRig(arguments.file, load, arguments.limits, watch);
     during(Stage::Usage, "", [&] { framesOf(rig, options.frames); });
     files.refuseToReplace(rig.filesRead);
-    Evaluation evaluation = evaluateShowingProgress(rig, arguments, options);
+    Evaluation evaluation = evaluate(rig, arguments, options, watch);
     if (arguments.picture) files.write(*arguments.picture, *evaluation.picture);
     return evaluation;
 }
 
-}  // namespace
-
+// Printing is left to its usual end where somebody interrupts it.
 bool runRig(const RunArguments& arguments) {
-    const Evaluation evaluation = carryOut(arguments);
+    const auto interruptible = [&] {
+        const InterruptionGuard guard;
+        ProgressBar progress;
+        return carryOut(arguments, [&](const Child& child) {
+            if (!arguments.quiet && child.total() != 0) progress.show(child.done(), child.total());
+        });
+    };
+    const Evaluation evaluation = interruptible();
     std::cerr << evaluation.printed;
     std::cout << evaluation.report;
     if (!std::cout.flush())

@@ -196,8 +196,7 @@ void Child::wait(const std::vector<Child*>& children) {
     throwIfInterrupted();
 }
 
-Outcome runInChild(const Work& work, const Limits& limits,
-                   const std::function<void(const Child&)>& watch) {
+Outcome runInChild(const Work& work, const Limits& limits, const Watch& watch) {
     Child child(work, limits);
     while (!child.advance()) {
         if (watch) watch(child);

@@ -80,9 +80,11 @@ private:
     Outcome m_outcome;
 };
 
-// Runs `work` to its end. `watch` is called now and then meanwhile. Throws Error if no process can
+// Somebody who is called now and then while a child runs.
+using Watch = std::function<void(const Child&)>;
+
+// Runs `work` to its end. Throws Error if no process can
 // be started, and Interrupted.
-Outcome runInChild(const Work& work, const Limits& limits,
-                   const std::function<void(const Child&)>& watch = {});
+Outcome runInChild(const Work& work, const Limits& limits, const Watch& watch = {});
 
 }  // namespace Tolvane::Tools

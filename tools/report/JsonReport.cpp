@@ -110,6 +110,12 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
     out << printed(report);
 }
 
+std::string jsonLine(const std::string& file, const std::string& object) {
+    Json line{{"file", file}};
+    line.update(Json::parse(object));
+    return printed(line, -1);
+}
+
 void printJson(std::ostream& out, const Error& error) {
     out << printed({{"error", jsonOf(error)}});
 }

@@ -52,6 +52,17 @@ void printVerdict(std::ostream& out, const RunResult& result, const TextOptions&
 
 void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
                const RunResult& result);
+
+// For a table of many rigs: its head, the row of a rig, without a line break, that of one that has
+// no findings, and what they add up to.
+std::string headOfRows();
+std::string rowOf(const RigSummary& rig, const RunResult& result);
+std::string rowOf(const std::string& file, const Error& error);
+std::string sumOf(std::size_t equal, std::size_t failed, std::size_t notRun);
+
+// The object of one of many rigs, in one line that begins with the name of its file.
+std::string jsonLine(const std::string& file, const std::string& object);
+
 // Where nothing can be reported, one object that says why.
 void printJson(std::ostream& out, const Error& error);
 

@@ -1,14 +1,14 @@
 #include "tools/rig/ReadRig.h"
 
-#include "tools/process/Child.h"
 #include "tools/process/Message.h"
 #include "tools/rig/RigMessage.h"
 
 namespace Tolvane::Tools {
 
-Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits) {
-    const std::string message =
-        inReadingProcess(path, limits, [&] { return messageOf(loadRig(path, options)); });
+Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits,
+            const Watch& watch) {
+    const std::string message = inReadingProcess(
+        path, limits, [&] { return messageOf(loadRig(path, options)); }, watch);
     try {
         Rig rig = rigOf(message);
         rig.file = path;
@@ -19,7 +19,7 @@ Rig readRig(const std::string& path, const LoadOptions& options, const Limits& l
 }
 
 std::string inReadingProcess(const std::string& path, const Limits& limits,
-                             const std::function<std::string()>& read) {
+                             const std::function<std::string()>& read, const Watch& watch) {
     const auto work = [&](ChildSide& self) {
         self.enter(Stage::Reading);
         return during(Stage::Reading, path, read);
@@ -27,7 +27,7 @@ std::string inReadingProcess(const std::string& path, const Limits& limits,
     // While a file is read nothing can be said of progress, and a slow disk takes its time too.
     Limits patient = limits;
     patient.silence = 2 * limits.silence;
-    Outcome outcome = runInChild(work, patient);
+    Outcome outcome = runInChild(work, patient, watch);
     if (outcome.end == Outcome::End::Answered) return std::move(outcome.answer);
     if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
     throw Error(Stage::Reading, path, path + ": its reader " + inWords(outcome, patient));

@@ -3,6 +3,7 @@
 // line like any other.
 #pragma once
 
+#include "tools/process/Child.h"
 #include "tools/process/Limits.h"
 #include "tools/rig/LoadRig.h"
 #include "tools/rig/Rig.h"
@@ -13,11 +14,12 @@
 namespace Tolvane::Tools {
 
 // As `loadRig`. Takes some milliseconds more.
-Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits);
+Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits,
+            const Watch& watch = {});
 
 // Calls `read`, which reads `path`, in that process, and returns what it returns. What it prints is
 // dropped. Throws Error, with a line that names the file and the cause, and Interrupted.
 std::string inReadingProcess(const std::string& path, const Limits& limits,
-                             const std::function<std::string()>& read);
+                             const std::function<std::string()>& read, const Watch& watch = {});
 
 }  // namespace Tolvane::Tools

@@ -99,7 +99,8 @@ void check(const Rig& rig) {
     checkJoints(rig.joints);
     require(rig.upAxis < 3, "there is no such axis");
     require(!rig.metresPerUnit || isPositive(*rig.metresPerUnit), "the unit has no length");
-    require(rig.frameCount > 0 && rig.frameCount <= kMostFrames, "there are too many frames, or none");
+    require(rig.frameCount > 0 && rig.frameCount <= kMostFrames,
+            "there are too many frames, or none");
     require(isPositive(rig.framesPerSecond) && isPositive(rig.ticksPerFrame),
             "frames have no length");
 }

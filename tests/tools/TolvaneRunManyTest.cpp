@@ -1,0 +1,174 @@
+// `tolvane run` for several rigs and folders of rigs in one call.
+#include "tests/tools/TolvaneRun.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
+using Json = nlohmann::ordered_json;
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+class TolvaneRunMany : public TolvaneRun {
+protected:
+    // A folder with two whole rigs, a broken one, and what is no rig.
+    TolvaneRunMany() {
+        fs::create_directories(folder.path("rigs/deep/er"));
+        folder.write("rigs/b.bvh", sampleBvh());
+        folder.write("rigs/deep/er/a.gltf", sampleGltf());
+        folder.write("rigs/notes.md", "Remember the milk.\n");
+        folder.write("rigs/no extension", sampleBvh());
+    }
+
+    std::string addBroken() { return folder.write("rigs/deep/broken.bvh", "HIERARCHY\n"); }
+
+    std::string rigs = folder.path("rigs");
+};
+
+TEST_F(TolvaneRunMany, GivesEachRigOfAFolderARowAndSumsThemUp) {
+    const TolvaneProcess process = runTolvane({"run", rigs, "--jobs", "1"});
+    EXPECT_EQ(process.status, 0);
+    EXPECT_EQ(process.errors, "");
+    const auto lines = linesOf(process.output);
+    ASSERT_EQ(lines.size(), 5U) << process.output;
+    EXPECT_THAT(lines[0], testing::MatchesRegex("Verdict +Joints +Frames +Values .*File"));
+    // In the order of their names.
+    EXPECT_THAT(lines[1], testing::MatchesRegex("equal +5 +4 .* 0   .*/rigs/b.bvh"));
+    EXPECT_THAT(lines[2], testing::MatchesRegex("equal +2 +31 .* 0   .*/rigs/deep/er/a.gltf"));
+    EXPECT_EQ(lines[4], "2 rigs: all came back as they went in.");
+}
+
+TEST_F(TolvaneRunMany, GoesOnBehindARigThatCannotBeRead) {
+    const std::string broken = addBroken();
+    const TolvaneProcess process = runTolvane({"run", broken, folder.path("none.bvh"), rigs});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_THAT(process.output, HasSubstr("\nnot run "));
+    EXPECT_THAT(process.output, EndsWith("\n5 rigs: 2 came back as they went in, 3 could not be "
+                                         "run.\n"));
+    const auto errors = linesOf(process.errors);
+    EXPECT_THAT(errors, UnorderedElementsAre(
+                            StartsWith("tolvane: " + broken + ": "),
+                            StartsWith("tolvane: " + broken + ": "),
+                            "tolvane: " + folder.path("none.bvh") + ": there is no such file"));
+}
+
+TEST_F(TolvaneRunMany, PrintsAJsonObjectInALineForEachRig) {
+    const std::string broken = addBroken();
+    const TolvaneProcess process = runTolvane({"run", rigs, "--json"});
+    EXPECT_EQ(process.status, 2);
+    std::vector<std::string> files;
+    for (const std::string& line : linesOf(process.output)) {
+        const Json object = Json::parse(line);
+        EXPECT_EQ(object.begin().key(), "file");
+        files.push_back(object["file"]);
+        if (object["file"] != broken) {
+            EXPECT_EQ(object["ok"], true);
+            EXPECT_EQ(object["rig"]["file"], object["file"]);
+        } else {
+            EXPECT_EQ(object["error"]["stage"], "reading");
+            EXPECT_EQ(object["error"]["file"], broken);
+        }
+    }
+    EXPECT_THAT(files, UnorderedElementsAre(rigs + "/b.bvh", broken, rigs + "/deep/er/a.gltf"));
+}
+
+TEST_F(TolvaneRunMany, FailsWithThoseThatFail) {
+    const std::vector<std::string> arguments{"run", rigs, "--plugin", FAULTY_LIBRARY};
+    const TolvaneProcess process = runTolvane(arguments, "TOLVANE_TEST_FAULT=writes nothing");
+    EXPECT_EQ(process.status, 1);
+    EXPECT_EQ(process.errors, "");
+    EXPECT_THAT(process.output, HasSubstr("\nFAILED "));
+    EXPECT_THAT(process.output, EndsWith(": 0 came back as they went in, 2 FAILED.\n"));
+    addBroken();
+    EXPECT_EQ(runTolvane(arguments, "TOLVANE_TEST_FAULT=writes nothing").status, 2);
+}
+
+TEST_F(TolvaneRunMany, SaysWithWhichRigALibraryCrashes) {
+    const TolvaneProcess process = runTolvane({"run", rigs, "--plugin", MISBEHAVING_LIBRARY},
+                                              "TOLVANE_TEST_FAULT=crashes writing");
+    EXPECT_EQ(process.status, 1);
+    const std::string end = ": " MISBEHAVING_LIBRARY
+                            ": crashes (segmentation fault) while port "
+                            "outPins is evaluated in frame 1";
+    EXPECT_THAT(linesOf(process.errors),
+                UnorderedElementsAre("tolvane: " + rigs + "/b.bvh" + end,
+                                     "tolvane: " + rigs + "/deep/er/a.gltf" + end));
+}
+
+TEST_F(TolvaneRunMany, PassesItsOptionsOnToEachRig) {
+    const TolvaneProcess process =
+        runTolvane({"run", "--json", "--frames", "1:1", "--churn", rigs, rig()});
+    EXPECT_EQ(process.status, 0);
+    const auto lines = linesOf(process.output);
+    EXPECT_EQ(lines.size(), 3U);
+    for (const std::string& line : lines) EXPECT_EQ(Json::parse(line)["evaluated"], 4);
+}
+
+TEST_F(TolvaneRunMany, TreatsASingleRigTheSameWayWhereJobsAreAskedFor) {
+    const TolvaneProcess process = runTolvane({"run", rig(), "--json", "--jobs", "1"});
+    EXPECT_EQ(process.status, 0);
+    EXPECT_THAT(linesOf(process.output), ElementsAre(StartsWith("{\"file\":\"" + rig() + "\"")));
+}
+
+TEST_F(TolvaneRunMany, RefusesAtOnceWhatMakesNoSenseForAnyRig) {
+    const auto expectRefusal = [](const std::vector<std::string>& arguments,
+                                  const std::string& line) {
+        const TolvaneProcess process = runTolvane(arguments);
+        EXPECT_EQ(process.status, 2);
+        EXPECT_EQ(process.output, "");
+        EXPECT_EQ(process.errors, "tolvane: " + line + "\n");
+    };
+    const std::string picture = folder.path("out.svg");
+    expectRefusal({"run", rigs, "--svg", picture},
+                  "--svg is for one rig, and several may be meant");
+    expectRefusal({"run", rigs, "--plugin", "none.so"}, "none.so: there is no such file");
+    expectRefusal({"run", rigs, "--frames", "3:1"}, "--frames 3:1: ends before it begins");
+    fs::create_directory(folder.path("empty"));
+    expectRefusal({"run", folder.path("empty"), rig()},
+                  folder.path("empty") + ": holds no file with the name of a rig");
+    EXPECT_EQ(runTolvane({"run", rigs, "--jobs", "0"}).status, 2);
+}
+
+// This machine stands for all.
+TEST_F(TolvaneRunMany, IsSpreadOverMachinesByTheLineInTheReadme) {
+    const auto lines = linesOf(readFile(README));
+    const auto line = std::find_if(lines.begin(), lines.end(), [](const std::string& each) {
+        return each.find(" | parallel ") != std::string::npos;
+    });
+    ASSERT_NE(line, lines.end());
+    addBroken();
+    folder.write("machines", ":\n");
+    const std::string programs = fs::path(TOLVANE).parent_path().string();
+    const std::string command = "export HOME=" + quoted(folder.path("")) +
+                                " PATH=" + quoted(programs) + ":$PATH; cd && exec 2>errors; " +
+                                *line;
+    // GNU parallel ends with the number of runs that failed.
+    const int status = std::system(command.c_str());
+    const std::string errors = readFile(folder.path("errors"));
+    EXPECT_EQ(WEXITSTATUS(status), 1) << errors;
+    EXPECT_THAT(errors, HasSubstr("tolvane: rigs/deep/broken.bvh: "));
+    std::vector<std::string> files;
+    for (const std::string& each : linesOf(readFile(folder.path("results.jsonl"))))
+        files.push_back(Json::parse(each)["file"]);
+    EXPECT_THAT(files, UnorderedElementsAre("rigs/b.bvh", "rigs/deep/broken.bvh"));
+}
+
+}  // namespace

@@ -1,0 +1,229 @@
+#include "tools/commands/RunMany.h"
+
+#include "tools/commands/RunRig.h"
+#include "tools/process/Child.h"
+#include "tools/process/Interruption.h"
+#include "tools/process/Message.h"
+#include "tools/report/ProgressBar.h"
+#include "tools/report/Report.h"
+#include "tools/rig/RigFiles.h"
+#include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <thread>
+#include <vector>
+
+namespace Tolvane::Tools {
+namespace {
+
+// The run of one rig, ready to be printed.
+struct Row {
+    std::int32_t status = 2;
+    // For standard output and, if it is not empty, for standard error.
+    std::string text;
+    std::string error;
+};
+
+template <typename Message, typename AnyRow>
+void exchange(Message& message, AnyRow& row) {
+    message.number(row.status);
+    message.text(row.text);
+    message.text(row.error);
+}
+
+std::string jsonOf(const Error& error) {
+    std::ostringstream text;
+    printJson(text, error);
+    return text.str();
+}
+
+// Names the rig too where the library is at fault.
+std::string lineOf(const RunArguments& arguments, const std::string& what) {
+    const bool namesRig = what.compare(0, arguments.file.size(), arguments.file) == 0;
+    return oneLine(namesRig ? what : arguments.file + ": " + what);
+}
+
+Row rowOfError(const RunArguments& arguments, const Error& error) {
+    return {error.status(),
+            arguments.json ? jsonLine(arguments.file, jsonOf(error))
+                           : rowOf(arguments.file, error) + "\n",
+            lineOf(arguments, error.what())};
+}
+
+Row run(const RunArguments& arguments, ChildSide& self) {
+    try {
+        const Evaluation evaluation = carryOut(
+            arguments, [&self](const Child& child) { self.progress(child.done(), child.total()); });
+        return {
+            evaluation.ok ? 0 : 1,
+            arguments.json ? jsonLine(arguments.file, evaluation.report) : evaluation.row + "\n",
+            evaluation.misdeed ? lineOf(arguments, *evaluation.misdeed) : ""};
+    } catch (const Error& error) {
+        return rowOfError(arguments, error);
+    }
+}
+
+std::string runInMessage(const RunArguments& arguments, ChildSide& self) {
+    const Row row = run(arguments, self);
+    MessageOut message;
+    exchange(message, row);
+    return message.take();
+}
+
+// The limits are those of the processes that it has in turn.
+Limits limitsOfRun() {
+    Limits limits;
+    limits.memory = 0;
+    limits.processorTime = 0;
+    return limits;
+}
+
+std::optional<Row> rowOfMessage(const std::string& bytes) {
+    try {
+        Row row;
+        MessageIn message(bytes);
+        exchange(message, row);
+        message.end();
+        if (row.status >= 0 && row.status <= 2) return row;
+    } catch (const BadMessage&) {
+        // As if there were none.
+    }
+    return std::nullopt;
+}
+
+Row rowOfOutcome(const RunArguments& arguments, const Outcome& outcome) {
+    if (outcome.end == Outcome::End::Answered)
+        if (const auto row = rowOfMessage(outcome.answer)) return *row;
+    return rowOfError(arguments,
+                      Error(Stage::Other, arguments.file,
+                            arguments.file + ": its process " + inWords(outcome, limitsOfRun())));
+}
+
+class Runs {
+public:
+    Runs(const RunArguments& arguments, std::vector<std::string> files)
+        : m_arguments(arguments), m_files(std::move(files)) {}
+
+    // Returns the exit status.
+    int toTheEnd();
+
+private:
+    struct Run {
+        RunArguments arguments;
+        std::unique_ptr<Child> child;
+    };
+
+    void startNext();
+    void waitForAny();
+    void takeThoseThatEnded();
+    void showProgress();
+    void print(const Row& row);
+
+    const RunArguments& m_arguments;
+    std::vector<std::string> m_files;
+    std::size_t m_started = 0;
+    std::vector<Run> m_running;
+    // How many ended with the status 0, 1 and 2.
+    std::size_t m_ended[3] = {};
+    std::optional<ProgressBar> m_progress;
+};
+
+int Runs::toTheEnd() {
+    const unsigned jobs =
+        m_arguments.jobs.value_or(std::max(1U, std::thread::hardware_concurrency()));
+    if (!m_arguments.json && !m_arguments.quiet) std::cout << headOfRows() << std::endl;
+    while (m_started < m_files.size() || !m_running.empty()) {
+        while (m_started < m_files.size() && m_running.size() < jobs) startNext();
+        waitForAny();
+        takeThoseThatEnded();
+        showProgress();
+    }
+    m_progress.reset();
+    const bool allWell = m_ended[1] + m_ended[2] == 0;
+    if (!m_arguments.json && !(m_arguments.quiet && allWell))
+        std::cout << "\n" << sumOf(m_ended[0], m_ended[1], m_ended[2]) << std::endl;
+    return m_ended[2] != 0 ? 2 : m_ended[1] != 0 ? 1 : 0;
+}
+
+void Runs::startNext() {
+    Run run{m_arguments, nullptr};
+    run.arguments.file = m_files[m_started++];
+    const auto work = [&](ChildSide& self) { return runInMessage(run.arguments, self); };
+    run.child = std::make_unique<Child>(work, limitsOfRun());
+    m_running.push_back(std::move(run));
+}
+
+void Runs::waitForAny() {
+    std::vector<Child*> children;
+    for (const Run& run : m_running) children.push_back(run.child.get());
+    Child::wait(children);
+}
+
+void Runs::takeThoseThatEnded() {
+    const auto hasEnded = [&](const Run& run) {
+        if (!run.child->advance()) return false;
+        print(rowOfOutcome(run.arguments, run.child->outcome()));
+        return true;
+    };
+    m_running.erase(std::remove_if(m_running.begin(), m_running.end(), hasEnded), m_running.end());
+}
+
+// A rig counts for a thousand.
+void Runs::showProgress() {
+    if (m_arguments.quiet) return;
+    constexpr std::size_t kWhole = 1000;
+    std::size_t done = (m_ended[0] + m_ended[1] + m_ended[2]) * kWhole;
+    for (const Run& run : m_running)
+        if (run.child->total() != 0) done += kWhole * run.child->done() / run.child->total();
+    if (!m_progress) m_progress.emplace();
+    m_progress->show(done, m_files.size() * kWhole);
+}
+
+// The bar makes room for the row.
+void Runs::print(const Row& row) {
+    m_progress.reset();
+    ++m_ended[row.status];
+    if (!m_arguments.quiet || row.status != 0) std::cout << row.text;
+    if (!std::cout.flush())
+        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+    if (!row.error.empty()) std::cerr << "tolvane: " << row.error << "\n";
+}
+
+std::vector<std::string> rigsOf(const RunArguments& arguments) {
+    std::vector<std::string> rigs;
+    for (const std::string& file : arguments.files) {
+        std::error_code ignored;
+        if (!std::filesystem::is_directory(file, ignored)) {
+            rigs.push_back(file);
+            continue;
+        }
+        const std::vector<std::string> inFolder = rigFilesIn(file);
+        rigs.insert(rigs.end(), inFolder.begin(), inFolder.end());
+    }
+    return rigs;
+}
+
+}  // namespace
+
+bool isAboutMany(const RunArguments& arguments) {
+    std::error_code ignored;
+    return arguments.jobs || arguments.files.size() > 1 ||
+           std::filesystem::is_directory(arguments.files.front(), ignored);
+}
+
+int runMany(const RunArguments& arguments) {
+    refuseSenseless(arguments);
+    if (arguments.picture)
+        throw Error(Stage::Usage, "", "--svg is for one rig, and several may be meant");
+    std::vector<std::string> rigs = rigsOf(arguments);
+    const InterruptionGuard guard;
+    return Runs(arguments, std::move(rigs)).toTheEnd();
+}
+
+}  // namespace Tolvane::Tools

@@ -1,0 +1,52 @@
+#include "tools/report/Report.h"
+#include "tools/report/Table.h"
+#include "tools/support/OneLine.h"
+
+namespace Tolvane::Tools {
+namespace {
+
+// The rows of many rigs are printed one by one, so that their widths are the same whatever follows.
+std::string row(const std::string& verdict, const std::vector<std::string>& numbers,
+                const std::string& file) {
+    constexpr std::size_t kVerdictWidth = 7;
+    constexpr std::size_t kNumberWidth = 11;
+    const auto padding = [](std::size_t width, const std::string& text) {
+        return std::string(text.size() < width ? width - text.size() : 0, ' ');
+    };
+    std::string line = verdict + padding(kVerdictWidth, verdict);
+    for (const std::string& number : numbers) line += padding(kNumberWidth, number) + number;
+    return line + "   " + oneLine(file);
+}
+
+std::string counted(std::size_t count, const std::string& what) {
+    return grouped(count) + " " + what;
+}
+
+}  // namespace
+
+std::string headOfRows() {
+    return row("Verdict", {"Joints", "Frames", "Values", "Mismatches"}, "File");
+}
+
+std::string rowOf(const RigSummary& rig, const RunResult& result) {
+    return row(result.ok() ? "equal" : "FAILED",
+               {grouped(rig.joints), grouped(rig.frames), grouped(result.leavesCompared()),
+                grouped(result.mismatches())},
+               rig.file);
+}
+
+std::string rowOf(const std::string& file, const Error& error) {
+    return row(error.status() == 1 ? "FAILED" : "not run", {"-", "-", "-", "-"}, file);
+}
+
+std::string sumOf(std::size_t equal, std::size_t failed, std::size_t notRun) {
+    std::string text =
+        counted(equal + failed + notRun, equal + failed + notRun == 1 ? "rig" : "rigs");
+    if (failed + notRun == 0) return text + ": all came back as they went in.";
+    text += ": " + counted(equal, "came back as they went in");
+    if (failed != 0) text += ", " + counted(failed, "FAILED");
+    if (notRun != 0) text += ", " + counted(notRun, "could not be run");
+    return text + ".";
+}
+
+}  // namespace Tolvane::Tools
