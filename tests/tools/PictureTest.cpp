@@ -1,6 +1,9 @@
-#include "tools/report/Picture.h"
-#include "tools/report/Projection.h"
+#include "tests/tools/DrawnRig.h"
+#include "tests/tools/TemporaryFolder.h"
+#include "tests/tools/TolvaneProcess.h"
+#include "tools/view/Picture.h"
 
+#include <cmath>
 #include <limits>
 
 #include <gmock/gmock.h>
@@ -12,30 +15,13 @@ using namespace Tolvane::Tools;
 using testing::HasSubstr;
 using testing::Not;
 
-VMatrix at(double x, double y, double z) {
-    VMatrix matrix;
-    matrix[3][0] = x;
-    matrix[3][1] = y;
-    matrix[3][2] = z;
-    return matrix;
-}
-
-// Hips at (0, 4, 0), a hand of each side at (+-3, 4, 0), a head at (0, 9, 0).
-class Picture : public testing::Test {
+class Picture : public testing::Test, protected DrawnRig {
 protected:
     Picture() {
         rig.file = "folder/me & you.bvh";
         rig.framesPerSecond = 10;
-        const auto add = [&](const VMatrix& world, std::optional<std::size_t> parent) {
-            rig.joints.emplace_back();
-            rig.joints.back().parent = parent;
-            rig.joints.back().restWorld = world;
-            pose.worlds.push_back(world);
-        };
-        add(at(0, 4, 0), std::nullopt);
-        add(at(3, 4, 0), 0);
-        add(at(-3, 4, 0), 0);
-        add(at(0, 9, 0), 0);
+        rig.frameCount = 30;
+        addBody();
     }
 
     static int count(const std::string& text, const std::string& part) {
@@ -45,39 +31,22 @@ protected:
         return found;
     }
 
-    Rig rig;
-    Snapshot pose{7, {}};
+    std::string draw() const { return drawPicture(rig, {pose}); }
+
+    static void expectFiniteNumbers(const std::string& svg) {
+        EXPECT_THAT(svg, Not(HasSubstr("nan")));
+        EXPECT_THAT(svg, Not(HasSubstr("inf")));
+    }
+
+    static void expectWellFormed(const std::string& svg) {
+        expectFiniteNumbers(svg);
+        const TemporaryFolder folder;
+        const std::string command =
+            "python3 -c 'import sys, xml.dom.minidom as d; d.parse(sys.argv[1])' " +
+            quoted(folder.write("picture.svg", svg));
+        EXPECT_EQ(std::system(command.c_str()), 0) << svg;
+    }
 };
-
-class Projection : public Picture {};
-
-TEST_F(Projection, TellsTheSidesOfTheBodyByTheRestPose) {
-    EXPECT_EQ(bodySides(rig), (std::vector<BodySide>{BodySide::Middle, BodySide::Left,
-                                                     BodySide::Right, BodySide::Middle}));
-}
-
-TEST_F(Projection, HasTheLeftOfTheBodyAtTheRightInTheViewFromTheFront) {
-    const Figure figure = project(rig, pose, bodySides(rig));
-    EXPECT_DOUBLE_EQ(figure.front[1].across, 3);
-    EXPECT_DOUBLE_EQ(figure.front[2].across, -3);
-    EXPECT_DOUBLE_EQ(figure.front[3].up, 9);
-}
-
-TEST_F(Projection, HasTheBodyLookToTheRightInTheViewFromTheSide) {
-    pose.worlds[3] = at(0, 9, 4);
-    const Figure figure = project(rig, pose, bodySides(rig));
-    EXPECT_DOUBLE_EQ(figure.side[3].across - figure.side[0].across, 4);
-    EXPECT_DOUBLE_EQ(figure.side[1].across, figure.side[2].across);
-}
-
-TEST_F(Projection, TurnsWithTheBody) {
-    // Turned to look along x: its left is at negative z.
-    pose.worlds = {at(50, 4, 0), at(50, 4, -3), at(50, 4, 3), at(54, 9, 0)};
-    const Figure figure = project(rig, pose, bodySides(rig));
-    EXPECT_DOUBLE_EQ(figure.front[1].across, 3);
-    EXPECT_DOUBLE_EQ(figure.front[2].across, -3);
-    EXPECT_DOUBLE_EQ(figure.side[3].across - figure.side[0].across, 4);
-}
 
 TEST_F(Picture, ShowsEachSnapshotInBothViews) {
     Snapshot later = pose;
@@ -85,6 +54,7 @@ TEST_F(Picture, ShowsEachSnapshotInBothViews) {
     const std::string svg = drawPicture(rig, {pose, later});
     EXPECT_THAT(svg, testing::StartsWith("<svg "));
     EXPECT_THAT(svg, testing::EndsWith("</svg>\n"));
+    expectWellFormed(svg);
     for (const char* label :
          {">front<", ">side<", ">frame 7<", ">0.70 s<", ">frame 25<", ">2.50 s<"})
         EXPECT_THAT(svg, HasSubstr(label));
@@ -94,41 +64,87 @@ TEST_F(Picture, ShowsEachSnapshotInBothViews) {
 }
 
 TEST_F(Picture, DrawsBonesWhereTheSnapshotHasThem) {
-    const std::string before = drawPicture(rig, {pose});
+    const std::string before = draw();
     pose.worlds[3] = at(1, 8, 0);
-    EXPECT_NE(drawPicture(rig, {pose}), before);
+    EXPECT_NE(draw(), before);
 }
 
-TEST_F(Picture, NamesTheFileWithoutBreakingTheMarkup) {
-    const std::string svg = drawPicture(rig, {pose});
-    EXPECT_THAT(svg, HasSubstr("me &amp; you.bvh"));
-    EXPECT_THAT(svg, Not(HasSubstr("folder")));
-}
-
-TEST_F(Picture, HasABackgroundOfItsOwn) {
-    EXPECT_THAT(drawPicture(rig, {pose}), HasSubstr("fill=\"#ffffff\""));
-}
-
-TEST_F(Picture, LeavesOutJointsWithoutAFinitePosition) {
-    pose.worlds[1][3][0] = std::numeric_limits<double>::quiet_NaN();
-    pose.worlds[1][3][1] = std::numeric_limits<double>::infinity();
-    const std::string svg = drawPicture(rig, {pose});
-    EXPECT_THAT(svg, Not(HasSubstr("nan")));
-    EXPECT_THAT(svg, Not(HasSubstr("inf")));
-}
-
-TEST_F(Picture, DrawsASingleJointAsADot) {
+TEST_F(Picture, ColoursLimbsByTheirSideAndNamesTheColours) {
+    for (const char* label : {">● left<", ">● middle<", ">● right<"})
+        EXPECT_THAT(draw(), HasSubstr(label));
     rig.joints.resize(1);
     pose.worlds.resize(1);
-    const std::string svg = drawPicture(rig, {pose});
+    EXPECT_THAT(draw(), Not(HasSubstr("●"))) << "without sides";
+}
+
+TEST_F(Picture, NamesTheFileTheAnimationAndItsRate) {
+    EXPECT_THAT(draw(), HasSubstr("me &amp; you.bvh"));
+    EXPECT_THAT(draw(), Not(HasSubstr("folder")));
+    EXPECT_THAT(draw(), HasSubstr(">30 frames at 10 per second<"));
+    rig.animation = "歩く <1>";
+    rig.framesPerSecond = 23.976;
+    EXPECT_THAT(draw(), HasSubstr(">歩く &lt;1&gt;</tspan> · 30 frames at 23.976 per second<"));
+    rig.frameCount = 1;
+    EXPECT_THAT(draw(), HasSubstr(">a single frame<"));
+}
+
+TEST_F(Picture, IsWellFormedWhateverTheNames) {
+    rig.file = rig.animation = "\xff\x01</text>]]>&#0;\u202e\u0628";
+    add(at(1e6, 0, 0), 0, "<\xc3(\"");
+    expectWellFormed(draw());
+}
+
+TEST_F(Picture, HasAScaleBarWithTheUnitsOfTheFile) {
+    EXPECT_THAT(draw(), HasSubstr(">2 units<"));
+    rig.metresPerUnit = 0.1;
+    EXPECT_THAT(draw(), HasSubstr(">20 cm<"));
+}
+
+TEST_F(Picture, KeepsItsScaleWhateverIsFarOffAndNamesIt) {
+    const std::string svg = draw();
+    add(at(1000, 4, 0), 0, "Marker");
+    EXPECT_EQ(count(draw(), "h0"), count(svg, "h0"));
+    EXPECT_THAT(draw(), HasSubstr(">2 units<"));
+    EXPECT_THAT(draw(), HasSubstr(">Marker</tspan>"));
+}
+
+TEST_F(Picture, HasABackgroundOfItsOwn) { EXPECT_THAT(draw(), HasSubstr("fill=\"#ffffff\"")); }
+
+TEST_F(Picture, ShowsAFigureThatLiesFromAbove) {
+    pose.worlds = {at(0, 1, 4), at(3, 1.5, 4), at(-3, 0.5, 4), at(0, 1, 13)};
+    EXPECT_THAT(draw(), HasSubstr(">above<"));
+    EXPECT_THAT(draw(), Not(HasSubstr(">front<")));
+}
+
+TEST_F(Picture, DrawsASingleJointAsADotWithAxes) {
+    rig.joints.resize(1);
+    pose.worlds.resize(1);
+    const std::string svg = draw();
     EXPECT_EQ(count(svg, "h0"), 2);
-    EXPECT_THAT(svg, Not(HasSubstr("nan")));
-    EXPECT_THAT(svg, Not(HasSubstr("inf")));
+    for (const char* axis : {">x<", ">y<", ">z<"}) EXPECT_THAT(svg, HasSubstr(axis));
+    EXPECT_THAT(svg, Not(HasSubstr("unit"))) << "there is no length that it could show";
+    expectWellFormed(svg);
+}
+
+TEST_F(Picture, HasFiniteNumbersWhateverThoseOfTheRig) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    for (const double value : {std::nan(""), infinity, -infinity, 1e308, -1e308, 1e99, 5e-324}) {
+        for (std::size_t joints = 1; joints <= 4; ++joints) {
+            DrawnRig drawn;
+            drawn.addBody();
+            for (std::size_t i = 0; i < joints; ++i)
+                for (unsigned j = 0; j < 16; ++j)
+                    drawn.pose.worlds[i][j / 4][j % 4] =
+                        drawn.rig.joints[i].restWorld[j / 4][j % 4] = j % 3 == 0 ? -value : value;
+            expectFiniteNumbers(drawPicture(drawn.rig, {drawn.pose}));
+        }
+    }
+    expectWellFormed(drawPicture(rig, {}));
 }
 
 TEST_F(Picture, DrawsOnlyTheJointsThatTheSnapshotHas) {
     pose.worlds.resize(2);
-    EXPECT_EQ(count(drawPicture(rig, {pose}), "h0"), 2 * 2);
+    EXPECT_EQ(count(draw(), "h0"), 2 * 2);
 }
 
 }  // namespace

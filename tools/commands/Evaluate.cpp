@@ -3,7 +3,7 @@
 #include "tools/node/LoadedLibrary.h"
 #include "tools/node/WatchedTranslation.h"
 #include "tools/process/Message.h"
-#include "tools/report/Picture.h"
+#include "tools/view/Picture.h"
 #include "tools/report/Report.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"

@@ -1,5 +1,4 @@
-// The picture of a run: the skeleton in several frames side by side, from the front and from the
-// side, as SVG.
+// The picture of a run: the skeleton in several frames side by side, in two views, as SVG.
 #pragma once
 
 #include "tools/node/Snapshot.h"
