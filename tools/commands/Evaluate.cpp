@@ -3,10 +3,11 @@
 #include "tools/node/LoadedLibrary.h"
 #include "tools/node/WatchedTranslation.h"
 #include "tools/process/Message.h"
-#include "tools/view/Picture.h"
 #include "tools/report/Report.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
+#include "tools/view/Page.h"
+#include "tools/view/Picture.h"
 
 #include <OpenVornik/VErrorListener.h>
 
@@ -22,6 +23,7 @@ void exchange(Message& message, AnyEvaluation& evaluation) {
     message.flag(evaluation.ok);
     message.text(evaluation.report);
     message.optional(evaluation.picture, text);
+    message.optional(evaluation.page, text);
     message.optional(evaluation.misdeed, text);
     message.text(evaluation.printed);
     message.text(evaluation.row);
@@ -104,6 +106,7 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     evaluation.ok = findings.run.ok();
     evaluation.report = reportOf(findings, rig, arguments);
     if (arguments.picture) evaluation.picture = drawPicture(rig, findings.run.snapshots);
+    if (arguments.page) evaluation.page = makePage(rig, findings.plugin.name, findings.run);
     if (findings.run.misdeed) evaluation.misdeed = findings.run.misdeed->what();
     evaluation.row = rowOf(summarise(rig), findings.run);
     evaluation.printed = self.allowedPrints();

@@ -20,6 +20,7 @@ struct Evaluation {
     std::string report;
     // Nothing if none was asked for.
     std::optional<std::string> picture;
+    std::optional<std::string> page;
     // What the library did that it should not, as one line.
     std::optional<std::string> misdeed;
     // What the library printed and somebody asked for.

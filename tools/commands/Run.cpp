@@ -89,6 +89,9 @@ Command addRun(CLI::App& app) {
                  "Change the number of joints and limbs from frame to frame");
     run.add_option("--svg", arguments->picture, "Draw the skeleton as it came back")
         ->option_text("OUT.svg");
+    run.add_option("--html", arguments->page,
+                   "Make a page that plays the skeleton as it came back over the one that went in")
+        ->option_text("OUT.html");
     run.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
     // A text of its own keeps the help from saying what an option excludes.
     CLI::Option* quiet =

@@ -23,6 +23,7 @@ struct RunArguments {
     std::optional<std::string> animation;
     bool churn = false;
     std::optional<std::string> picture;
+    std::optional<std::string> page;
     bool json = false;
     bool quiet = false;
     bool verbose = false;

@@ -39,6 +39,7 @@ RunOptions runOptions(const RunArguments& arguments) {
     if (arguments.frames) options.frames = parseFrameRange(*arguments.frames);
     options.churn = arguments.churn;
     options.draw = arguments.picture.has_value();
+    options.record = arguments.page.has_value();
     if (!arguments.types) return options;
     during(Stage::Reading, *arguments.types, [&] {
         TypesOfFile types = readTypes(*arguments.types);
@@ -58,6 +59,7 @@ std::vector<std::string> filesToRead(const RunArguments& arguments) {
 OutputFiles outputs(const RunArguments& arguments) {
     OutputFiles files(filesToRead(arguments));
     if (arguments.picture) files.add(*arguments.picture);
+    if (arguments.page) files.add(*arguments.page);
     return files;
 }
 
@@ -82,6 +84,7 @@ Evaluation carryOut(const RunArguments& arguments, const Watch& watch) {
     files.refuseToReplace(rig.filesRead);
     Evaluation evaluation = evaluate(rig, arguments, options, watch);
     if (arguments.picture) files.write(*arguments.picture, *evaluation.picture);
+    if (arguments.page) files.write(*arguments.page, *evaluation.page);
     return evaluation;
 }
 

@@ -60,14 +60,6 @@ void fillName(const DataPlace& place, const JointGroup& group, std::size_t numbe
     VDataHandle(place.handle).setString(name.c_str());
 }
 
-JointGroup elementGroup(const JointList& joints, std::size_t index) {
-    JointGroup group{joints[index]->name, joints[index], {}};
-    const std::size_t count = joints.size() > kElementJoints ? kElementJoints : 1;
-    for (std::size_t i = 0; i < count; ++i)
-        group.joints.push_back(joints[(index + i) % joints.size()]);
-    return group;
-}
-
 void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group, std::uint64_t seed,
           ElementCounts& counts);
 
@@ -150,6 +142,14 @@ JointList chooseJoints(const JointList& joints, std::size_t choice) {
     const auto turn = static_cast<std::ptrdiff_t>(choice / 4 % chosen.size());
     std::rotate(chosen.begin(), chosen.begin() + turn, chosen.end());
     return chosen;
+}
+
+JointGroup elementGroup(const JointList& joints, std::size_t index) {
+    JointGroup group{joints[index]->name, joints[index], {}};
+    const std::size_t count = joints.size() > kElementJoints ? kElementJoints : 1;
+    for (std::size_t i = 0; i < count; ++i)
+        group.joints.push_back(joints[(index + i) % joints.size()]);
+    return group;
 }
 
 }  // namespace Tolvane::Tools

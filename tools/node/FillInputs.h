@@ -26,4 +26,8 @@ ElementCounts fillInput(const FillPlan& plan, const DataPlace& port, const Frame
 // 4 * (n / 2) all differ.
 JointList chooseJoints(const JointList& joints, std::size_t choice);
 
+// What an element of an array of records is filled with that stands for the joint at `index`: this
+// joint and up to two that follow it.
+JointGroup elementGroup(const JointList& joints, std::size_t index);
+
 }  // namespace Tolvane::Tools

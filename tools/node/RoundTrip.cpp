@@ -2,6 +2,7 @@
 
 #include "tools/node/DataPath.h"
 #include "tools/node/FindUnfilled.h"
+#include "tools/node/FilledJoint.h"
 #include "tools/node/ShapeMisfit.h"
 #include "tools/node/SpoilData.h"
 
@@ -174,6 +175,13 @@ std::vector<VMatrix> RoundTrip::worldMatricesThatCameOut() {
         array.next();
     }
     return worlds;
+}
+
+const PosedJoint* RoundTrip::jointOf(const Mismatch& mismatch, const FrameData& data) const {
+    for (const PortPair& pair : m_pairs)
+        if (pair.output.shape.name == mismatch.port)
+            return filledJoint(pair.plan, pair.output.shape, data, mismatch);
+    return nullptr;
 }
 
 }  // namespace Tolvane::Tools

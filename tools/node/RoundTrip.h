@@ -64,6 +64,10 @@ public:
     bool carriesASkeleton() const noexcept { return m_skeleton.has_value(); }
     std::vector<VMatrix> worldMatricesThatCameOut();
 
+    // The joint that a value was taken from which differs after `data` was carried; null if it was
+    // not taken from one.
+    const PosedJoint* jointOf(const Mismatch& mismatch, const FrameData& data) const;
+
 private:
     using Direction = TavrikGraph::Executor::PortDirection;
 

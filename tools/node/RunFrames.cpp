@@ -105,6 +105,15 @@ std::vector<std::string> notCarried(const std::vector<TypeResult>& types,
     return names;
 }
 
+// Of what differs, the recorder learns which joint it is of.
+void addTo(Recorder& recorder, const Mismatch& mismatch, const RoundTrip& roundTrip,
+           const FrameData& data, const RigFrame& pose) {
+    std::optional<std::size_t> index;
+    if (const PosedJoint* joint = roundTrip.jointOf(mismatch, data))
+        index = static_cast<std::size_t>(joint - &pose.joints().front());
+    recorder.add(mismatch, index);
+}
+
 }  // namespace
 
 RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& translation,
@@ -124,6 +133,9 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     RoundTrip roundTrip(translation, options.types);
     if (listener.begins) listener.begins(roundTrip);
     Collector collector(result, listener);
+    std::optional<Recorder> recorder;
+    if (options.record)
+        recorder.emplace(rig.joints.size(), evaluations, options.churn ? kShareCount : 1);
     for (const TypeResult& type : roundTrip.results())
         if (type.comparison.firstMismatch)
             collector.add(type, std::nullopt, *type.comparison.firstMismatch);
@@ -134,19 +146,27 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
         const Share share = options.churn ? churnShare(result.evaluated) : Share::All;
         if (listener.evaluates) listener.evaluates(frame);
         pose.pose(frame);
+        const FrameData data = frameData(rigName.c_str(), pose.joints(), limbs, share);
+        if (recorder) recorder->begin(result.evaluated, frame);
         RoundTrip::Listener onMismatch;
-        if (collector.wantsMore())
+        if (collector.wantsMore() || recorder)
             onMismatch = [&](const TypeResult& type, const Mismatch& mismatch) {
                 collector.add(type, frame, mismatch);
+                if (recorder) addTo(*recorder, mismatch, roundTrip, data, pose);
             };
-        roundTrip.carry(frameData(rigName.c_str(), pose.joints(), limbs, share), onMismatch);
+        roundTrip.carry(data, onMismatch);
         collector.addFirsts(roundTrip.results(), frame);
+        if (recorder && recorder->wantsPositions())
+            recorder->add(pose.joints(), roundTrip.carriesASkeleton()
+                                             ? std::optional(roundTrip.worldMatricesThatCameOut())
+                                             : std::nullopt);
         if (drawn.count(result.evaluated) != 0)
             result.snapshots.push_back({frame, roundTrip.worldMatricesThatCameOut()});
         // Nothing is asked of the translation any more once the last evaluation has been told of.
         if (result.evaluated + 1 == evaluations) result.notTried = notTried(translation, roundTrip);
         if (listener.evaluated) listener.evaluated(result.evaluated + 1, evaluations);
     }
+    if (recorder) result.recording = recorder->take();
     result.types = roundTrip.results();
     result.portNames = roundTrip.portNames();
     result.notCarried = notCarried(result.types, options);

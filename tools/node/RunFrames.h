@@ -2,6 +2,7 @@
 // back, and compares what comes back with what went in.
 #pragma once
 
+#include "tools/node/Recording.h"
 #include "tools/node/RoundTrip.h"
 #include "tools/node/Snapshot.h"
 #include "tools/rig/FrameRange.h"
@@ -27,6 +28,8 @@ struct RunOptions {
     bool churn = false;
     // Whether to take snapshots for a picture.
     bool draw = false;
+    // Whether to record the run for a page.
+    bool record = false;
     // The types that the graph knows.
     Pelmor::Library types = {};
     // Those of them that the translation is expected to carry, alone or in other types.
@@ -61,6 +64,8 @@ struct RunResult {
     // What the library did that it should not, beside its translations. `runFrames` does not see
     // that.
     std::optional<Error> misdeed = {};
+    // If it was asked for.
+    std::optional<Recording> recording;
 
     std::size_t leavesCompared() const;
     std::size_t mismatches() const;

@@ -48,6 +48,9 @@ RigSummary summarise(const Rig& rig);
 void printReport(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
                  const RunResult& result, const TextOptions& options);
 // What a report ends with.
+// One line, such as "PASSED: 60 evaluations, 309,960 values: all came back as they went in."
+std::string verdictOf(const RunResult& result);
+
 void printVerdict(std::ostream& out, const RunResult& result, const TextOptions& options);
 
 void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,

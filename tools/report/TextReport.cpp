@@ -141,20 +141,6 @@ std::string findingsOf(const RunResult& result) {
     return joined(parts);
 }
 
-std::string verdictOf(const RunResult& result) {
-    if (result.types.empty())
-        return std::string("FAILED: no type was tried. ") +
-               (result.notTried.empty() ? "The library names none."
-                                        : "The graph knows none that the library names.");
-    const std::string done = counted(result.evaluated, "evaluation", "evaluations") + ", " +
-                             counted(result.leavesCompared(), "value", "values") + ": ";
-    if (!result.ok()) return "FAILED: " + done + findingsOf(result) + ".";
-    std::string verdict = "PASSED: " + done + "all came back as they went in.";
-    if (!result.notTried.empty())
-        verdict += " " + counted(result.notTried.size(), "type", "types") + " not tried.";
-    return verdict;
-}
-
 }  // namespace
 
 void printReport(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
@@ -175,6 +161,20 @@ void printReport(std::ostream& out, const PluginSummary& plugin, const RigSummar
 void printVerdict(std::ostream& out, const RunResult& result, const TextOptions& options) {
     const Colour colour = result.ok() ? Colour::Good : Colour::Bad;
     out << coloured(colour, wrapped(verdictOf(result), 0), options.inColour) << "\n";
+}
+
+std::string verdictOf(const RunResult& result) {
+    if (result.types.empty())
+        return std::string("FAILED: no type was tried. ") +
+               (result.notTried.empty() ? "The library names none."
+                                        : "The graph knows none that the library names.");
+    const std::string done = counted(result.evaluated, "evaluation", "evaluations") + ", " +
+                             counted(result.leavesCompared(), "value", "values") + ": ";
+    if (!result.ok()) return "FAILED: " + done + findingsOf(result) + ".";
+    std::string verdict = "PASSED: " + done + "all came back as they went in.";
+    if (!result.notTried.empty())
+        verdict += " " + counted(result.notTried.size(), "type", "types") + " not tried.";
+    return verdict;
 }
 
 }  // namespace Tolvane::Tools

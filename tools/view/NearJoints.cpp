@@ -72,6 +72,17 @@ Points pointsOf(const std::vector<VMatrix>& worlds) {
     return points;
 }
 
+Vector3 meanOf(const Points& points) {
+    Vector3 sum{};
+    double count = 0;
+    for (const auto& point : points) {
+        if (!point) continue;
+        sum = sum + *point;
+        ++count;
+    }
+    return count > 0 ? 1 / count * sum : sum;
+}
+
 std::vector<bool> nearJoints(const Points& points) {
     const Vector3 middle = middleOf(points);
     std::vector<double> distances;

@@ -15,6 +15,9 @@ using Points = std::vector<std::optional<Vector3>>;
 
 Points pointsOf(const std::vector<VMatrix>& worlds);
 
+// Zero if there are none.
+Vector3 meanOf(const Points& points);
+
 // For each point whether it is near enough to the others.
 std::vector<bool> nearJoints(const Points& points);
 

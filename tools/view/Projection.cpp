@@ -23,17 +23,6 @@ Vector3 level(Vector3 direction, unsigned upAxis) {
     return direction;
 }
 
-Vector3 meanOf(const Points& points) {
-    Vector3 sum{};
-    double count = 0;
-    for (const auto& point : points) {
-        if (!point) continue;
-        sum = sum + *point;
-        ++count;
-    }
-    return count > 0 ? 1 / count * sum : sum;
-}
-
 class Extent {
 public:
     void include(double value) {
@@ -114,7 +103,8 @@ Figure figureOf(const Snapshot& snapshot, const Points& points, const ViewAxes& 
         const double* row = snapshot.worlds.front()[axis];
         const Vector3 direction{row[0], row[1], row[2]};
         const double size = length(direction);
-        const Vector3 unit = size > kSmallestAxis && std::isfinite(size) ? 1 / size * direction : Vector3{};
+        const Vector3 unit =
+            size > kSmallestAxis && std::isfinite(size) ? 1 / size * direction : Vector3{};
         figure.axesInFrontOrAbove[axis] = frontOrAbove.of(unit);
         figure.axesInSide[axis] = side.of(unit);
     }
