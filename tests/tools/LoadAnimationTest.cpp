@@ -120,32 +120,4 @@ TEST_F(LoadAnimation, RefusesFramesOfNoLength) {
     EXPECT_THROW(loadRig(folder.write("rig.bvh", text)), Error);
 }
 
-// The rate of an animation with one channel, whose two keys are `apart` ticks apart.
-std::optional<double> rateOf(double ticksPerSecond, double apart) {
-    aiAnimation animation;
-    animation.mTicksPerSecond = ticksPerSecond;
-    animation.mNumChannels = 1;
-    animation.mChannels = new aiNodeAnim* [1] { new aiNodeAnim };
-    animation.mChannels[0]->mNumPositionKeys = 2;
-    animation.mChannels[0]->mPositionKeys = new aiVectorKey[2]{{0, {}}, {apart, {}}};
-    return ownRate(animation);
-}
-
-TEST(OwnRate, IsTheTickRateWhereThatIsUsualForFrames) {
-    EXPECT_EQ(rateOf(24, 20), 24);
-    EXPECT_EQ(rateOf(240, 20), 240);
-}
-
-TEST(OwnRate, IsUnknownWhereATickIsAUnitOfTime) {
-    EXPECT_EQ(rateOf(0, 20), std::nullopt);
-    EXPECT_EQ(rateOf(1, 0.04), std::nullopt);
-    EXPECT_EQ(rateOf(1000, 41.7), std::nullopt);
-    EXPECT_EQ(rateOf(4800, 160), std::nullopt);
-}
-
-TEST(OwnRate, IsTheTickRateWhereKeysAreOneTickApart) {
-    EXPECT_EQ(rateOf(1000, 1), 1000);
-    EXPECT_EQ(rateOf(1, 1), 1);
-}
-
 }  // namespace

@@ -146,6 +146,23 @@ TEST_F(TolvaneRun, ReadsGltf) {
     EXPECT_EQ(report["ok"], true);
 }
 
+TEST_F(TolvaneRun, SaysThatAFileWithoutASkeletonHasNone) {
+    const std::string file = folder.write("point.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+    const TolvaneProcess process = runTolvane({"run", file});
+    EXPECT_EQ(process.status, 0);
+    EXPECT_THAT(process.output, HasSubstr("no skeleton: every node taken for a joint\n"));
+    EXPECT_EQ(jsonOf({file})["rig"]["hasSkeleton"], false);
+    EXPECT_THAT(runTolvane({"run", rig()}).output, testing::Not(HasSubstr("no skeleton")));
+    EXPECT_EQ(jsonOf({rig()})["rig"]["hasSkeleton"], true);
+}
+
+TEST_F(TolvaneRun, TakesTheSubtreeOfTheRootOption) {
+    EXPECT_EQ(jsonOf({rig(), "--root", "Spine"})["rig"]["joints"], 2);
+    const TolvaneProcess process = runTolvane({"run", rig(), "--root", "Tail"});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_EQ(process.errors, "tolvane: " + rig() + ": has no node \"Tail\" for --root\n");
+}
+
 TEST_F(TolvaneRun, PrintsATableWithARowForEachType) {
     const std::string output = runTolvane({"run", rig()}).output;
     std::istringstream lines(output.substr(output.find("Graph type")));

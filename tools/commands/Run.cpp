@@ -62,6 +62,11 @@ Command addRun(CLI::App& app) {
         "Sends each frame of a rig through the plugin and compares what comes back.\n"
         "Exit status: 0 if all is equal, 1 if anything differs or fails, 2 if it cannot run.");
     run.footer(
+        "Joints are the bones of skins; where there are no skins, the nodes that an\n"
+        "animation moves, but for cameras and lights; and what lies between and below\n"
+        "these, without meshes, cameras, lights and the end sites of BVH files. Bones are\n"
+        "known as nodes, not by name. In a file without any of these every node is taken\n"
+        "for a joint.\n\n"
         "Each rig is read, and each library tried, in a process of its own: whatever happens "
         "there\n"
         "is one line on standard error. With --json it is an object on standard output too,\n"
@@ -84,6 +89,9 @@ Command addRun(CLI::App& app) {
         ->option_text("N");
     run.add_option("--animation", arguments->animation,
                    "Use the animation of this name (default: the first)")
+        ->option_text("NAME");
+    run.add_option("--root", arguments->root,
+                   "Take the first node of this name, and what is below it, for the joints")
         ->option_text("NAME");
     run.add_flag("--churn", arguments->churn,
                  "Change the number of joints and limbs from frame to frame");

@@ -21,6 +21,7 @@ struct RunArguments {
     std::optional<std::string> frames;
     std::optional<std::string> framesPerSecond;
     std::optional<std::string> animation;
+    std::optional<std::string> root;
     bool churn = false;
     std::optional<std::string> picture;
     std::optional<std::string> page;

@@ -30,6 +30,7 @@ double parseRate(const std::string& text) {
 LoadOptions loadOptions(const RunArguments& arguments) {
     LoadOptions options;
     options.animation = arguments.animation;
+    options.root = arguments.root;
     if (arguments.framesPerSecond) options.framesPerSecond = parseRate(*arguments.framesPerSecond);
     return options;
 }

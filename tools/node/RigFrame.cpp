@@ -22,8 +22,8 @@ void RigFrame::pose(std::size_t frame) {
         const Joint& joint = m_rig.joints[i];
         auto& matrices = m_joints[i].matrices;
         matrices[kParentWorld] =
-            joint.parent ? m_joints[*joint.parent].matrices[kWorld] : joint.aboveRoot;
-        matrices[kLocal] = joint.channel ? joint.channel->sample(tick) : joint.restLocal;
+            joint.parent ? m_joints[*joint.parent].matrices[kWorld] : joint.above(tick);
+        matrices[kLocal] = joint.local(tick);
         matrices[kWorld] = multiply(matrices[kLocal], matrices[kParentWorld]);
         matrices[kSkinning] = multiply(matrices[kInverseRestWorld], matrices[kWorld]);
         matrices[kLocalFromRest] = multiply(matrices[kLocal], m_inverseRestLocals[i]);

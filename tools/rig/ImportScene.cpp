@@ -1,5 +1,6 @@
 #include "tools/rig/ImportScene.h"
 
+#include "tools/rig/MendScene.h"
 #include "tools/support/Error.h"
 #include "tools/support/ReadableFile.h"
 
@@ -52,7 +53,11 @@ const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
 
     try {
         const aiScene* scene = importer.ReadFile(path, 0);
-        if (scene && scene->mRootNode) return *scene;
+        if (scene && scene->mRootNode) {
+            // It is the importer's own, which no one else has seen yet.
+            separateSharedBones(const_cast<aiScene&>(*scene));
+            return *scene;
+        }
     } catch (const std::exception& exception) {
         throw Error(path + ": cannot be read: " + exception.what());
     }

@@ -3,28 +3,12 @@
 #include "tools/rig/ImportScene.h"
 #include "tools/rig/LoadAnimation.h"
 #include "tools/rig/SceneJoints.h"
+#include "tools/rig/World.h"
 
 #include <cmath>
-#include <map>
 
 namespace Tolvane::Tools {
 namespace {
-
-using Weights = std::map<std::string, double>;
-
-Weights skinWeights(const aiScene& scene) {
-    Weights weights;
-    for (unsigned i = 0; i < scene.mNumMeshes; ++i) {
-        const aiMesh& mesh = *scene.mMeshes[i];
-        for (unsigned j = 0; j < mesh.mNumBones; ++j) {
-            const aiBone& bone = *mesh.mBones[j];
-            double& weight = weights[bone.mName.C_Str()];
-            for (unsigned k = 0; k < bone.mNumWeights; ++k)
-                weight += static_cast<double>(bone.mWeights[k].mWeight);
-        }
-    }
-    return weights;
-}
 
 double boneLength(const Joint& joint) {
     if (!joint.parent) return 0;
@@ -32,18 +16,23 @@ double boneLength(const Joint& joint) {
     return std::sqrt(end[0] * end[0] + end[1] * end[1] + end[2] * end[2]);
 }
 
-void weigh(Rig& rig, const Weights& skins) {
+void weigh(Rig& rig, const Skeleton& skeleton) {
+    bool isSkinned = false;
+    for (std::size_t i = 0; i < rig.joints.size(); ++i) {
+        const auto bone = skeleton.bones.find(skeleton.joints[i]);
+        if (bone == skeleton.bones.end()) continue;
+        rig.joints[i].weight = bone->second;
+        isSkinned = true;
+    }
     double total = 0;
     for (Joint& joint : rig.joints) {
-        const auto skinned = skins.find(joint.name);
-        if (skins.empty()) joint.weight = boneLength(joint);
-        if (skinned != skins.end()) joint.weight = skinned->second;
+        if (!isSkinned) joint.weight = boneLength(joint);
         total += joint.weight;
     }
     // Where nothing has a weight or a length, all joints weigh the same.
+    const bool isKnown = total > 0 && std::isfinite(total);
     for (Joint& joint : rig.joints)
-        joint.weight =
-            total > 0 ? joint.weight / total : 1 / static_cast<double>(rig.joints.size());
+        joint.weight = isKnown ? joint.weight / total : 1 / static_cast<double>(rig.joints.size());
 }
 
 }  // namespace
@@ -53,10 +42,14 @@ Rig loadRig(const std::string& path, const LoadOptions& options) {
     rig.file = path;
     Assimp::Importer importer;
     const aiScene& scene = importScene(importer, path, rig.filesRead);
-    rig.joints = jointsOf(scene, path);
+    const Skeleton skeleton = skeletonOf(scene, path, options.root);
+    rig.hasSkeleton = skeleton.isFound;
+    const World world = worldOf(scene);
+    rig.upAxis = world.upAxis;
+    rig.metresPerUnit = world.metresPerUnit;
+    loadAnimation(rig, scene, skeleton, options);
     poseAtRest(rig);
-    weigh(rig, skinWeights(scene));
-    loadAnimation(rig, scene, options);
+    weigh(rig, skeleton);
     return rig;
 }
 

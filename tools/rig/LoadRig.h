@@ -1,5 +1,4 @@
-// Makes a rig of a file. Its joints are the nodes that skin a mesh or have an animation channel,
-// and all nodes between two of these; in a file without such nodes, all nodes are joints.
+// Makes a rig of a file. SceneJoints.h says which of its nodes are joints.
 #pragma once
 
 #include "tools/rig/Rig.h"
@@ -12,6 +11,9 @@ namespace Tolvane::Tools {
 struct LoadOptions {
     // The name of one of the file's animations. If unset, its first animation.
     std::optional<std::string> animation = {};
+    // The name of the node that is the topmost joint; of several nodes, the first. If unset, the
+    // file itself tells its joints.
+    std::optional<std::string> root = {};
     // How many frames to sample per second. If unset, the rate that the animation was made with, or
     // 30 if that is not known.
     std::optional<double> framesPerSecond = {};

@@ -17,11 +17,22 @@ namespace Tolvane::Tools {
 constexpr std::size_t kMostJoints = 20'000;
 constexpr std::size_t kMostFrames = 1'000'000;
 
+// A node of the file's scene, relative to the one above it.
+struct Link {
+    VMatrix rest = {};
+    // Nothing if it does not move.
+    std::optional<Channel> channel = {};
+};
+
 struct Joint {
+    VMatrix local(double tick) const;
+    // For a root, the world matrix of the node above it.
+    VMatrix above(double tick) const;
+
     std::string name;
     // An index into Rig::joints, less than this joint's own; nothing for a root.
     std::optional<std::size_t> parent;
-    // For a root, the world matrix of the node above it, which is not a joint and does not move.
+    // For a root, the world matrix of the node above it in the rest pose.
     VMatrix aboveRoot = {};
     VMatrix restLocal = {};
     VMatrix restWorld = {};
@@ -30,6 +41,10 @@ struct Joint {
     double weight = 0;
     // Nothing if the joint does not move relative to its parent.
     std::optional<Channel> channel = {};
+    // Empty for most. Where nodes that are no joints move a root, these nodes, from the lowest up.
+    // Where such nodes lie between a joint and its parent and any of them or the joint moves, the
+    // joint's own node and these, and `channel` is empty.
+    std::vector<Link> links = {};
 };
 
 struct Rig {
@@ -38,7 +53,7 @@ struct Rig {
     std::vector<std::string> filesRead;
     // At least one. Parents stand before their children.
     std::vector<Joint> joints;
-    // Whether the file holds a skeleton. If not, every node of its scene was taken for a joint.
+    // False if nothing in the file showed which nodes are joints, so that every one was taken.
     bool hasSkeleton = true;
     // Which way is up in the world: 0, 1 or 2 for x, y or z.
     unsigned upAxis = 1;

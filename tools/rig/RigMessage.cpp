@@ -10,6 +10,7 @@ namespace Tolvane::Tools {
 namespace {
 
 constexpr std::size_t kMostFiles = 100'000;
+constexpr std::size_t kMostLinks = 100'000;
 constexpr std::size_t kMostKeys = std::size_t{1} << 32;
 
 template <typename Message, typename Matrix>
@@ -44,6 +45,17 @@ void exchangeChannel(Message& message, AnyChannel& channel) {
     message.list(channel.scalings, kMostKeys, vectorKey);
 }
 
+template <typename Message, typename AnyOptional>
+void exchangeMovement(Message& message, AnyOptional& channel) {
+    message.optional(channel, [&](auto& moving) { exchangeChannel(message, moving); });
+}
+
+template <typename Message, typename AnyLink>
+void exchangeLink(Message& message, AnyLink& link) {
+    exchangeMatrix(message, link.rest);
+    exchangeMovement(message, link.channel);
+}
+
 template <typename Message, typename AnyJoint>
 void exchangeJoint(Message& message, AnyJoint& joint) {
     message.text(joint.name);
@@ -52,7 +64,8 @@ void exchangeJoint(Message& message, AnyJoint& joint) {
     exchangeMatrix(message, joint.restLocal);
     exchangeMatrix(message, joint.restWorld);
     message.number(joint.weight);
-    message.optional(joint.channel, [&](auto& channel) { exchangeChannel(message, channel); });
+    exchangeMovement(message, joint.channel);
+    message.list(joint.links, kMostLinks, [&](auto& link) { exchangeLink(message, link); });
 }
 
 template <typename Message, typename AnyRig>
@@ -84,14 +97,19 @@ void checkKeys(const std::vector<Key>& keys) {
     }
 }
 
+void checkMovement(const std::optional<Channel>& channel) {
+    if (!channel) return;
+    checkKeys(channel->positions);
+    checkKeys(channel->rotations);
+    checkKeys(channel->scalings);
+}
+
 void checkJoints(const std::vector<Joint>& joints) {
     require(!joints.empty(), "there are no joints");
     for (std::size_t i = 0; i < joints.size(); ++i) {
         require(!joints[i].parent || *joints[i].parent < i, "a joint stands before its parent");
-        if (!joints[i].channel) continue;
-        checkKeys(joints[i].channel->positions);
-        checkKeys(joints[i].channel->rotations);
-        checkKeys(joints[i].channel->scalings);
+        checkMovement(joints[i].channel);
+        for (const Link& link : joints[i].links) checkMovement(link.channel);
     }
 }
 

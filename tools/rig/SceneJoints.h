@@ -1,17 +1,45 @@
 // Decides which nodes of a scene are joints, and takes over their names, hierarchy and rest
 // matrices.
+//
+// Joints are the bones of skins; in a scene without skins, the nodes that an animation moves, but
+// for cameras and lights; and whatever lies below a joint and is no mesh, camera or light. In a
+// scene without any of these, all nodes are joints.
 #pragma once
 
 #include "tools/rig/Rig.h"
+#include "tools/rig/SceneChannels.h"
+#include "tools/rig/SceneTree.h"
 
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
-#include <assimp/scene.h>
-
 namespace Tolvane::Tools {
 
-// Throws Error, which names `path`, if there are more joints than any real rig has.
-std::vector<Joint> jointsOf(const aiScene& scene, const std::string& path);
+// A scene as far as its joints depend on it.
+struct Skeleton {
+    SceneTree tree;
+    // Their weights, by their nodes.
+    std::map<std::size_t, double> bones;
+    // The nodes that any of the scene's animations moves.
+    std::set<std::size_t> animated;
+    // The nodes of the joints, in the order of Rig::joints.
+    std::vector<std::size_t> joints;
+    // False if all nodes were taken for joints.
+    bool isFound = true;
+};
+
+// `root` is the name of a node: it and what is below it are the only joints then. Throws Error,
+// which names `path`, if there is no such node, or if there are more joints than any real rig has.
+Skeleton skeletonOf(const aiScene& scene, const std::string& path,
+                    const std::optional<std::string>& root);
+
+// The joints in their rest pose. Nodes between two of them that are no joints count as a part of
+// the lower one. `channels` are those of the animation that moves the joints.
+std::vector<Joint> jointsOf(const Skeleton& skeleton, const Channels& channels,
+                            const std::string& path);
 
 }  // namespace Tolvane::Tools

@@ -1,0 +1,123 @@
+#include "tools/rig/SceneBones.h"
+
+#include "tools/rig/Animation.h"
+#include "tools/rig/MatrixMath.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace Tolvane::Tools {
+namespace {
+
+template <typename Visit>
+void forEachBone(const aiMesh* mesh, const Visit& visit) {
+    if (!mesh || !mesh->mBones) return;
+    for (unsigned i = 0; i < mesh->mNumBones; ++i)
+        if (mesh->mBones[i]) visit(*mesh->mBones[i]);
+}
+
+double weightOf(const aiBone& bone) {
+    double sum = 0;
+    for (unsigned i = 0; bone.mWeights && i < bone.mNumWeights; ++i)
+        sum += static_cast<double>(bone.mWeights[i].mWeight);
+    return sum;
+}
+
+// How far two matrices are apart, as a part of the size of the second.
+double apart(const VMatrix& matrix, const VMatrix& from) {
+    double difference = 0;
+    double size = 1;
+    for (unsigned row = 0; row < 4; ++row)
+        for (unsigned column = 0; column < 4; ++column) {
+            difference += std::abs(matrix[row][column] - from[row][column]);
+            size = std::max(size, std::abs(from[row][column]));
+        }
+    return std::isfinite(difference) ? difference / size : std::numeric_limits<double>::max();
+}
+
+class BoneFinder {
+public:
+    BoneFinder(const aiScene& scene, const SceneTree& tree) : m_tree(tree) {
+        for (unsigned i = 0; scene.mMeshes && i < scene.mNumMeshes; ++i)
+            forEachBone(scene.mMeshes[i],
+                        [this](const aiBone& bone) { m_names.insert(bone.mName.C_Str()); });
+    }
+
+    // The most likely node for a bone, not one of `taken` if there is another: the bones of one
+    // skin are different nodes.
+    std::optional<std::size_t> find(const aiBone& bone, unsigned mesh,
+                                    const std::set<std::size_t>& taken) const {
+        std::vector<std::size_t> nodes = m_tree.named(bone.mName.C_Str());
+        if (nodes.empty()) return std::nullopt;
+        if (nodes.size() == 1) return nodes.front();
+        const auto given = std::find_if(nodes.begin(), nodes.end(), [&](std::size_t node) {
+            return m_tree.nodes()[node].node == bone.mNode;
+        });
+        if (given != nodes.end()) return *given;
+        return *std::min_element(nodes.begin(), nodes.end(), [&](std::size_t a, std::size_t b) {
+            return unlikeliness(a, bone, mesh, taken) < unlikeliness(b, bone, mesh, taken);
+        });
+    }
+
+private:
+    using Unlikeliness = std::tuple<bool, bool, bool, bool, double>;
+
+    Unlikeliness unlikeliness(std::size_t index, const aiBone& bone, unsigned mesh,
+                              const std::set<std::size_t>& taken) const {
+        const SceneNode& node = m_tree.nodes()[index];
+        const double distance = fromBindPose(index, bone, mesh);
+        const bool elsewhere = distance > 1e-3;
+        return {taken.count(index) != 0, elsewhere, node.isMesh || node.isCameraOrLight,
+                !isBesideBone(index), distance};
+    }
+
+    // Bones hang together: most have a bone above or below them.
+    bool isBesideBone(std::size_t index) const {
+        const SceneNode& node = m_tree.nodes()[index];
+        const auto isBone = [this](const aiNode* other) {
+            return other && m_names.count(other->mName.C_Str()) != 0;
+        };
+        if (node.parent && isBone(m_tree.nodes()[*node.parent].node)) return true;
+        const aiNode& own = *node.node;
+        return own.mChildren &&
+               std::any_of(own.mChildren, own.mChildren + own.mNumChildren, isBone);
+    }
+
+    // How far a node is from where the bone was when the skin was bound to it. The skin says that
+    // relative to its mesh, or to the world.
+    double fromBindPose(std::size_t index, const aiBone& bone, unsigned mesh) const {
+        const VMatrix bound = inverse(toHost(bone.mOffsetMatrix));
+        const VMatrix& world = m_tree.nodes()[index].world;
+        double least = apart(world, bound);
+        for (const std::size_t shown : m_tree.showing(mesh))
+            least = std::min(least, apart(world, multiply(bound, m_tree.nodes()[shown].world)));
+        return least;
+    }
+
+    const SceneTree& m_tree;
+    std::set<std::string> m_names;
+};
+
+}  // namespace
+
+std::map<std::size_t, double> bonesOf(const aiScene& scene, const SceneTree& tree) {
+    const BoneFinder finder(scene, tree);
+    std::map<std::size_t, double> weights;
+    for (unsigned mesh = 0; scene.mMeshes && mesh < scene.mNumMeshes; ++mesh) {
+        std::set<std::size_t> taken;
+        forEachBone(scene.mMeshes[mesh], [&](const aiBone& bone) {
+            const auto node = finder.find(bone, mesh, taken);
+            if (!node) return;
+            taken.insert(*node);
+            weights[*node] += weightOf(bone);
+        });
+    }
+    return weights;
+}
+
+}  // namespace Tolvane::Tools

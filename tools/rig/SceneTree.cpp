@@ -1,0 +1,91 @@
+#include "tools/rig/SceneTree.h"
+
+#include "tools/rig/Animation.h"
+#include "tools/rig/MatrixMath.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_set>
+
+#include <assimp/commonMetaData.h>
+
+namespace Tolvane::Tools {
+namespace {
+
+// This is a loop, because a recursion would overflow the stack on a file that nests very deep. A
+// node that is its own descendant is met once.
+std::vector<SceneNode> flatten(const aiNode* root) {
+    std::vector<SceneNode> nodes;
+    std::vector<SceneNode> due{{root, std::nullopt}};
+    std::unordered_set<const aiNode*> met{nullptr};
+    while (!due.empty()) {
+        SceneNode next = due.back();
+        due.pop_back();
+        if (!met.insert(next.node).second) continue;
+        next.local = toHost(next.node->mTransformation);
+        next.world = next.parent ? multiply(next.local, nodes[*next.parent].world) : next.local;
+        nodes.push_back(next);
+        if (!next.node->mChildren) continue;
+        for (unsigned i = next.node->mNumChildren; i > 0; --i)
+            due.push_back({next.node->mChildren[i - 1], nodes.size() - 1});
+    }
+    return nodes;
+}
+
+template <typename Thing>
+void addNames(Thing* const* things, unsigned count, std::vector<std::string>& names) {
+    for (unsigned i = 0; things && i < count; ++i)
+        if (things[i]) names.emplace_back(things[i]->mName.C_Str());
+}
+
+}  // namespace
+
+SceneTree::SceneTree(const aiScene& scene)
+    : m_nodes(flatten(scene.mRootNode)), m_showing(scene.mNumMeshes) {
+    for (std::size_t i = 0; i < m_nodes.size(); ++i)
+        m_named[m_nodes[i].node->mName.C_Str()].push_back(i);
+    addMeshes(scene);
+    std::vector<std::string> names;
+    addNames(scene.mCameras, scene.mNumCameras, names);
+    addNames(scene.mLights, scene.mNumLights, names);
+    markCamerasAndLights(names);
+}
+
+const std::vector<std::size_t>& SceneTree::named(const std::string& name) const {
+    static const std::vector<std::size_t> s_none;
+    const auto found = m_named.find(name);
+    return found == m_named.end() ? s_none : found->second;
+}
+
+void SceneTree::addMeshes(const aiScene& scene) {
+    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
+        const aiNode& node = *m_nodes[i].node;
+        for (unsigned j = 0; node.mMeshes && j < node.mNumMeshes; ++j) {
+            m_nodes[i].isMesh = true;
+            if (node.mMeshes[j] < scene.mNumMeshes) m_showing[node.mMeshes[j]].push_back(i);
+        }
+    }
+}
+
+// A camera or a light is known by the name of its node alone. Where several nodes have it, it is
+// more likely the one that nothing hangs from, and one that follows the joint of its name.
+void SceneTree::markCamerasAndLights(const std::vector<std::string>& names) {
+    std::map<std::string, std::size_t> counts;
+    for (const std::string& name : names) ++counts[name];
+    for (const auto& [name, count] : counts) {
+        std::vector<std::size_t> likelyLast = named(name);
+        std::stable_partition(likelyLast.begin(), likelyLast.end(),
+                              [this](std::size_t i) { return m_nodes[i].node->mNumChildren != 0; });
+        const std::size_t kept = likelyLast.size() - std::min(count, likelyLast.size());
+        for (std::size_t i = kept; i < likelyLast.size(); ++i)
+            m_nodes[likelyLast[i]].isCameraOrLight = true;
+    }
+}
+
+std::string formatOf(const aiScene& scene) {
+    aiString format;
+    if (scene.mMetaData) scene.mMetaData->Get(AI_METADATA_SOURCE_FORMAT, format);
+    return format.C_Str();
+}
+
+}  // namespace Tolvane::Tools
