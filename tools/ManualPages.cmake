@@ -20,5 +20,6 @@ endfunction()
 
 tolvane_manual_page(tolvane "" "carry rigs through a translation library")
 tolvane_manual_page(tolvane-run run "carry a rig through a translation library and compare")
+tolvane_manual_page(tolvane-info info "say what a rig file holds")
 add_custom_target(tolvane_manual ALL DEPENDS ${pages})
 install(FILES ${pages} DESTINATION share/man/man1 COMPONENT tools)

@@ -13,7 +13,8 @@ TEST(TolvaneCommandLine, PrintsItsHelp) {
     EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.errors, "");
     EXPECT_THAT(process.output, HasSubstr("tolvane"));
-    EXPECT_THAT(process.output, HasSubstr("\n  run "));
+    for (const char* command : {"\n  run ", "\n  info "})
+        EXPECT_THAT(process.output, HasSubstr(command));
 }
 
 TEST(TolvaneCommandLine, PrintsItsVersion) {

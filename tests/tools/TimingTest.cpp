@@ -15,14 +15,14 @@ constexpr double kTelevision = 30e3 / 1001;
 // The timing of an animation of one channel with keys at these ticks, 0 per second if it does not
 // say.
 Timing timed(double ticksPerSecond, const std::vector<double>& ticks,
-             std::optional<double> rate = std::nullopt, const std::string& format = "any") {
+             std::optional<double> rate = std::nullopt, FileKind kind = FileKind::Other) {
     aiAnimation animation;
     animation.mTicksPerSecond = ticksPerSecond;
     aiNodeAnim channel;
     channel.mNumPositionKeys = static_cast<unsigned>(ticks.size());
     channel.mPositionKeys = new aiVectorKey[ticks.size()];
     for (std::size_t i = 0; i < ticks.size(); ++i) channel.mPositionKeys[i].mTime = ticks[i];
-    return timingOf(animation, {{0, &channel}}, format, rate, "file");
+    return timingOf(animation, {{0, &channel}}, kind, rate, "file");
 }
 
 // Times of keys in each frame from the first to the last, as a file in single precision has them.
@@ -133,11 +133,10 @@ TEST(Timing, DoesNotTakeKeysThatAreSecondsApartForFrames) {
 }
 
 TEST(Timing, TakesTheTicksOfItsKindOfFileWhereItStatesNone) {
-    const Timing counted =
-        timed(0, {0, 160, 320, 480, 640}, std::nullopt, "Direct3D XFile Importer");
+    const Timing counted = timed(0, {0, 160, 320, 480, 640}, std::nullopt, FileKind::X);
     EXPECT_EQ(counted.framesPerSecond, 30);
     EXPECT_EQ(counted.frameCount, 5);
-    EXPECT_EQ(timed(25, {0, 1, 2}, std::nullopt, "Valve SMD Importer").framesPerSecond, 30);
+    EXPECT_EQ(timed(25, {0, 1, 2}, std::nullopt, FileKind::Smd).framesPerSecond, 30);
     EXPECT_EQ(timed(0, {0, 1, 2}).frameCount, 3);
 }
 

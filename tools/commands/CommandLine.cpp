@@ -1,5 +1,6 @@
 #include "tools/commands/CommandLine.h"
 
+#include "tools/commands/Info.h"
 #include "tools/commands/Run.h"
 #include "tools/report/Report.h"
 #include "tools/support/Error.h"
@@ -19,7 +20,7 @@ int carryOut(int count, const char* const* arguments) {
     CLI::App app("Runs rigs through TolvanePlugin, from the host into the graph and back.");
     app.name("tolvane");
     app.set_version_flag("-V,--version", "tolvane " TOLVANE_VERSION);
-    const std::vector<Command> commands{addRun(app)};
+    const std::vector<Command> commands{addRun(app), addInfo(app)};
 
     const auto named = [&] {
         return std::find_if(commands.begin(), commands.end(),

@@ -33,7 +33,7 @@ void loadAnimation(Rig& rig, const aiScene& scene, const Skeleton& skeleton,
     if (!animation) return;
 
     const Timing timing =
-        timingOf(*animation, channels, formatOf(scene), options.framesPerSecond, rig.file);
+        timingOf(*animation, channels, kindOf(scene), options.framesPerSecond, rig.file);
     if (!(timing.frameCount <= static_cast<double>(kMostFrames)))
         throw Error(rig.file + ": has an animation of more than a million frames");
     rig.animation = animation->mName.C_Str();

@@ -119,7 +119,7 @@ Skeleton skeletonOf(const aiScene& scene, const std::string& path,
             if (isWithin(tree, node, top)) within.insert(node);
         sure = within;
     }
-    const bool isBvh = formatOf(scene).substr(0, 3) == "BVH";
+    const bool isBvh = kindOf(scene) == FileKind::Bvh;
     skeleton.isFound = !sure.empty();
     skeleton.joints = skeleton.isFound ? withWhatIsBelow(tree, sure, isBvh) : allOf(tree);
     if (skeleton.joints.size() > kMostJoints)

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <map>
+#include <string_view>
 #include <unordered_set>
+#include <utility>
 
 #include <assimp/commonMetaData.h>
 
@@ -82,10 +84,16 @@ void SceneTree::markCamerasAndLights(const std::vector<std::string>& names) {
     }
 }
 
-std::string formatOf(const aiScene& scene) {
+FileKind kindOf(const aiScene& scene) {
     aiString format;
     if (scene.mMetaData) scene.mMetaData->Get(AI_METADATA_SOURCE_FORMAT, format);
-    return format.C_Str();
+    const std::string_view reader = format.C_Str();
+    for (const auto& [word, kind] :
+         {std::pair("BVH", FileKind::Bvh), std::pair("Collada", FileKind::Collada),
+          std::pair("FBX", FileKind::Fbx), std::pair("glTF", FileKind::Gltf),
+          std::pair("SMD", FileKind::Smd), std::pair("XFile", FileKind::X)})
+        if (reader.find(word) != std::string_view::npos) return kind;
+    return FileKind::Other;
 }
 
 }  // namespace Tolvane::Tools

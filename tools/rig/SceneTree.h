@@ -44,7 +44,9 @@ private:
     std::vector<std::vector<std::size_t>> m_showing;
 };
 
-// The kind of file that a scene was read from, in the words of its reader.
-std::string formatOf(const aiScene& scene);
+enum class FileKind { Bvh, Collada, Fbx, Gltf, Smd, X, Other };
+
+// The kind of file that a scene was first read from.
+FileKind kindOf(const aiScene& scene);
 
 }  // namespace Tolvane::Tools

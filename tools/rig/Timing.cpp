@@ -39,16 +39,15 @@ bool isRounded(double number, double exact) {
     return number >= 8 * step && std::abs(number - exact) <= 0.501 * step;
 }
 
-double ticksPerSecondOf(const aiAnimation& animation, const std::string& format,
-                        const std::string& path) {
+double ticksPerSecondOf(const aiAnimation& animation, FileKind kind, const std::string& path) {
     const double stated = animation.mTicksPerSecond;
     if (!std::isfinite(stated) || stated < 0)
         throw Error(path + ": has an animation without a valid number of frames per second");
     // Their files state none, and their reader makes up another than their makers use.
-    if (format == "Valve SMD Importer") return 30;
+    if (kind == FileKind::Smd) return 30;
     if (stated > 0) return stated;
     // These files count in 160ths of a frame of 1/30 second unless they say otherwise.
-    if (format == "Direct3D XFile Importer") return 4800;
+    if (kind == FileKind::X) return 4800;
     return kDefaultRate;
 }
 
@@ -128,9 +127,9 @@ double usualRate(double rate) {
     return isWhole(rate, 1e-4 * rate) ? std::round(rate) : rate;
 }
 
-Timing timingOf(const aiAnimation& animation, const Channels& channels, const std::string& format,
+Timing timingOf(const aiAnimation& animation, const Channels& channels, FileKind kind,
                 std::optional<double> rate, const std::string& path) {
-    const double ticksPerSecond = ticksPerSecondOf(animation, format, path);
+    const double ticksPerSecond = ticksPerSecondOf(animation, kind, path);
     const std::vector<double> ticks = keyTicks(channels);
     std::vector<double> seconds;
     for (const double tick : ticks) seconds.push_back(tick / ticksPerSecond);

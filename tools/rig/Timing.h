@@ -21,11 +21,11 @@ struct Timing {
     double frameCount = 1;
 };
 
-// `channels` are those of the animation that move anything. `format` is what the scene's reader
-// calls its kind of file. `rate` is the number of frames per second that is asked for; without one
-// it is the animation's own, or 30 where that is not known. Throws Error, which names `path`, if
-// the animation has no valid number of ticks per second.
-Timing timingOf(const aiAnimation& animation, const Channels& channels, const std::string& format,
+// `channels` are those of the animation that move anything, `kind` is that of their file. `rate` is
+// the number of frames per second that is asked for; without one it is the animation's own, or 30
+// where that is not known. Throws Error, which names `path`, if the animation has no valid number
+// of ticks per second.
+Timing timingOf(const aiAnimation& animation, const Channels& channels, FileKind kind,
                 std::optional<double> rate, const std::string& path);
 
 // The usual rate that a rate read from a file means. Files give it, or the length of a frame, in

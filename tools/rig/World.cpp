@@ -3,7 +3,6 @@
 #include "tools/rig/SceneTree.h"
 
 #include <cmath>
-#include <string>
 
 namespace Tolvane::Tools {
 namespace {
@@ -26,19 +25,21 @@ World worldOfFbx(const aiMetadata& properties) {
     return world;
 }
 
-bool startsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
 }  // namespace
 
 World worldOf(const aiScene& scene) {
-    const std::string format = formatOf(scene);
-    if (format == "Autodesk FBX Importer") return worldOfFbx(*scene.mMetaData);
-    // A glTF is in metres with y up, and the reader of COLLADA files turns and scales theirs so.
-    if (startsWith(format, "glTF") || startsWith(format, "Collada")) return {1, 1};
-    if (format == "Valve SMD Importer") return {2, std::nullopt};
-    return {};
+    switch (kindOf(scene)) {
+        case FileKind::Fbx:
+            return worldOfFbx(*scene.mMetaData);
+        case FileKind::Gltf:
+        case FileKind::Collada:
+            // A glTF is in metres with y up, and the reader of COLLADA turns and scales a scene so.
+            return {1, 1};
+        case FileKind::Smd:
+            return {2, std::nullopt};
+        default:
+            return {};
+    }
 }
 
 }  // namespace Tolvane::Tools
