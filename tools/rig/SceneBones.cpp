@@ -14,6 +14,9 @@
 namespace Tolvane::Tools {
 namespace {
 
+// As a part of a matrix's size; more than rounding in single precision makes of a deep hierarchy.
+constexpr double kSamePlace = 1e-3;
+
 template <typename Visit>
 void forEachBone(const aiMesh* mesh, const Visit& visit) {
     if (!mesh || !mesh->mBones) return;
@@ -42,7 +45,8 @@ double apart(const VMatrix& matrix, const VMatrix& from) {
 
 class BoneFinder {
 public:
-    BoneFinder(const aiScene& scene, const SceneTree& tree) : m_tree(tree) {
+    BoneFinder(const aiScene& scene, const SceneTree& tree)
+        : m_tree(tree), m_isCollada(kindOf(scene) == FileKind::Collada) {
         for (unsigned i = 0; scene.mMeshes && i < scene.mNumMeshes; ++i)
             forEachBone(scene.mMeshes[i],
                         [this](const aiBone& bone) { m_names.insert(bone.mName.C_Str()); });
@@ -52,8 +56,10 @@ public:
     // skin are different nodes.
     std::optional<std::size_t> find(const aiBone& bone, unsigned mesh,
                                     const std::set<std::size_t>& taken) const {
-        std::vector<std::size_t> nodes = m_tree.named(bone.mName.C_Str());
+        const std::vector<std::size_t>& nodes = m_tree.named(bone.mName.C_Str());
         if (nodes.empty()) return std::nullopt;
+        if (m_isCollada && isElsewhere(nodes.front(), bone, mesh))
+            return findByPlace(bone, mesh).value_or(nodes.front());
         if (nodes.size() == 1) return nodes.front();
         const auto given = std::find_if(nodes.begin(), nodes.end(), [&](std::size_t node) {
             return m_tree.nodes()[node].node == bone.mNode;
@@ -71,9 +77,21 @@ private:
                               const std::set<std::size_t>& taken) const {
         const SceneNode& node = m_tree.nodes()[index];
         const double distance = fromBindPose(index, bone, mesh);
-        const bool elsewhere = distance > 1e-3;
-        return {taken.count(index) != 0, elsewhere, node.isMesh || node.isCameraOrLight,
+        return {taken.count(index) != 0, distance > kSamePlace, node.isMesh || node.isCameraOrLight,
                 !isBesideBone(index), distance};
+    }
+
+    bool isElsewhere(std::size_t index, const aiBone& bone, unsigned mesh) const {
+        return fromBindPose(index, bone, mesh) > kSamePlace;
+    }
+
+    // The reader of COLLADA mistakes a node whose name is that of a bone for the bone, and gives
+    // the bone the identifier of that node. Only its place then tells which node it is.
+    std::optional<std::size_t> findByPlace(const aiBone& bone, unsigned mesh) const {
+        for (std::size_t i = 0; i < m_tree.nodes().size(); ++i)
+            if (!m_tree.nodes()[i].isMesh && isBesideBone(i) && !isElsewhere(i, bone, mesh))
+                return i;
+        return std::nullopt;
     }
 
     // Bones hang together: most have a bone above or below them.
@@ -100,6 +118,7 @@ private:
     }
 
     const SceneTree& m_tree;
+    const bool m_isCollada;
     std::set<std::string> m_names;
 };
 
