@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ostream>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -19,20 +20,28 @@ using Json = nlohmann::ordered_json;
 // Of the sizes of what is read in single precision and turned several times.
 constexpr double kTolerance = 2e-5;
 
-std::vector<Json> knownRigs() {
+struct Expectation {
+    Json of;
+};
+
+void PrintTo(const Expectation& expectation, std::ostream* out) { *out << expectation.of["file"]; }
+
+std::vector<Expectation> knownRigs() {
     const std::string text = readFile(std::string(KNOWN_RIGS) + "/expectations.json");
-    return Json::parse(text).get<std::vector<Json>>();
+    std::vector<Expectation> expectations;
+    for (const Json& rig : Json::parse(text)) expectations.push_back({rig});
+    return expectations;
 }
 
-std::string nameOf(const testing::TestParamInfo<Json>& info) {
-    std::string name = info.param["file"];
+std::string nameOf(const testing::TestParamInfo<Expectation>& info) {
+    std::string name = info.param.of["file"];
     std::replace(name.begin(), name.end(), '.', '_');
     return name;
 }
 
-class KnownRig : public testing::TestWithParam<Json> {
+class KnownRig : public testing::TestWithParam<Expectation> {
 protected:
-    const Json& expected = GetParam();
+    const Json& expected = GetParam().of;
     const std::string path = std::string(KNOWN_RIGS) + "/" + expected["file"].get<std::string>();
 
     void expectWorld(unsigned upAxis, std::optional<double> metresPerUnit) const {

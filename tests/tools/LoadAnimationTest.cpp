@@ -78,8 +78,10 @@ TEST_F(LoadAnimation, FindsAnAnimationByItsName) {
     LoadOptions options;
     options.animation = "still";
     EXPECT_EQ(loadRig(gltf(), options).frameCount, 1U);
+    EXPECT_EQ(loadRig(gltf(), options).animation, "still");
     options.animation = "move";
     EXPECT_EQ(loadRig(gltf(), options).frameCount, 31U);
+    EXPECT_EQ(loadRig(gltf()).animation, "move");
 }
 
 TEST_F(LoadAnimation, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {

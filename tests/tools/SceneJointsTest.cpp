@@ -89,13 +89,16 @@ protected:
             result.push_back(skeleton.tree.nodes()[joint].node);
         return result;
     }
-    std::vector<Joint> joints() const {
+    Rig rig() const {
         const Skeleton skeleton = found();
         Channels channels;
         if (scene.mNumAnimations > 0)
             channels = channelsOf(*scene.mAnimations[0], skeleton.tree, skeleton.bones);
-        return jointsOf(skeleton, channels, "file");
+        Rig result;
+        addJoints(result, skeleton, channels);
+        return result;
     }
+    std::vector<Joint> joints() const { return rig().joints; }
 
     aiScene scene;
 };
@@ -181,7 +184,7 @@ TEST_F(SceneJoints, AreTheBonesOwnNodesWhereOthersHaveTheirNames) {
     const Skeleton skeleton = found();
     const Channels channels = channelsOf(*scene.mAnimations[0], skeleton.tree, skeleton.bones);
     ASSERT_EQ(channels.size(), 1U);
-    EXPECT_EQ(skeleton.tree.nodes()[channels.begin()->first].node, lower);
+    EXPECT_EQ(channels.begin()->first, lower);
 }
 
 // As far from where the skin was bound as can be, but among bones and without a mesh.
@@ -221,7 +224,9 @@ TEST_F(SceneJoints, FollowNodesBetweenThemThatAreNone) {
     EXPECT_EQ(still[1].restLocal[3][0], 3);
     EXPECT_EQ(still[1].restLocal[3][1], 1);
     EXPECT_TRUE(still[1].links.empty());
-    EXPECT_EQ(still[0].above(7)[3][2], 5);
+    EXPECT_EQ(still[0].aboveRoot[3][2], 5);
+    EXPECT_EQ(still[0].carrier, std::nullopt);
+    EXPECT_TRUE(rig().carriers.empty());
 
     move("plate", {1, 0, 0});
     move("stand", {0, 0, 5});
@@ -229,20 +234,42 @@ TEST_F(SceneJoints, FollowNodesBetweenThemThatAreNone) {
     EXPECT_EQ(moved[1].restLocal, still[1].restLocal);
     EXPECT_EQ(moved[1].local(1)[3][0], 4);
     EXPECT_EQ(moved[1].local(1)[3][1], 1);
-    EXPECT_EQ(moved[0].above(1)[3][0], 1);
-    EXPECT_EQ(moved[0].above(1)[3][2], 5);
+    ASSERT_TRUE(moved[0].carrier.has_value());
+    const VMatrix carrier = poseCarriers(rig(), 1).at(*moved[0].carrier);
+    EXPECT_EQ(carrier[3][0], 1);
+    EXPECT_EQ(carrier[3][2], 5);
     EXPECT_EQ(moved[0].aboveRoot, still[0].aboveRoot);
 }
 
-TEST_F(SceneJoints, AreNoEndSitesOfABvhAndNoPartsOfANodesTransformation) {
+TEST_F(SceneJoints, AreNoEndSitesOfABvh) {
     aiNode* const hips = add("hips");
     add(hips, "EndSite_hips");
-    add(hips, "hips_$AssimpFbx$_GeometricTranslation");
     move("hips");
     EXPECT_EQ(nodes().size(), 2U);
     scene.mMetaData = aiMetadata::Alloc(1);
     scene.mMetaData->Set(0, AI_METADATA_SOURCE_FORMAT, aiString("BVH Importer (MoCap)"));
     EXPECT_THAT(nodes(), ElementsAre(hips));
+}
+
+TEST_F(SceneJoints, HaveNodesForTheirPartsThatAreNone) {
+    aiNode* const place = add(scene.mRootNode, "hips_$AssimpFbx$_Translation", {0, 3, 0});
+    aiNode* const pivot = add(place, "hips_$AssimpFbx$_RotationPivot", {1, 0, 0});
+    aiNode* const geometry = add(pivot, "hips_$AssimpFbx$_GeometricTranslation", {0, 0, 9});
+    aiNode* const hips = add(geometry, "hips");
+    aiNode* const back = add(hips, "hips_$AssimpFbx$_GeometricTranslationInverse", {0, 0, -9});
+    aiNode* const leg = add(back, "leg", {0, 5, 0});
+    add(back, "end_$AssimpFbx$_Translation");
+    move("hips_$AssimpFbx$_Translation", {0, 3, 0});
+    EXPECT_THAT(nodes(), ElementsAre(hips, leg));
+    const std::vector<Joint> moved = joints();
+    EXPECT_EQ(moved[0].restLocal[3][0], 1);
+    EXPECT_EQ(moved[0].restLocal[3][1], 3);
+    EXPECT_EQ(moved[0].restLocal[3][2], 0);
+    EXPECT_EQ(moved[0].local(1)[3][0], 2);
+    EXPECT_EQ(moved[0].local(1)[3][1], 3);
+    EXPECT_EQ(moved[0].carrier, std::nullopt);
+    EXPECT_EQ(moved[1].parent, 0U);
+    EXPECT_EQ(moved[1].restLocal[3][1], 5);
 }
 
 TEST_F(SceneJoints, AreFoundInABrokenScene) {

@@ -1,10 +1,13 @@
 #include "tools/commands/Info.h"
 
+#include "tools/process/Interruption.h"
 #include "tools/report/InfoReport.h"
+#include "tools/rig/ReadRig.h"
 #include "tools/support/Error.h"
 
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
 
 namespace Tolvane::Tools {
@@ -15,11 +18,20 @@ struct InfoArguments {
     bool json = false;
 };
 
-bool sayWhatIsInside(const InfoArguments& arguments) {
-    const RigInfo info = readInfo(arguments.file);
-    (arguments.json ? printInfoAsJson : printInfo)(std::cout, info);
-    if (!std::cout.flush()) throw Error("standard output: cannot be written to");
-    return true;
+int sayWhatIsInside(const InfoArguments& arguments) {
+    const auto read = [&] {
+        std::ostringstream text;
+        (arguments.json ? printInfoAsJson : printInfo)(text, readInfo(arguments.file));
+        return text.str();
+    };
+    const auto interruptible = [&] {
+        const InterruptionGuard guard;
+        return inReadingProcess(arguments.file, Limits(), read);
+    };
+    std::cout << interruptible();
+    if (!std::cout.flush())
+        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+    return 0;
 }
 
 }  // namespace

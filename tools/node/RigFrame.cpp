@@ -18,11 +18,13 @@ RigFrame::RigFrame(const Rig& rig) : m_rig(rig) {
 
 void RigFrame::pose(std::size_t frame) {
     const double tick = static_cast<double>(frame) * m_rig.ticksPerFrame;
+    const std::vector<VMatrix> carriers = poseCarriers(m_rig, tick);
     for (std::size_t i = 0; i < m_joints.size(); ++i) {
         const Joint& joint = m_rig.joints[i];
         auto& matrices = m_joints[i].matrices;
-        matrices[kParentWorld] =
-            joint.parent ? m_joints[*joint.parent].matrices[kWorld] : joint.above(tick);
+        matrices[kParentWorld] = joint.parent    ? m_joints[*joint.parent].matrices[kWorld]
+                                 : joint.carrier ? carriers[*joint.carrier]
+                                                 : joint.aboveRoot;
         matrices[kLocal] = joint.local(tick);
         matrices[kWorld] = multiply(matrices[kLocal], matrices[kParentWorld]);
         matrices[kSkinning] = multiply(matrices[kInverseRestWorld], matrices[kWorld]);

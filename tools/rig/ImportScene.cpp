@@ -46,10 +46,11 @@ const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
                            std::vector<std::string>& filesRead) {
     refuseUnreadable(path);
     importer.SetIOHandler(new NotedFiles(filesRead));  // The importer owns it.
-    // By default the importer makes up a mesh for a file that has joints only, and splits each
-    // joint of an FBX file into several nodes.
+    // By default the importer makes up a mesh for a file that has joints only.
     importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
-    importer.SetPropertyBool(AI_CONFIG_IMPORT_FBX_PRESERVE_PIVOTS, false);
+    // A node of an FBX file that turns about a pivot is split into several nodes, which SceneTree
+    // puts together again. Left whole it would lose its channels.
+    importer.SetPropertyBool(AI_CONFIG_IMPORT_FBX_PRESERVE_PIVOTS, true);
 
     try {
         const aiScene* scene = importer.ReadFile(path, 0);

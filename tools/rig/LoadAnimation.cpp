@@ -28,7 +28,7 @@ void loadAnimation(Rig& rig, const aiScene& scene, const Skeleton& skeleton,
     const aiAnimation* animation = choose(rig, scene, options.animation);
     const Channels channels =
         animation ? channelsOf(*animation, skeleton.tree, skeleton.bones) : Channels();
-    rig.joints = jointsOf(skeleton, channels, rig.file);
+    addJoints(rig, skeleton, channels);
     rig.framesPerSecond = options.framesPerSecond.value_or(rig.framesPerSecond);
     if (!animation) return;
 

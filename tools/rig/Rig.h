@@ -17,17 +17,22 @@ namespace Tolvane::Tools {
 constexpr std::size_t kMostJoints = 20'000;
 constexpr std::size_t kMostFrames = 1'000'000;
 
-// A node of the file's scene, relative to the one above it.
+// A node of the file's scene, or a part of its transformation, relative to what is above it.
 struct Link {
     VMatrix rest = {};
     // Nothing if it does not move.
     std::optional<Channel> channel = {};
 };
 
+// From the lowest up; their product is the matrix of all.
+using Links = std::vector<Link>;
+
+// The product at a time.
+VMatrix matrixOf(const Links& links, double tick);
+
 struct Joint {
+    // Relative to the parent; of a root, to the node above it.
     VMatrix local(double tick) const;
-    // For a root, the world matrix of the node above it.
-    VMatrix above(double tick) const;
 
     std::string name;
     // An index into Rig::joints, less than this joint's own; nothing for a root.
@@ -41,10 +46,19 @@ struct Joint {
     double weight = 0;
     // Nothing if the joint does not move relative to its parent.
     std::optional<Channel> channel = {};
-    // Empty for most. Where nodes that are no joints move a root, these nodes, from the lowest up.
-    // Where such nodes lie between a joint and its parent and any of them or the joint moves, the
-    // joint's own node and these, and `channel` is empty.
-    std::vector<Link> links = {};
+    // If there are any, they make the local matrix, and `channel` is empty: the joint's own node in
+    // its parts, and nodes that are no joints between it and its parent.
+    Links links = {};
+    // For a root below nodes that move, the lowest of these: an index into Rig::carriers.
+    std::optional<std::size_t> carrier = {};
+};
+
+// A node above the roots that is no joint.
+struct Carrier {
+    // An index into Rig::carriers, less than this one's own; nothing for the topmost.
+    std::optional<std::size_t> parent;
+    // Relative to the parent.
+    Links links;
 };
 
 struct Rig {
@@ -53,6 +67,8 @@ struct Rig {
     std::vector<std::string> filesRead;
     // At least one. Parents stand before their children.
     std::vector<Joint> joints;
+    // The nodes above such roots as do not stand still. Parents stand before their children.
+    std::vector<Carrier> carriers;
     // False if nothing in the file showed which nodes are joints, so that every one was taken.
     bool hasSkeleton = true;
     // Which way is up in the world: 0, 1 or 2 for x, y or z.
@@ -68,5 +84,8 @@ struct Rig {
 
 // Computes the rest world matrices from the rest local ones.
 void poseAtRest(Rig& rig);
+
+// The world matrices of the carriers at a time.
+std::vector<VMatrix> poseCarriers(const Rig& rig, double tick);
 
 }  // namespace Tolvane::Tools

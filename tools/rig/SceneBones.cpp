@@ -124,9 +124,9 @@ private:
 
 }  // namespace
 
-std::map<std::size_t, double> bonesOf(const aiScene& scene, const SceneTree& tree) {
+Bones bonesOf(const aiScene& scene, const SceneTree& tree) {
     const BoneFinder finder(scene, tree);
-    std::map<std::size_t, double> weights;
+    Bones weights;
     for (unsigned mesh = 0; scene.mMeshes && mesh < scene.mNumMeshes; ++mesh) {
         std::set<std::size_t> taken;
         forEachBone(scene.mMeshes[mesh], [&](const aiBone& bone) {

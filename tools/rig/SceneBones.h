@@ -11,6 +11,8 @@ namespace Tolvane::Tools {
 // The sum of the skin weights of each bone, by the bone's index in the tree. A bone that weighs
 // nothing is in it as well. A skin only gives the names of its bones; where several nodes have such
 // a name, the bone is the one that the skin's own matrices and the nodes around it tell.
-std::map<std::size_t, double> bonesOf(const aiScene& scene, const SceneTree& tree);
+using Bones = std::map<std::size_t, double>;
+
+Bones bonesOf(const aiScene& scene, const SceneTree& tree);
 
 }  // namespace Tolvane::Tools

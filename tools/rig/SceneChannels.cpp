@@ -39,45 +39,56 @@ double fromRest(const aiNodeAnim& channel, const aiNode& node) {
     return distance > 1e-4 ? distance : 0;
 }
 
+// The nodes and parts of nodes of one name.
+using Targets = std::vector<SceneTree::Part>;
+
+Targets targetsOf(const std::string& name, const SceneTree& tree) {
+    Targets targets = tree.partsNamed(name);
+    for (const std::size_t node : tree.named(name))
+        targets.emplace_back(node, tree.nodes()[node].node);
+    return targets;
+}
+
 struct Match {
     double distance;
     bool isNoBone;
     std::size_t channel;
-    std::size_t node;
+    std::size_t target;
 
     bool operator<(const Match& other) const {
-        return std::tie(distance, isNoBone, channel, node) <
-               std::tie(other.distance, other.isNoBone, other.channel, other.node);
+        return std::tie(distance, isNoBone, channel, target) <
+               std::tie(other.distance, other.isNoBone, other.channel, other.target);
     }
 };
 
-// Gives each channel of one name a node of that name, the closest ones first.
-void match(const std::vector<const aiNodeAnim*>& named, const std::vector<std::size_t>& nodes,
-           const SceneTree& tree, const std::map<std::size_t, double>& bones, Channels& channels) {
+// Gives each channel of one name a target of that name, the closest ones first.
+void match(const std::vector<const aiNodeAnim*>& named, const Targets& targets, const Bones& bones,
+           Channels& channels) {
     std::vector<Match> matches;
     for (std::size_t channel = 0; channel < named.size(); ++channel)
-        for (const std::size_t node : nodes)
-            matches.push_back({fromRest(*named[channel], *tree.nodes()[node].node),
-                               bones.count(node) == 0, channel, node});
+        for (std::size_t target = 0; target < targets.size(); ++target) {
+            const auto& [index, node] = targets[target];
+            matches.push_back(
+                {fromRest(*named[channel], *node), bones.count(index) == 0, channel, target});
+        }
     std::sort(matches.begin(), matches.end());
     std::vector<bool> isMatched(named.size());
     for (const Match& match : matches)
         if (!isMatched[match.channel])
-            isMatched[match.channel] = channels.emplace(match.node, named[match.channel]).second;
+            isMatched[match.channel] =
+                channels.emplace(targets[match.target].second, named[match.channel]).second;
 }
 
-// Which node a lone channel means: a bone, if there is one.
-std::size_t nodeOf(const aiNodeAnim& channel, const std::vector<std::size_t>& nodes,
-                   const SceneTree& tree, const std::map<std::size_t, double>& bones) {
-    const auto bone =
-        std::find_if(nodes.begin(), nodes.end(), [&](auto node) { return bones.count(node) != 0; });
-    if (bone == nodes.end()) return nodes.front();
-    return *std::min_element(bone, nodes.end(), [&](std::size_t a, std::size_t b) {
-        const auto unlikeliness = [&](std::size_t node) {
-            return std::pair(bones.count(node) == 0, fromRest(channel, *tree.nodes()[node].node));
-        };
-        return unlikeliness(a) < unlikeliness(b);
-    });
+// What a lone channel means: a bone, if there is one.
+const aiNode* targetOf(const aiNodeAnim& channel, const Targets& targets, const Bones& bones) {
+    const auto isBone = [&](const SceneTree::Part& part) { return bones.count(part.first) != 0; };
+    if (std::none_of(targets.begin(), targets.end(), isBone)) return targets.front().second;
+    return std::min_element(targets.begin(), targets.end(),
+                            [&](const SceneTree::Part& a, const SceneTree::Part& b) {
+                                return std::pair(!isBone(a), fromRest(channel, *a.second)) <
+                                       std::pair(!isBone(b), fromRest(channel, *b.second));
+                            })
+        ->second;
 }
 
 template <typename Key>
@@ -95,8 +106,7 @@ std::vector<Key> keysOf(const Key* keys, unsigned count, const Key& atRest,
 
 }  // namespace
 
-Channels channelsOf(const aiAnimation& animation, const SceneTree& tree,
-                    const std::map<std::size_t, double>& bones) {
+Channels channelsOf(const aiAnimation& animation, const SceneTree& tree, const Bones& bones) {
     std::map<std::string, std::vector<const aiNodeAnim*>> byName;
     for (unsigned i = 0; animation.mChannels && i < animation.mNumChannels; ++i)
         if (const aiNodeAnim* channel = animation.mChannels[i])
@@ -104,19 +114,23 @@ Channels channelsOf(const aiAnimation& animation, const SceneTree& tree,
 
     Channels channels;
     for (const auto& [name, named] : byName) {
-        const std::vector<std::size_t>& nodes = tree.named(name);
-        if (nodes.empty()) continue;
-        if (nodes.size() == 1)
-            channels.emplace(nodes.front(), named.front());
-        else if (named.size() == 1)
-            channels.emplace(nodeOf(*named.front(), nodes, tree, bones), named.front());
-        else if (named.size() * nodes.size() <= kMostMatches)
-            match(named, nodes, tree, bones, channels);
+        const Targets targets = targetsOf(name, tree);
+        if (targets.empty()) continue;
+        if (named.size() == 1)
+            channels.emplace(targetOf(*named.front(), targets, bones), named.front());
+        else if (named.size() * targets.size() <= kMostMatches)
+            match(named, targets, bones, channels);
         else
-            for (std::size_t i = 0; i < std::min(named.size(), nodes.size()); ++i)
-                channels.emplace(nodes[i], named[i]);
+            for (std::size_t i = 0; i < std::min(named.size(), targets.size()); ++i)
+                channels.emplace(targets[i].second, named[i]);
     }
     return channels;
+}
+
+bool areMoving(const Channels& channels, const SceneNode& node) {
+    return channels.count(node.node) != 0 ||
+           std::any_of(node.parts.begin(), node.parts.end(),
+                       [&](const aiNode* part) { return channels.count(part) != 0; });
 }
 
 Channel channelOf(const aiNodeAnim& keys, const aiNode& node, const std::string& path) {

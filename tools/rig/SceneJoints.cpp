@@ -13,10 +13,13 @@ namespace Tolvane::Tools {
 namespace {
 
 std::set<std::size_t> animatedNodes(const aiScene& scene, const SceneTree& tree,
-                                    const std::map<std::size_t, double>& bones) {
+                                    const Bones& bones) {
     std::set<std::size_t> nodes;
-    for (const aiAnimation* animation : animationsOf(scene))
-        for (const auto& [node, channel] : channelsOf(*animation, tree, bones)) nodes.insert(node);
+    for (const aiAnimation* animation : animationsOf(scene)) {
+        const Channels channels = channelsOf(*animation, tree, bones);
+        for (std::size_t i = 0; i < tree.nodes().size(); ++i)
+            if (areMoving(channels, tree.nodes()[i])) nodes.insert(i);
+    }
     return nodes;
 }
 
@@ -29,12 +32,9 @@ std::set<std::size_t> bonesOrAnimated(const Skeleton& skeleton) {
     return nodes;
 }
 
-// The reader of BVH files makes nodes of end sites, which say where a joint ends and are none, and
-// the reader of FBX files makes nodes of parts of a node's transformation.
-bool isMadeUp(const SceneNode& node, bool isBvh) {
-    const std::string_view name = node.node->mName.C_Str();
-    return (isBvh && name.substr(0, 8) == "EndSite_") ||
-           name.find("_$AssimpFbx$_") != std::string_view::npos;
+// The reader of BVH files makes nodes of end sites, which say where a joint ends and are none.
+bool isEndSite(const SceneNode& node, bool isBvh) {
+    return isBvh && std::string_view(node.node->mName.C_Str()).substr(0, 8) == "EndSite_";
 }
 
 std::vector<std::size_t> withWhatIsBelow(const SceneTree& tree, const std::set<std::size_t>& sure,
@@ -45,7 +45,7 @@ std::vector<std::size_t> withWhatIsBelow(const SceneTree& tree, const std::set<s
         const SceneNode& node = tree.nodes()[i];
         const bool isBelow = node.parent && isInside[*node.parent];
         const bool isSure = sure.count(i) != 0;
-        const bool isOther = node.isMesh || node.isCameraOrLight || isMadeUp(node, isBvh);
+        const bool isOther = node.isMesh || node.isCameraOrLight || isEndSite(node, isBvh);
         isInside[i] = isSure || isBelow;
         if (isSure || (isBelow && !isOther)) joints.push_back(i);
     }
@@ -70,37 +70,112 @@ std::vector<std::size_t> allOf(const SceneTree& tree) {
     return nodes;
 }
 
-Link linkOf(std::size_t node, const Skeleton& skeleton, const Channels& channels,
-            const std::string& path) {
-    const SceneNode& own = skeleton.tree.nodes()[node];
-    const auto found = channels.find(node);
-    if (found == channels.end()) return {own.local, std::nullopt};
-    return {own.local, channelOf(*found->second, *own.node, path)};
-}
-
 // Nodes side by side that do not move become one link.
-void append(std::vector<Link>& links, Link next) {
+void append(Links& links, Link next) {
     if (!links.empty() && !links.back().channel && !next.channel)
         links.back().rest = multiply(links.back().rest, next.rest);
     else
         links.push_back(std::move(next));
 }
 
-bool anyMoves(const std::vector<Link>& links) {
+bool anyMoves(const Links& links) {
     return std::any_of(links.begin(), links.end(),
                        [](const Link& link) { return link.channel.has_value(); });
 }
 
-// `between` lies between the joint and its parent.
-void becomeChain(Joint& joint, const std::vector<Link>& between) {
-    append(joint.links, {joint.restLocal, std::move(joint.channel)});
-    joint.channel.reset();
-    for (const Link& link : between) {
-        joint.restLocal = multiply(joint.restLocal, link.rest);
-        append(joint.links, link);
+// Makes the joints and carriers of a rig, from the channels of one animation.
+class JointBuilder {
+public:
+    JointBuilder(Rig& rig, const Skeleton& skeleton, const Channels& channels)
+        : m_rig(rig),
+          m_nodes(skeleton.tree.nodes()),
+          m_channels(channels),
+          m_jointOf(m_nodes.size()),
+          m_carrierOf(m_nodes.size()) {
+        for (const SceneNode& node : m_nodes)
+            m_isCarried.push_back(areMoving(channels, node) ||
+                                  (node.parent && m_isCarried[*node.parent]));
     }
-    if (!anyMoves(joint.links)) joint.links.clear();
-}
+
+    void add(std::size_t index) {
+        const SceneNode& node = m_nodes[index];
+        Joint joint;
+        joint.name = node.node->mName.C_Str();
+        joint.restLocal = node.local;
+        Links links;
+        appendNode(index, links);
+
+        std::optional<std::size_t> above = node.parent;
+        while (above && !m_jointOf[*above]) above = m_nodes[*above].parent;
+        if (above) {
+            joint.parent = m_jointOf[*above];
+            for (std::size_t i = *node.parent; i != *above; i = *m_nodes[i].parent) {
+                joint.restLocal = multiply(joint.restLocal, m_nodes[i].local);
+                appendNode(i, links);
+            }
+        } else if (node.parent) {
+            joint.aboveRoot = m_nodes[*node.parent].world;
+            if (m_isCarried[*node.parent]) joint.carrier = carrierOf(*node.parent);
+        }
+        if (links.size() == 1)
+            joint.channel = std::move(links.front().channel);
+        else if (anyMoves(links))
+            joint.links = std::move(links);
+        m_jointOf[index] = m_rig.joints.size();
+        m_rig.joints.push_back(std::move(joint));
+    }
+
+private:
+    std::size_t carrierOf(std::size_t index) {
+        std::vector<std::size_t> missing;
+        std::optional<std::size_t> above = index;
+        for (; above && !m_carrierOf[*above]; above = m_nodes[*above].parent)
+            missing.push_back(*above);
+        for (; !missing.empty(); missing.pop_back()) {
+            const auto parent = m_nodes[missing.back()].parent;
+            Carrier carrier{parent ? m_carrierOf[*parent] : std::nullopt, {}};
+            appendNode(missing.back(), carrier.links);
+            m_carrierOf[missing.back()] = m_rig.carriers.size();
+            m_rig.carriers.push_back(std::move(carrier));
+        }
+        return *m_carrierOf[index];
+    }
+
+    void appendNode(std::size_t index, Links& links) const {
+        const SceneNode& node = m_nodes[index];
+        if (m_channels.count(node.node) != 0 && !node.parts.empty()) {
+            appendWhole(node, links);
+            return;
+        }
+        append(links, linkOf(*node.node));
+        for (const aiNode* part : node.parts) append(links, linkOf(*part));
+    }
+
+    // A channel for a node that has parts moves the node as a whole. The reader has put the turn
+    // that comes last into it, but not the other way round, as it should.
+    void appendWhole(const SceneNode& node, Links& links) const {
+        for (const aiNode* part : node.parts) {
+            if (componentOf(*part) != "PostRotation") continue;
+            const VMatrix turn = toHost(part->mTransformation);
+            append(links, {multiply(turn, turn), std::nullopt});
+        }
+        append(links, linkOf(*node.node));
+    }
+
+    Link linkOf(const aiNode& node) const {
+        const VMatrix rest = toHost(node.mTransformation);
+        const auto found = m_channels.find(&node);
+        if (found == m_channels.end()) return {rest, std::nullopt};
+        return {rest, channelOf(*found->second, node, m_rig.file)};
+    }
+
+    Rig& m_rig;
+    const std::vector<SceneNode>& m_nodes;
+    const Channels& m_channels;
+    std::vector<bool> m_isCarried;
+    std::vector<std::optional<std::size_t>> m_jointOf;
+    std::vector<std::optional<std::size_t>> m_carrierOf;
+};
 
 }  // namespace
 
@@ -127,34 +202,9 @@ Skeleton skeletonOf(const aiScene& scene, const std::string& path,
     return skeleton;
 }
 
-std::vector<Joint> jointsOf(const Skeleton& skeleton, const Channels& channels,
-                            const std::string& path) {
-    const std::vector<SceneNode>& nodes = skeleton.tree.nodes();
-    std::vector<Joint> joints;
-    std::vector<std::optional<std::size_t>> jointOf(nodes.size());
-    for (const std::size_t index : skeleton.joints) {
-        const SceneNode& node = nodes[index];
-        Link own = linkOf(index, skeleton, channels, path);
-        std::vector<Link> between;
-        std::optional<std::size_t> above = node.parent;
-        for (; above && !jointOf[*above]; above = nodes[*above].parent)
-            append(between, linkOf(*above, skeleton, channels, path));
-
-        Joint joint;
-        joint.name = node.node->mName.C_Str();
-        joint.restLocal = node.local;
-        joint.channel = std::move(own.channel);
-        if (above) {
-            joint.parent = jointOf[*above];
-            if (!between.empty()) becomeChain(joint, between);
-        } else if (node.parent) {
-            joint.aboveRoot = nodes[*node.parent].world;
-            if (anyMoves(between)) joint.links = std::move(between);
-        }
-        jointOf[index] = joints.size();
-        joints.push_back(std::move(joint));
-    }
-    return joints;
+void addJoints(Rig& rig, const Skeleton& skeleton, const Channels& channels) {
+    JointBuilder builder(rig, skeleton, channels);
+    for (const std::size_t node : skeleton.joints) builder.add(node);
 }
 
 }  // namespace Tolvane::Tools

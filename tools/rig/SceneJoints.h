@@ -11,7 +11,6 @@
 #include "tools/rig/SceneTree.h"
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -23,7 +22,7 @@ namespace Tolvane::Tools {
 struct Skeleton {
     SceneTree tree;
     // Their weights, by their nodes.
-    std::map<std::size_t, double> bones;
+    Bones bones;
     // The nodes that any of the scene's animations moves.
     std::set<std::size_t> animated;
     // The nodes of the joints, in the order of Rig::joints.
@@ -37,9 +36,8 @@ struct Skeleton {
 Skeleton skeletonOf(const aiScene& scene, const std::string& path,
                     const std::optional<std::string>& root);
 
-// The joints in their rest pose. Nodes between two of them that are no joints count as a part of
-// the lower one. `channels` are those of the animation that moves the joints.
-std::vector<Joint> jointsOf(const Skeleton& skeleton, const Channels& channels,
-                            const std::string& path);
+// Gives the rig the joints, and what carries them. Nodes between two joints that are none count as
+// a part of the lower one. `channels` are those of the animation that moves the rig.
+void addJoints(Rig& rig, const Skeleton& skeleton, const Channels& channels);
 
 }  // namespace Tolvane::Tools

@@ -14,22 +14,59 @@
 namespace Tolvane::Tools {
 namespace {
 
+// The reader puts it between the name of a node and the component that a part of it stands for.
+constexpr std::string_view kPartMark = "_$AssimpFbx$_";
+
+struct Due {
+    const aiNode* node;
+    std::optional<std::size_t> parent;
+    // The part right above it.
+    const aiNode* part = nullptr;
+};
+
+using PartAbove = std::unordered_map<const aiNode*, const aiNode*>;
+
+// The geometry of a node may be moved by itself, which neither the node nor what is below it
+// shares.
+bool movesGeometryAlone(const aiNode& part) {
+    return componentOf(part).compare(0, 9, "Geometric") == 0;
+}
+
+SceneNode complete(const Due& due, const PartAbove& above, const std::vector<SceneNode>& nodes) {
+    SceneNode node{due.node, due.parent};
+    node.local = toHost(due.node->mTransformation);
+    for (const aiNode* part = due.part; part; part = above.at(part)) {
+        if (movesGeometryAlone(*part)) continue;
+        node.parts.push_back(part);
+        node.local = multiply(node.local, toHost(part->mTransformation));
+    }
+    node.world = due.parent ? multiply(node.local, nodes[*due.parent].world) : node.local;
+    return node;
+}
+
 // This is a loop, because a recursion would overflow the stack on a file that nests very deep. A
 // node that is its own descendant is met once.
 std::vector<SceneNode> flatten(const aiNode* root) {
     std::vector<SceneNode> nodes;
-    std::vector<SceneNode> due{{root, std::nullopt}};
+    PartAbove above;
+    std::vector<Due> stack{{root, std::nullopt}};
     std::unordered_set<const aiNode*> met{nullptr};
-    while (!due.empty()) {
-        SceneNode next = due.back();
-        due.pop_back();
-        if (!met.insert(next.node).second) continue;
-        next.local = toHost(next.node->mTransformation);
-        next.world = next.parent ? multiply(next.local, nodes[*next.parent].world) : next.local;
-        nodes.push_back(next);
-        if (!next.node->mChildren) continue;
-        for (unsigned i = next.node->mNumChildren; i > 0; --i)
-            due.push_back({next.node->mChildren[i - 1], nodes.size() - 1});
+    while (!stack.empty()) {
+        const Due due = stack.back();
+        stack.pop_back();
+        if (!met.insert(due.node).second) continue;
+        Due child{nullptr, due.parent, due.node};
+        if (componentOf(*due.node).empty()) {
+            nodes.push_back(complete(due, above, nodes));
+            child = {nullptr, nodes.size() - 1};
+        } else {
+            above.emplace(due.node, due.part);
+        }
+        if (!due.node->mChildren) continue;
+        for (unsigned i = due.node->mNumChildren; i > 0; --i) {
+            child.node = due.node->mChildren[i - 1];
+            stack.push_back(child);
+        }
     }
     return nodes;
 }
@@ -44,8 +81,11 @@ void addNames(Thing* const* things, unsigned count, std::vector<std::string>& na
 
 SceneTree::SceneTree(const aiScene& scene)
     : m_nodes(flatten(scene.mRootNode)), m_showing(scene.mNumMeshes) {
-    for (std::size_t i = 0; i < m_nodes.size(); ++i)
+    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
         m_named[m_nodes[i].node->mName.C_Str()].push_back(i);
+        for (const aiNode* part : m_nodes[i].parts)
+            m_partsNamed[part->mName.C_Str()].emplace_back(i, part);
+    }
     addMeshes(scene);
     std::vector<std::string> names;
     addNames(scene.mCameras, scene.mNumCameras, names);
@@ -57,6 +97,12 @@ const std::vector<std::size_t>& SceneTree::named(const std::string& name) const 
     static const std::vector<std::size_t> s_none;
     const auto found = m_named.find(name);
     return found == m_named.end() ? s_none : found->second;
+}
+
+const std::vector<SceneTree::Part>& SceneTree::partsNamed(const std::string& name) const {
+    static const std::vector<Part> s_none;
+    const auto found = m_partsNamed.find(name);
+    return found == m_partsNamed.end() ? s_none : found->second;
 }
 
 void SceneTree::addMeshes(const aiScene& scene) {
@@ -84,14 +130,22 @@ void SceneTree::markCamerasAndLights(const std::vector<std::string>& names) {
     }
 }
 
+std::string componentOf(const aiNode& node) {
+    const std::string_view name = node.mName.C_Str();
+    const std::size_t mark = name.find(kPartMark);
+    if (mark == std::string_view::npos) return "";
+    return std::string(name.substr(mark + kPartMark.size()));
+}
+
 FileKind kindOf(const aiScene& scene) {
     aiString format;
     if (scene.mMetaData) scene.mMetaData->Get(AI_METADATA_SOURCE_FORMAT, format);
     const std::string_view reader = format.C_Str();
     for (const auto& [word, kind] :
-         {std::pair("BVH", FileKind::Bvh), std::pair("Collada", FileKind::Collada),
-          std::pair("FBX", FileKind::Fbx), std::pair("glTF", FileKind::Gltf),
-          std::pair("SMD", FileKind::Smd), std::pair("XFile", FileKind::X)})
+         {std::pair("Blitz", FileKind::B3d), std::pair("BVH", FileKind::Bvh),
+          std::pair("Collada", FileKind::Collada), std::pair("FBX", FileKind::Fbx),
+          std::pair("glTF", FileKind::Gltf), std::pair("SMD", FileKind::Smd),
+          std::pair("XFile", FileKind::X)})
         if (reader.find(word) != std::string_view::npos) return kind;
     return FileKind::Other;
 }

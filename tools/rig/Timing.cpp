@@ -43,10 +43,11 @@ double ticksPerSecondOf(const aiAnimation& animation, FileKind kind, const std::
     const double stated = animation.mTicksPerSecond;
     if (!std::isfinite(stated) || stated < 0)
         throw Error(path + ": has an animation without a valid number of frames per second");
-    // Their files state none, and their reader makes up another than their makers use.
+    // These files state none, and their reader makes up another than their makers use.
     if (kind == FileKind::Smd) return 30;
     if (stated > 0) return stated;
-    // These files count in 160ths of a frame of 1/30 second unless they say otherwise.
+    if (kind == FileKind::B3d) return 60;
+    // They count in 160ths of a frame of 1/30 second unless they say otherwise.
     if (kind == FileKind::X) return 4800;
     return kDefaultRate;
 }

@@ -22,10 +22,11 @@ def make(folder):
     expectations = []
     for rig in [rig for kind in KINDS for rig in kind.rigs()]:
         for name, content in rig["files"].items():
-            (folder / name).write_text(content, newline="\n")
+            data = content if isinstance(content, bytes) else content.encode()
+            (folder / name).write_bytes(data)
         expectations.append(rig["expected"])
     text = json.dumps(expectations, indent=1) + "\n"
-    (folder / "expectations.json").write_text(text)
+    (folder / "expectations.json").write_bytes(text.encode())
 
 
 if __name__ == "__main__":

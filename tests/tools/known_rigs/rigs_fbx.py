@@ -7,7 +7,7 @@ SECOND = 46186158000
 
 
 def rigs():
-    return [z_up(), named_as_its_mesh()]
+    return [z_up(), named_as_its_mesh(), pivots()]
 
 
 class Fbx:
@@ -44,11 +44,12 @@ class Fbx:
         else:
             self.connections.append(f'\tC: "OO",{child},{parent}\n')
 
-    def add_node(self, name, parent, kind, place, turned_before=None):
+    def add_node(self, name, parent, kind, place, **components):
+        """`components` are further ones of the transformation, by their names in FBX."""
         properties = [vector("Lcl Translation", "Lcl Translation", place)]
-        if turned_before:
+        if components:
             properties.append('P: "RotationActive", "bool", "", "",1')
-            properties.append(vector("PreRotation", "Vector3D", turned_before))
+        properties += [vector(name, "Vector3D", values) for name, values in components.items()]
         node = self.add("Model", f"Model::{name}", kind, ["Version: 232"], properties)
         self.connect(node, parent)
         flags = {"LimbNode": "Skeleton", "Camera": "Camera", "Null": "Null"}.get(kind)
@@ -132,8 +133,8 @@ def z_up():
     time zero is. A mesh, a camera and an end below a bone. 3.3333 seconds at 30 frames per second."""
     fbx = Fbx(up_axis=2, unit=1, time_mode=6)
     armature = fbx.add_node("Armature", 0, "Null", [0, 0, 3])
-    hips = fbx.add_node("Hips", armature, "LimbNode", [0, 0, 100], [90, 0, 0])
-    leg = fbx.add_node("Leg", hips, "LimbNode", [0, 10, 0], [0, 0, 30])
+    hips = fbx.add_node("Hips", armature, "LimbNode", [0, 0, 100], PreRotation=[90, 0, 0])
+    leg = fbx.add_node("Leg", hips, "LimbNode", [0, 10, 0], PreRotation=[0, 0, 30])
     fbx.add_node("Leg_end", leg, "LimbNode", [0, 5, 0])
     fbx.add_node("Eye", leg, "Camera", [0, 5, 0])
     fbx.add_triangle(fbx.add_node("Sword", leg, "Mesh", [1, 0, 0]))
@@ -197,5 +198,57 @@ def named_as_its_mesh():
             animation="Wave",
             metresPerUnit=0.0254,
             weights=[0.5, 0.5],
+        ),
+    }
+
+
+def pivots():
+    """Joints that turn about pivots, with turns before and after their own, one of which has geometry
+    that stands elsewhere, which moves no joint."""
+    fbx = Fbx(up_axis=1, unit=100, time_mode=11)
+    upper = fbx.add_node(
+        "Upper",
+        0,
+        "LimbNode",
+        [0, 1, 0],
+        RotationOffset=[0, 0.5, 0],
+        RotationPivot=[1, 0, 0],
+        PreRotation=[0, 0, 30],
+        PostRotation=[20, 0, 0],
+        GeometricTranslation=[0, 0, 9],
+    )
+    lower = fbx.add_node("Lower", upper, "LimbNode", [0, 2, 0], PostRotation=[0, 0, 40])
+    fbx.add_node("End", lower, "LimbNode", [0, 3, 0])
+    stop = time_of(24, 24)
+    layer = fbx.add_take("Bend", 0, stop)
+    fbx.add_curves(layer, upper, "Lcl Rotation", [0, stop], [[0, 0], [0, 0], [0, 90]])
+    fbx.add_curves(layer, lower, "Lcl Rotation", [0, stop], [[0, 60], [0, 0], [0, 0]])
+    world = product(
+        move(0, 1, 0),
+        move(0, 0.5, 0),
+        move(1, 0, 0),
+        turn("z", 30),
+        turn("z", 45),
+        turn("x", -20),
+        move(-1, 0, 0),
+        move(0, 2, 0),
+        turn("x", 30),
+        turn("z", -40),
+        move(0, 3, 0),
+    )
+    return {
+        "files": {"pivots.fbx": fbx.text()},
+        "expected": expected(
+            "pivots.fbx",
+            [("Upper", None), ("Lower", 0), ("End", 1)],
+            frames=25,
+            fps=24,
+            joint=2,
+            frame=12,
+            world=world,
+            animated=2,
+            inBetween=1,
+            animation="Bend",
+            metresPerUnit=1,
         ),
     }

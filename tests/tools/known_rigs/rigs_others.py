@@ -1,13 +1,14 @@
-"""X, MD5, SMD and OBJ: ticks that are not stated, rates in a second file, no skeleton."""
+"""X, B3D, MD5, SMD and OBJ: rates that are not stated or in a second file, no skeleton."""
 
 import math
+import struct
 
 from expect import expected
 from linear import by_columns, identity, inverse_rigid, move, product, quaternion, scale, turn
 
 
 def rigs():
-    return [unstated_ticks(), two_files(), unstated_rate(), no_skeleton()]
+    return [unstated_ticks(), unstated_frames(), two_files(), unstated_rate(), no_skeleton()]
 
 
 def unstated_ticks():
@@ -55,6 +56,49 @@ def unstated_ticks():
             animated=1,
             animation="Swing",
             weights=[0.75, 0.25],
+        ),
+    }
+
+
+def unstated_frames():
+    """A B3D file that gives no frames per second: 60. It is left-handed as well."""
+
+    def chunk(tag, *contents):
+        content = b"".join(contents)
+        return tag + struct.pack("<i", len(content)) + content
+
+    def node(name, place, *contents):
+        numbers = struct.pack("<10f", *place, 1, 1, 1, 1, 0, 0, 0)
+        return chunk(b"NODE", name + b"\0" + numbers, *contents)
+
+    def bone(*weights):
+        return chunk(b"BONE", *[struct.pack("<if", *weight) for weight in weights])
+
+    places = [(0, [0, 2, 0]), (10, [0, 2, 5]), (30, [0, 7, 5])]
+    keys = [struct.pack("<i3f", frame, *place) for frame, place in places]
+    moved = chunk(b"KEYS", struct.pack("<i", 1), *keys)
+    lower = node(b"Lower", [0, 2, 0], bone((1, 1.0), (2, 1.0)), moved)
+    points = struct.pack("<3i9f", 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 1, 0)
+    faces = struct.pack("<4i", -1, 0, 1, 2)
+    mesh = chunk(
+        b"MESH", struct.pack("<i", -1), chunk(b"VRTS", points), chunk(b"TRIS", faces)
+    )
+    motion = chunk(b"ANIM", struct.pack("<2if", 0, 30, 0))
+    upper = node(b"Upper", [0, 0, 4], bone((0, 1.0)), lower)
+    body = node(b"Body", [0, 0, 0], mesh, motion, upper)
+    return {
+        "files": {"unstated_frames.b3d": chunk(b"BB3D", struct.pack("<i", 1), body)},
+        "expected": expected(
+            "unstated_frames.b3d",
+            [("Upper", None), ("Lower", 0)],
+            frames=31,
+            fps=60,
+            joint=1,
+            frame=20,
+            world=product(move(0, 0, -4), move(0, 4.5, -5)),
+            bones=2,
+            animated=1,
+            weights=[1 / 3, 2 / 3],
         ),
     }
 
