@@ -34,9 +34,9 @@ double weightOf(const aiBone& bone) {
 // How far two matrices are apart, as a part of the size of the second.
 double apart(const VMatrix& matrix, const VMatrix& from) {
     double difference = 0;
-    double size = 1;
+    double size = 1e-9;
     for (unsigned row = 0; row < 4; ++row)
-        for (unsigned column = 0; column < 4; ++column) {
+        for (unsigned column = 0; column < 3; ++column) {
             difference += std::abs(matrix[row][column] - from[row][column]);
             size = std::max(size, std::abs(from[row][column]));
         }
@@ -58,7 +58,7 @@ public:
                                     const std::set<std::size_t>& taken) const {
         const std::vector<std::size_t>& nodes = m_tree.named(bone.mName.C_Str());
         if (nodes.empty()) return std::nullopt;
-        if (m_isCollada && isElsewhere(nodes.front(), bone, mesh))
+        if (m_isCollada && !isBesideBone(nodes.front()) && isElsewhere(nodes.front(), bone, mesh))
             return findByPlace(bone, mesh).value_or(nodes.front());
         if (nodes.size() == 1) return nodes.front();
         const auto given = std::find_if(nodes.begin(), nodes.end(), [&](std::size_t node) {

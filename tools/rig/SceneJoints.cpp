@@ -91,10 +91,20 @@ public:
           m_nodes(skeleton.tree.nodes()),
           m_channels(channels),
           m_jointOf(m_nodes.size()),
+          m_isCarried(m_nodes.size()),
           m_carrierOf(m_nodes.size()) {
-        for (const SceneNode& node : m_nodes)
-            m_isCarried.push_back(areMoving(channels, node) ||
-                                  (node.parent && m_isCarried[*node.parent]));
+        for (std::size_t i = 0; i < m_nodes.size(); ++i) {
+            const auto parent = m_nodes[i].parent;
+            m_isCarried[i] = areMoving(channels, m_nodes[i]) || (parent && m_isCarried[*parent]);
+        }
+        std::vector<bool> isJoint(m_nodes.size());
+        for (const std::size_t joint : skeleton.joints) isJoint[joint] = true;
+        for (const SceneNode& node : m_nodes) {
+            const bool isBelowJoint = node.parent && isJoint[*node.parent];
+            m_jointAbove.push_back(isBelowJoint  ? node.parent
+                                   : node.parent ? m_jointAbove[*node.parent]
+                                                 : std::nullopt);
+        }
     }
 
     void add(std::size_t index) {
@@ -105,9 +115,7 @@ public:
         Links links;
         appendNode(index, links);
 
-        std::optional<std::size_t> above = node.parent;
-        while (above && !m_jointOf[*above]) above = m_nodes[*above].parent;
-        if (above) {
+        if (const auto above = m_jointAbove[index]) {
             joint.parent = m_jointOf[*above];
             for (std::size_t i = *node.parent; i != *above; i = *m_nodes[i].parent) {
                 joint.restLocal = multiply(joint.restLocal, m_nodes[i].local);
@@ -172,8 +180,10 @@ private:
     Rig& m_rig;
     const std::vector<SceneNode>& m_nodes;
     const Channels& m_channels;
-    std::vector<bool> m_isCarried;
+    // All by the index of a node.
+    std::vector<std::optional<std::size_t>> m_jointAbove;
     std::vector<std::optional<std::size_t>> m_jointOf;
+    std::vector<bool> m_isCarried;
     std::vector<std::optional<std::size_t>> m_carrierOf;
 };
 

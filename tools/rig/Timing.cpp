@@ -96,7 +96,7 @@ std::optional<double> bakedRate(const std::vector<double>& times) {
     const double rate = 1 / gap;
     const double tolerance = rate * std::max(1e-5, 2 * deviation / length);
     if (isWhole(rate, tolerance)) return std::round(rate);
-    const auto usual = std::find_if(kUsualRates.begin(), kUsualRates.end(), [&](double usualOne) {
+    const auto* usual = std::find_if(kUsualRates.begin(), kUsualRates.end(), [&](double usualOne) {
         return std::abs(usualOne - rate) <= tolerance;
     });
     return usual == kUsualRates.end() ? rate : *usual;
@@ -133,6 +133,7 @@ Timing timingOf(const aiAnimation& animation, const Channels& channels, FileKind
     const double ticksPerSecond = ticksPerSecondOf(animation, kind, path);
     const std::vector<double> ticks = keyTicks(channels);
     std::vector<double> seconds;
+    seconds.reserve(ticks.size());
     for (const double tick : ticks) seconds.push_back(tick / ticksPerSecond);
 
     // Some kinds of file count time in frames, others in seconds or fractions of one.
