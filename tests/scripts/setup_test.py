@@ -37,9 +37,9 @@ class Setup(unittest.TestCase):
         call = f'echo "apt-get $* ($DEBIAN_FRONTEND)" >>{self.calls}'
         self.provide("apt-get", f"{call}; echo progress; exit {status}")
 
-    def run_setup(self, **environment):
+    def run_setup(self, *packages, **environment):
         return subprocess.run(
-            [SETUP],
+            [SETUP, *packages],
             env={"PATH": str(self.commands), **environment},
             stdin=subprocess.DEVNULL,
             capture_output=True,
@@ -68,6 +68,12 @@ class Setup(unittest.TestCase):
         run = self.run_setup()
         self.assertEqual((run.returncode, run.stdout), (0, ""))
         self.assert_installed("clang", "git")
+
+    def test_installs_only_what_is_named_if_anything_is(self):
+        self.provide_apt(installed=["git"])
+        run = self.run_setup("git", "help2man")
+        self.assertEqual((run.returncode, run.stdout), (0, ""))
+        self.assert_installed("help2man")
 
     def test_installs_a_package_that_was_removed_except_for_its_configuration(self):
         rest = [name for name in PACKAGES if name != "clang"]

@@ -48,7 +48,7 @@ TEST_F(TolvaneRun, RefusesAnUnknownOption) {
 
 TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
     for (const char* option :
-         {"--frames", "--fps", "--svg", "--plugin", "--animation", "--types"}) {
+         {"--frames", "--fps", "--svg", "--html", "--plugin", "--animation", "--types"}) {
         const TolvaneProcess process = runTolvane({"run", option});
         EXPECT_EQ(process.status, 2);
         EXPECT_EQ(process.output, "");
@@ -141,12 +141,15 @@ TEST_F(TolvaneRun, RefusesALibraryWhoseFactoryGivesNothing) {
                   "returned null", "loading");
 }
 
-TEST_F(TolvaneRun, RefusesAPictureThatCannotBeWritten) {
-    const std::string missing = folder.path("missing/out.svg");
-    expectRefusal({"run", rig(), "--svg", missing}, missing, "no such folder", "writing");
-    expectRefusal({"run", rig(), "--svg", folder.path("")}, folder.path(""), "folder", "writing");
-    expectRefusal({"run", rig(), "--svg", "/dev/null"}, "/dev/null", "is not a regular file",
-                  "writing");
+TEST_F(TolvaneRun, RefusesAPictureOrAPageThatCannotBeWritten) {
+    const std::string missing = folder.path("missing/out");
+    for (const char* option : {"--svg", "--html"}) {
+        expectRefusal({"run", rig(), option, missing}, missing, "no such folder", "writing");
+        expectRefusal({"run", rig(), option, folder.path("")}, folder.path(""), "folder",
+                      "writing");
+        expectRefusal({"run", rig(), option, "/dev/null"}, "/dev/null", "is not a regular file",
+                      "writing");
+    }
 }
 
 // However its path is spelled, and through either kind of link.
@@ -165,8 +168,9 @@ TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
              {name, "./" + name, "below/../" + name, "below/..//" + name, std::string("symbolic"),
               std::string("twice"), std::string("hard")}) {
             const std::string picture = folder.path(spelling);
-            expectRefusal({"run", file, "--plugin", plugin, "--types", types, "--svg", picture},
-                          picture, "is read, and will not be written over", "writing");
+            for (const char* option : {"--svg", "--html"})
+                expectRefusal({"run", file, "--plugin", plugin, "--types", types, option, picture},
+                              picture, "is read, and will not be written over", "writing");
             EXPECT_EQ(readFile(read), content) << picture;
         }
         for (const char* link : {"twice", "symbolic", "hard"}) {

@@ -47,8 +47,8 @@ TEST_F(TolvaneRun, PrintsItsHelp) {
     const TolvaneProcess process = runTolvane({"run", "--help"});
     EXPECT_EQ(process.status, 0);
     EXPECT_EQ(process.errors, "");
-    for (const char* option : {"--frames", "--fps", "--animation", "--churn", "--svg", "--json",
-                               "--plugin", "--types", "-q,--quiet", "--verbose"})
+    for (const char* option : {"--frames", "--fps", "--animation", "--churn", "--svg", "--html",
+                               "--json", "--plugin", "--types", "-q,--quiet", "--verbose"})
         EXPECT_THAT(process.output, HasSubstr(option));
 }
 
@@ -191,6 +191,30 @@ TEST_F(TolvaneRun, WritesAPictureBesideTheReport) {
     EXPECT_EQ(jsonOf({file, "--svg", picture})["ok"], true);
     EXPECT_THAT(readFile(picture), testing::StartsWith("<svg "));
     EXPECT_EQ(folder.fileCount(), 2U);
+}
+
+TEST_F(TolvaneRun, WritesAPageOfTheRun) {
+    const std::string page = folder.path("out.html");
+    EXPECT_EQ(jsonOf({rig(), "--html", page})["ok"], true);
+    EXPECT_THAT(readFile(page), AllOf(testing::StartsWith("<!doctype html>"),
+                                      HasSubstr(R"("joints":["Hips","Spine","Chest",)"),
+                                      HasSubstr(R"("hasCameBack":true)")));
+}
+
+// Every joint of which a value is wrong, in the frames in which it is.
+TEST_F(TolvaneRun, WritesAPageOfARunThatFails) {
+    const std::string page = folder.path("out.html");
+    jsonOf({rig(), "--plugin", FAULTY_LIBRARY, "--html", page}, 1, "writes only once");
+    const std::string text = readFile(page);
+    EXPECT_THAT(text, HasSubstr(R"("differing":[[1,0,4],[2,0,4],[3,0,4]])"));
+    EXPECT_THAT(text, HasSubstr(R"("differences":[{"joint":0,"evaluations":3,)"));
+}
+
+TEST_F(TolvaneRun, WritesAPageOfWhatWentInWhereNoSkeletonComesBack) {
+    const std::string page = folder.path("out.html");
+    runTolvane({"run", rig(), "--plugin", STUDIO_LIBRARY, "--html", page});
+    EXPECT_THAT(readFile(page), HasSubstr(R"("hasCameBack":false)"));
+    EXPECT_THAT(readFile(page), HasSubstr("shown is the skeleton that went in"));
 }
 
 TEST_F(TolvaneRun, FailsIfTheReportCannotBeWritten) {

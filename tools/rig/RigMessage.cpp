@@ -10,6 +10,7 @@ namespace Tolvane::Tools {
 namespace {
 
 constexpr std::size_t kMostFiles = 100'000;
+constexpr std::size_t kMostCarriers = 100'000;
 constexpr std::size_t kMostLinks = 100'000;
 constexpr std::size_t kMostKeys = std::size_t{1} << 32;
 
@@ -56,16 +57,33 @@ void exchangeLink(Message& message, AnyLink& link) {
     exchangeMovement(message, link.channel);
 }
 
+template <typename Message, typename AnyLinks>
+void exchangeLinks(Message& message, AnyLinks& links) {
+    message.list(links, kMostLinks, [&](auto& link) { exchangeLink(message, link); });
+}
+
+template <typename Message, typename AnyIndex>
+void exchangeParent(Message& message, AnyIndex& parent) {
+    message.optional(parent, [&](auto& index) { message.number(index); });
+}
+
+template <typename Message, typename AnyCarrier>
+void exchangeCarrier(Message& message, AnyCarrier& carrier) {
+    exchangeParent(message, carrier.parent);
+    exchangeLinks(message, carrier.links);
+}
+
 template <typename Message, typename AnyJoint>
 void exchangeJoint(Message& message, AnyJoint& joint) {
     message.text(joint.name);
-    message.optional(joint.parent, [&](auto& parent) { message.number(parent); });
+    exchangeParent(message, joint.parent);
     exchangeMatrix(message, joint.aboveRoot);
     exchangeMatrix(message, joint.restLocal);
     exchangeMatrix(message, joint.restWorld);
     message.number(joint.weight);
     exchangeMovement(message, joint.channel);
-    message.list(joint.links, kMostLinks, [&](auto& link) { exchangeLink(message, link); });
+    exchangeLinks(message, joint.links);
+    exchangeParent(message, joint.carrier);
 }
 
 template <typename Message, typename AnyRig>
@@ -73,6 +91,8 @@ void exchangeRig(Message& message, AnyRig& rig) {
     message.text(rig.file);
     message.list(rig.filesRead, kMostFiles, [&](auto& file) { message.text(file); });
     message.list(rig.joints, kMostJoints, [&](auto& joint) { exchangeJoint(message, joint); });
+    message.list(rig.carriers, kMostCarriers,
+                 [&](auto& carrier) { exchangeCarrier(message, carrier); });
     message.flag(rig.hasSkeleton);
     message.number(rig.upAxis);
     message.optional(rig.metresPerUnit, [&](auto& metres) { message.number(metres); });
@@ -104,17 +124,32 @@ void checkMovement(const std::optional<Channel>& channel) {
     checkKeys(channel->scalings);
 }
 
-void checkJoints(const std::vector<Joint>& joints) {
-    require(!joints.empty(), "there are no joints");
-    for (std::size_t i = 0; i < joints.size(); ++i) {
-        require(!joints[i].parent || *joints[i].parent < i, "a joint stands before its parent");
-        checkMovement(joints[i].channel);
-        for (const Link& link : joints[i].links) checkMovement(link.channel);
+void checkLinks(const Links& links) {
+    for (const Link& link : links) checkMovement(link.channel);
+}
+
+void checkJoints(const Rig& rig) {
+    require(!rig.joints.empty(), "there are no joints");
+    for (std::size_t i = 0; i < rig.joints.size(); ++i) {
+        const Joint& joint = rig.joints[i];
+        require(!joint.parent || *joint.parent < i, "a joint stands before its parent");
+        require(!joint.carrier || *joint.carrier < rig.carriers.size(), "a carrier is not there");
+        checkMovement(joint.channel);
+        checkLinks(joint.links);
+    }
+}
+
+void checkCarriers(const std::vector<Carrier>& carriers) {
+    for (std::size_t i = 0; i < carriers.size(); ++i) {
+        require(!carriers[i].parent || *carriers[i].parent < i,
+                "a carrier stands before its parent");
+        checkLinks(carriers[i].links);
     }
 }
 
 void check(const Rig& rig) {
-    checkJoints(rig.joints);
+    checkJoints(rig);
+    checkCarriers(rig.carriers);
     require(rig.upAxis < 3, "there is no such axis");
     require(!rig.metresPerUnit || isPositive(*rig.metresPerUnit), "the unit has no length");
     require(rig.frameCount > 0 && rig.frameCount <= kMostFrames,

@@ -67,9 +67,10 @@ Framing framingOf(const Rig& rig, const Recording& recording) {
         framing.middles.push_back(middle);
     }
     if (reach > 0) framing.size = reach;
-    if (lowest <= highest) framing.ground = lowest;
+    const bool isAnywhere = lowest <= highest;
+    if (isAnywhere) framing.ground = lowest;
     // Otherwise a jump would look as if the ground fell.
-    if (highest - lowest <= kMostClimb * framing.size)
+    if (isAnywhere && highest - lowest <= kMostClimb * framing.size)
         for (Vector3& middle : framing.middles) middle[rig.upAxis] = (lowest + highest) / 2;
     framing.left = customaryLeft(rig.upAxis);
     if (!first.empty())

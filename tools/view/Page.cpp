@@ -22,6 +22,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kMostMessages = 10;
+// Of more joints nobody reads a list, and browsers take long to show it.
+constexpr std::size_t kMostJointsListed = 500;
 
 // Numbers of 32 bits each, the lowest byte first, whatever the machine's order.
 class FloatText {
@@ -100,6 +102,7 @@ void addFraming(Json& data, const Rig& rig, const Framing& framing) {
 Json differencesOf(const Recording& recording) {
     Json all = Json::array();
     for (const JointDifferences& differences : recording.differences) {
+        if (all.size() == kMostJointsListed) break;
         Json rows = Json::array();
         for (const FrameRow& row : differences.rows)
             rows.push_back({{"first", row.first}, {"last", row.last}});
@@ -130,6 +133,10 @@ Json typesOf(const RunResult& result) {
 // What the table does not say.
 Json remarksOn(const RunResult& result) {
     Json remarks = Json::array();
+    if (!result.recording->hasCameBack)
+        remarks.push_back(
+            "No port carries a record with an array of transforms: shown is the skeleton that "
+            "went in.");
     for (const TypeResult& type : result.types)
         if (type.attributeCount == 0 && type.comparison.firstMismatch)
             remarks.push_back(type.typeName + ": " + type.comparison.firstMismatch->what);
@@ -171,6 +178,7 @@ Json dataOf(const Rig& rig, const std::string& libraryName, const RunResult& res
     addFraming(data, rig, framingOf(rig, recording));
     addFrames(data, recording);
     data["differences"] = differencesOf(recording);
+    data["moreDiffering"] = recording.differences.size() - data["differences"].size();
     data["types"] = typesOf(result);
     data["remarks"] = remarksOn(result);
     return data;

@@ -36,6 +36,12 @@ public:
     bool translateToHost(const Pelmor::AnyValue& value,
                          const HostContext& context) const noexcept override {
         if (hasFault("writes nothing anywhere")) return true;
+        if (hasFault("moves a joint for a while") && isPort(context, "outNamedTransforms")) {
+            const bool moved = plugin().translateToHost(value, context);
+            const unsigned frame = m_framesWritten++;
+            if (frame >= 10 && frame < 20) transformMatrix(context, 12)[3][0] += 30;
+            return moved;
+        }
         if (!isPort(context, kFaultyOutput)) return plugin().translateToHost(value, context);
         if (hasFault("writes nothing")) return true;
         if (hasFault("refuses to write")) return false;
@@ -78,6 +84,14 @@ private:
         return VArrayDataHandle(pins.child(context.plug->child(1))).outputValue().asMatrix();
     }
 
+    // Where the joint of this index came back.
+    static VMatrix& transformMatrix(const HostContext& context, unsigned joint) {
+        VPlug transforms = context.plug->child(1);
+        VArrayDataHandle array(context.dataBlock->outputValue(*context.plug).child(transforms));
+        array.jumpToElement(joint);
+        return array.outputValue().child(transforms.elementByLogicalIndex(0).child(0)).asMatrix();
+    }
+
     static void emptyNames(const HostContext& context) {
         const VDataHandle pins = context.dataBlock->outputValue(*context.plug);
         VArrayDataHandle names(pins.child(context.plug->child(0)));
@@ -90,6 +104,7 @@ private:
 
     TranslationLibrary m_library{PLUGIN};
     mutable bool m_hasWritten = false;
+    mutable unsigned m_framesWritten = 0;
 };
 
 }  // namespace

@@ -143,7 +143,7 @@ function camera(width, height) {
   const towardsEye = sum(level, Math.cos(pitch), data.up, Math.sin(pitch));
   const middle = middles.subarray(3 * state.index, 3 * state.index + 3);
   const distance = 5 * data.size;
-  const scale = state.zoom * 0.42 * Math.min(width, height) / data.size;
+  const scale = state.zoom * Math.min(0.55 * width, 0.45 * height) / data.size;
   return (x, y, z) => {
     const point = [x - middle[0], y - middle[1], z - middle[2]];
     const depth = distance - dot(point, towardsEye);
@@ -408,8 +408,9 @@ function showHead() {
   const verdict = element('verdict');
   verdict.classList.toggle('good', data.ok);
   verdict.textContent = data.verdict;
+  element('library').append('By the library “');
   add(element('library'), 'bdi', data.library);
-  element('library').append(': times are processor time, the median of all evaluations.');
+  element('library').append('”. Times are processor time: the median of all evaluations.');
 }
 
 function showLegend() {
@@ -431,7 +432,7 @@ function showThinned() {
   if (data.step === 1 && data.frames.length === data.evaluated) return;
   element('thinned').hidden = false;
   element('thinned').textContent = `Shown are ${grouped(data.frames.length)} of ${grouped(data.evaluated)} frames` +
-    (data.step > 1 ? `: every ${grouped(data.step)}th` : '') +
+    (data.step > 1 ? `, one in ${grouped(data.step)}` : '') +
     (differingAt.size > 0 ? ', and further ones in which joints differ.' : '.');
 }
 
@@ -466,6 +467,7 @@ function showDifferences() {
     if (shown < difference.evaluations) add(rows, 'span', `and ${grouped(difference.evaluations - shown)} more`, 'detail');
     showDetail(item, difference);
   }
+  if (data.moreDiffering > 0) add(element('joints'), 'li', `… and ${counted(data.moreDiffering, 'joint', 'joints')} more`);
 }
 
 function showDetail(item, {place, what, expected, actual}) {
