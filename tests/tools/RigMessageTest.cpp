@@ -33,6 +33,12 @@ TEST(RigMessage, BringsEverythingOfARigAcross) {
     rig.joints[3].name = "\xff";
     rig.joints[3].aboveRoot[1][2] = -7;
     rig.joints[3].channel.reset();
+    Link link;
+    link.rest[3][0] = 5;
+    link.channel = rig.joints[0].channel;
+    rig.joints[3].links = {link, {}};
+    rig.carriers = {{std::nullopt, {link}}, {0, {}}};
+    rig.joints[0].carrier = 1;
     const Rig other = rigOf(messageOf(rig));
 
     EXPECT_EQ(other.file, rig.file);
@@ -53,6 +59,14 @@ TEST(RigMessage, BringsEverythingOfARigAcross) {
     ASSERT_TRUE(other.joints[2].channel);
     EXPECT_EQ(other.joints[2].channel->rotations, rig.joints[2].channel->rotations);
     EXPECT_EQ(other.joints[0].channel->positions, rig.joints[0].channel->positions);
+    EXPECT_EQ(other.joints[0].carrier, 1U);
+    ASSERT_EQ(other.joints[3].links.size(), 2U);
+    EXPECT_EQ(other.joints[3].links[0].rest[3][0], 5);
+    EXPECT_FALSE(other.joints[3].links[1].channel);
+    ASSERT_EQ(other.carriers.size(), 2U);
+    EXPECT_EQ(other.carriers[1].parent, 0U);
+    ASSERT_TRUE(other.carriers[0].links[0].channel);
+    EXPECT_EQ(other.carriers[0].links[0].channel->positions, rig.joints[0].channel->positions);
     // Written again, it is the same to the last bit.
     EXPECT_EQ(messageOf(other), messageOf(rig));
 }
@@ -72,6 +86,22 @@ const std::vector<Fault> kFaults{
      "a joint stands before its parent"},
     {"NoSuchParent", [](Rig& rig) { rig.joints[4].parent = std::size_t(-1); },
      "a joint stands before its parent"},
+    {"NoSuchCarrier", [](Rig& rig) { rig.joints[0].carrier = 0; }, "a carrier is not there"},
+    {"CarrierOfItself",
+     [](Rig& rig) {
+         rig.carriers = {{0, {}}};
+     },
+     "a carrier stands before its parent"},
+    {"NoKeysOfALink",
+     [](Rig& rig) {
+         rig.joints[0].links = {{VMatrix(), Channel()}};
+     },
+     "a list of keys is empty"},
+    {"NoKeysOfACarrier",
+     [](Rig& rig) {
+         rig.carriers = {{std::nullopt, {{VMatrix(), Channel()}}}};
+     },
+     "a list of keys is empty"},
     {"NoPositions", [](Rig& rig) { rig.joints[0].channel->positions.clear(); },
      "a list of keys is empty"},
     {"NoRotations", [](Rig& rig) { rig.joints[0].channel->rotations.clear(); },

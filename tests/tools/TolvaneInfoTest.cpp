@@ -36,7 +36,7 @@ TEST_F(TolvaneInfo, PrintsWhatAFileHolds) {
                                           "0 in between or below\n"));
     EXPECT_THAT(process.output, HasSubstr("Meshes      1, 1 with bones\n"));
     EXPECT_THAT(process.output, HasSubstr("Up axis     y\nUnit        1 m\nAnimations  2\n"));
-    EXPECT_THAT(process.output, HasSubstr("\n\"move\"            1       31           30\n"));
+    EXPECT_THAT(process.output, HasSubstr("\n\"move\"           1      31          30\n"));
 }
 
 TEST_F(TolvaneInfo, PrintsWhatAFileHoldsAsJson) {
