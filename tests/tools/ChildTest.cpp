@@ -1,3 +1,4 @@
+#include "tests/tools/Sanitized.h"
 #include "tests/tools/TemporaryFolder.h"
 #include "tools/process/Child.h"
 
@@ -18,14 +19,6 @@ using namespace Tolvane::Tools;
 using namespace std::chrono_literals;
 using End = Outcome::End;
 using testing::HasSubstr;
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kIsSanitized = true;
-#elif defined(__has_feature)
-constexpr bool kIsSanitized = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-constexpr bool kIsSanitized = false;
-#endif
 
 Limits shortLimits() {
     Limits limits;
