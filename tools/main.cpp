@@ -3,7 +3,22 @@
 #include "tools/commands/CommandLine.h"
 #include "tools/process/Interruption.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+// Where a standard stream is closed, the next file to be opened would be taken for it.
+void keepStandardStreamsApart() {
+    int file = 0;
+    while (file >= 0 && file <= STDERR_FILENO) file = open("/dev/null", O_RDONLY);
+    close(file);
+}
+
+}  // namespace
+
 int main(int count, char** arguments) {
+    keepStandardStreamsApart();
     try {
         return Tolvane::Tools::runCommandLine(count, arguments);
     } catch (const Tolvane::Tools::Interrupted& interrupted) {

@@ -201,7 +201,7 @@ TEST(Child, IsToldToHaveGivenTooLongAnAnswer) {
               End::Answered);
     const Outcome outcome =
         runInChild([](ChildSide&) { return std::string(100'000, 'a'); }, limits);
-    EXPECT_EQ(outcome.end, End::WrittenTooMuch);
+    EXPECT_EQ(outcome.end, End::AnsweredTooMuch);
     EXPECT_EQ(outcome.answer, "");
 }
 

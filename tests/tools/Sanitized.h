@@ -1,5 +1,5 @@
-// Whether a sanitizer watches the process, which ends it in its own way where memory runs out or the
-// stack overflows.
+// Whether a sanitizer watches the process, which ends it in its own way where memory runs out or
+// the stack overflows.
 #pragma once
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

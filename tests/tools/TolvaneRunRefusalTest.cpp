@@ -1,6 +1,7 @@
 // How `tolvane run` refuses requests that it cannot carry out: with one line that names the culprit
 // and the cause, status 2, and nothing left behind.
 
+#include "tests/tools/Sanitized.h"
 #include "tests/tools/TolvaneRun.h"
 
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <sys/stat.h>
 
 namespace {
 
@@ -96,6 +98,21 @@ TEST_F(TolvaneRun, RefusesAFileThatNestsTooDeepForItsReader) {
     for (int i = 0; i < 200'000; ++i) text += "JOINT a\n{\nOFFSET 0 0 0\nCHANNELS 0\n";
     const std::string file = folder.write("deep.bvh", text);
     expectRefusal({"run", file}, file, "");
+}
+
+TEST_F(TolvaneRun, RefusesASmallFileThatTakesAllMemory) {
+    std::string text = sampleBvh();
+    text.replace(text.find("Frames: 4"), 9, "Frames: 100000000");
+    const std::string file = folder.write("rig.bvh", text);
+    expectRefusal({"run", file}, file,
+                  kIsSanitized ? "" : "its reader takes more than 4 GiB of memory");
+}
+
+TEST_F(TolvaneRun, RefusesAFileWhoseReaderWaitsForEver) {
+    ASSERT_EQ(mkfifo(folder.path("colours.mtl").c_str(), 0600), 0);
+    const std::string file = folder.write("rig.obj", "mtllib colours.mtl\nv 0 0 0\n");
+    expectRefusal(runTolvane({"run", file, "--time-limit", "1"}), file,
+                  "its reader makes no progress for 2 s");
 }
 
 TEST_F(TolvaneRun, RefusesAFileWhoseNameHasALineBreakInOneLine) {

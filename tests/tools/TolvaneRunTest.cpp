@@ -224,6 +224,14 @@ TEST_F(TolvaneRun, FailsIfTheReportCannotBeWritten) {
     EXPECT_EQ(readFile(folder.path("err")), "tolvane: standard output: cannot be written to\n");
 }
 
+TEST_F(TolvaneRun, DoesWithoutStandardStreams) {
+    const std::string picture = folder.path("out.svg");
+    const std::string command =
+        quoted(TOLVANE) + " run " + quoted(rig()) + " --svg " + quoted(picture) + " <&- >&- 2>&-";
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2) << "the report cannot be written";
+    EXPECT_THAT(readFile(picture), testing::StartsWith("<svg "));
+}
+
 // ---- Libraries that translate wrongly ----
 
 class TolvaneRunWithFaultyLibrary : public TolvaneRun,

@@ -121,9 +121,9 @@ private:
 
     void startNext();
     void waitForAny();
-    void takeThoseThatEnded();
+    std::vector<Row> takeThoseThatEnded();
     void showProgress();
-    void print(const Row& row);
+    void print(const std::vector<Row>& rows);
 
     const RunArguments& m_arguments;
     std::vector<std::string> m_files;
@@ -131,6 +131,7 @@ private:
     std::vector<Run> m_running;
     // How many ended with the status 0, 1 and 2.
     std::size_t m_ended[3] = {};
+    std::optional<InterruptionGuard> m_guard;
     std::optional<ProgressBar> m_progress;
 };
 
@@ -138,13 +139,16 @@ int Runs::toTheEnd() {
     const unsigned jobs =
         m_arguments.jobs.value_or(std::max(1U, std::thread::hardware_concurrency()));
     if (!m_arguments.json && !m_arguments.quiet) std::cout << headOfRows() << std::endl;
+    m_guard.emplace();
     while (m_started < m_files.size() || !m_running.empty()) {
         while (m_started < m_files.size() && m_running.size() < jobs) startNext();
         waitForAny();
-        takeThoseThatEnded();
+        const std::vector<Row> rows = takeThoseThatEnded();
+        if (!rows.empty()) print(rows);
         showProgress();
     }
     m_progress.reset();
+    m_guard.reset();
     const bool allWell = m_ended[1] + m_ended[2] == 0;
     if (!m_arguments.json && !(m_arguments.quiet && allWell))
         std::cout << "\n" << sumOf(m_ended[0], m_ended[1], m_ended[2]) << std::endl;
@@ -165,13 +169,15 @@ void Runs::waitForAny() {
     Child::wait(children);
 }
 
-void Runs::takeThoseThatEnded() {
+std::vector<Row> Runs::takeThoseThatEnded() {
+    std::vector<Row> rows;
     const auto hasEnded = [&](const Run& run) {
         if (!run.child->advance()) return false;
-        print(rowOfOutcome(run.arguments, run.child->outcome()));
+        rows.push_back(rowOfOutcome(run.arguments, run.child->outcome()));
         return true;
     };
     m_running.erase(std::remove_if(m_running.begin(), m_running.end(), hasEnded), m_running.end());
+    return rows;
 }
 
 // A rig counts for a thousand.
@@ -185,14 +191,18 @@ void Runs::showProgress() {
     m_progress->show(done, m_files.size() * kWhole);
 }
 
-// The bar makes room for the row.
-void Runs::print(const Row& row) {
+// The bar makes room for the rows, and nobody who interrupts has to wait for them to be printed.
+void Runs::print(const std::vector<Row>& rows) {
     m_progress.reset();
-    ++m_ended[row.status];
-    if (!m_arguments.quiet || row.status != 0) std::cout << row.text;
-    if (!std::cout.flush())
-        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
-    if (!row.error.empty()) std::cerr << "tolvane: " << row.error << "\n";
+    m_guard.reset();
+    for (const Row& row : rows) {
+        ++m_ended[row.status];
+        if (!m_arguments.quiet || row.status != 0) std::cout << row.text;
+        if (!std::cout.flush())
+            throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+        if (!row.error.empty()) std::cerr << "tolvane: " << row.error << "\n";
+    }
+    m_guard.emplace();
 }
 
 std::vector<std::string> rigsOf(const RunArguments& arguments) {
@@ -222,7 +232,6 @@ int runMany(const RunArguments& arguments) {
     if (arguments.picture)
         throw Error(Stage::Usage, "", "--svg is for one rig, and several may be meant");
     std::vector<std::string> rigs = rigsOf(arguments);
-    const InterruptionGuard guard;
     return Runs(arguments, std::move(rigs)).toTheEnd();
 }
 

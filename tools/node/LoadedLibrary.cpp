@@ -13,6 +13,12 @@
 namespace Tolvane::Tools {
 namespace {
 
+// Nothing if it cannot be loaded.
+void* open(const std::string& path) {
+    std::error_code ignored;
+    return dlopen(std::filesystem::absolute(path, ignored).c_str(), RTLD_NOW | RTLD_LOCAL);
+}
+
 using TavrikGraph::Executor::LoadError;
 using TavrikGraph::Executor::TranslationLibrary;
 
@@ -40,10 +46,9 @@ std::unique_ptr<TranslationLibrary> load(const std::string& path) {
 }  // namespace
 
 // A library that cannot be loaded at all is not loaded here either, and then `load` says why.
-LoadedLibrary::LoadedLibrary(const std::string& path, ChildSide& process)
-    : m_process(process),
-      m_handle((process.enter(Stage::Loading),
-                dlopen(std::filesystem::absolute(path).c_str(), RTLD_NOW | RTLD_LOCAL))) {
+LoadedLibrary::LoadedLibrary(const std::string& path, ChildSide& process) : m_process(process) {
+    process.enter(Stage::Loading);
+    m_handle = open(path);
     m_library = load(path);
     if (wantsPrintsOfLoading()) m_process.allowPrints();
     m_process.noticePrints();

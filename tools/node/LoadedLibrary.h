@@ -26,7 +26,7 @@ private:
     ChildSide& m_process;
     // Keeps the library in memory while its translation is released, so that releasing and
     // unloading can be told apart, and while an exception of its factory is looked at.
-    void* m_handle;
+    void* m_handle = nullptr;
     std::unique_ptr<TavrikGraph::Executor::TranslationLibrary> m_library;
 };
 

@@ -86,7 +86,7 @@ void Child::takeAnswer() {
         m_received.append(bytes, static_cast<std::size_t>(count));
         m_lastMove = Clock::now();
         if (m_received.size() > m_limits.answer + sizeof(AnswerHead))
-            return end(Outcome::End::WrittenTooMuch);
+            return end(Outcome::End::AnsweredTooMuch);
     }
 }
 

@@ -59,6 +59,7 @@ void limitMemory(std::size_t most) {
     std::ifstream figures("/proc/self/statm");
     rlim_t addresses = 0, ignored = 0, data = 0;
     figures >> addresses >> ignored >> ignored >> ignored >> ignored >> data;
+    if (!figures) return;
     const auto page = static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
     limit(RLIMIT_AS, addresses * page + most, addresses * page + most);
     limit(RLIMIT_DATA, data * page + most, data * page + most);

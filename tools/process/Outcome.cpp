@@ -1,6 +1,5 @@
 #include "tools/process/Outcome.h"
 
-#include <algorithm>
 #include <csignal>
 #include <sstream>
 
@@ -53,7 +52,9 @@ std::string inWords(const Outcome& outcome, const Limits& limits) {
         case End::Silent:
             return "makes no progress for " + std::to_string(limits.silence) + " s";
         case End::WrittenTooMuch:
-            return "writes more than " + size(std::min(limits.written, limits.answer));
+            return "writes more than " + size(limits.written);
+        case End::AnsweredTooMuch:
+            return "answers with more than " + size(limits.answer);
         case End::Answered:
             break;
     }

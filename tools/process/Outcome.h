@@ -12,15 +12,16 @@ namespace Tolvane::Tools {
 
 struct Outcome {
     enum class End {
-        Answered,       // with `answer`
-        Failed,         // the work threw `error`
-        Threw,          // some other exception, or ended by std::terminate, as `thrown` says
-        Exited,         // by itself, with the status `code`, and without an answer
-        Killed,         // by the signal `code`
-        OutOfMemory,    // and so the work had no answer
-        OutOfTime,      // of the processor
-        Silent,         // without a sign of progress for too long
-        WrittenTooMuch  // a print or a file, or the answer, that is too long
+        Answered,        // with `answer`
+        Failed,          // the work threw `error`
+        Threw,           // some other exception, or ended by std::terminate, as `thrown` says
+        Exited,          // by itself, with the status `code`, and without an answer
+        Killed,          // by the signal `code`
+        OutOfMemory,     // and so the work had no answer
+        OutOfTime,       // of the processor
+        Silent,          // without a sign of progress for too long
+        WrittenTooMuch,  // a print or a file that is too long
+        AnsweredTooMuch
     };
 
     End end = End::Exited;
