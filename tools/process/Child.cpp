@@ -22,6 +22,9 @@
 namespace Tolvane::Tools {
 namespace {
 
+// Large, so that the two processes take turns less often. More than that may not be allowed.
+constexpr int kPipeSize = 1 << 20;
+
 constexpr int kTick = 50;         // milliseconds
 constexpr int kShortestTick = 1;  // between the end of an answer and that of the process
 
@@ -51,6 +54,7 @@ Child::Child(const Work& work, const Limits& limits) : m_limits(limits) {
     m_pipe = FileDescriptor(ends[0]);
     const FileDescriptor childsEnd(ends[1]);
     fcntl(m_pipe.number(), F_SETFL, O_NONBLOCK);
+    fcntl(m_pipe.number(), F_SETPIPE_SZ, kPipeSize);
 
     // What is still in a buffer would be written by both processes.
     std::cout.flush();

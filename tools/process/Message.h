@@ -17,6 +17,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <vector>
 
@@ -26,6 +27,13 @@ class BadMessage : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
+
+// The size of the numbers that a tuple refers to, without the gaps that these may have in memory.
+template <typename Tuple>
+struct SizeOf;
+template <typename... Numbers>
+struct SizeOf<std::tuple<Numbers&...>>
+    : std::integral_constant<std::size_t, (sizeof(Numbers) + ...)> {};
 
 class MessageOut {
 public:
@@ -45,6 +53,19 @@ public:
     void list(const std::vector<Value>& values, std::size_t, const Each& each) {
         number(std::uint64_t{values.size()});
         for (const Value& value : values) each(value);
+    }
+    // Values that are a few numbers each, to which `numbers` gives a tuple of references. Much
+    // faster than a list.
+    template <typename Value, typename Numbers>
+    void rows(const std::vector<Value>& values, const Numbers& numbers) {
+        number(std::uint64_t{values.size()});
+        std::size_t end = m_bytes.size();
+        m_bytes.resize(end +
+                       values.size() * SizeOf<std::invoke_result_t<Numbers, const Value&>>::value);
+        const auto write = [&](const auto&... each) {
+            ((std::memcpy(&m_bytes[end], &each, sizeof each), end += sizeof each), ...);
+        };
+        for (const Value& value : values) std::apply(write, numbers(value));
     }
     template <typename Value, typename Each>
     void optional(const std::optional<Value>& value, const Each& each) {
@@ -83,6 +104,18 @@ public:
         if (count > most) throw BadMessage("a list is too long");
         values.clear();
         while (values.size() < count) each(values.emplace_back());
+    }
+    template <typename Value, typename Numbers>
+    void rows(std::vector<Value>& values, const Numbers& numbers) {
+        const std::uint64_t count = size();
+        constexpr std::size_t kSize = SizeOf<std::invoke_result_t<Numbers, Value&>>::value;
+        if (count > m_rest.size() / kSize) throw BadMessage("it ends too soon");
+        values.resize(static_cast<std::size_t>(count));
+        const char* place = bytes(count * kSize).data();
+        const auto read = [&](auto&... each) {
+            ((std::memcpy(&each, place, sizeof each), place += sizeof each), ...);
+        };
+        for (Value& value : values) std::apply(read, numbers(value));
     }
     template <typename Value, typename Each>
     void optional(std::optional<Value>& value, const Each& each) {

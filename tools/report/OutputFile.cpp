@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 namespace Tolvane::Tools {

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
+#include <tuple>
 
 namespace Tolvane::Tools {
 namespace {
@@ -12,7 +12,6 @@ namespace {
 constexpr std::size_t kMostFiles = 100'000;
 constexpr std::size_t kMostCarriers = 100'000;
 constexpr std::size_t kMostLinks = 100'000;
-constexpr std::size_t kMostKeys = std::size_t{1} << 32;
 
 template <typename Message, typename Matrix>
 void exchangeMatrix(Message& message, Matrix& matrix) {
@@ -20,30 +19,17 @@ void exchangeMatrix(Message& message, Matrix& matrix) {
         for (unsigned column = 0; column < 4; ++column) message.number(matrix[row][column]);
 }
 
-template <typename Message, typename Key>
-void exchangeVectorKey(Message& message, Key& key) {
-    message.number(key.mTime);
-    message.number(key.mValue.x);
-    message.number(key.mValue.y);
-    message.number(key.mValue.z);
-}
-
-template <typename Message, typename Key>
-void exchangeRotationKey(Message& message, Key& key) {
-    message.number(key.mTime);
-    message.number(key.mValue.w);
-    message.number(key.mValue.x);
-    message.number(key.mValue.y);
-    message.number(key.mValue.z);
-}
-
 template <typename Message, typename AnyChannel>
 void exchangeChannel(Message& message, AnyChannel& channel) {
-    const auto vectorKey = [&](auto& key) { exchangeVectorKey(message, key); };
-    message.list(channel.positions, kMostKeys, vectorKey);
-    message.list(channel.rotations, kMostKeys,
-                 [&](auto& key) { exchangeRotationKey(message, key); });
-    message.list(channel.scalings, kMostKeys, vectorKey);
+    const auto ofVector = [](auto& key) {
+        return std::tie(key.mTime, key.mValue.x, key.mValue.y, key.mValue.z);
+    };
+    const auto ofRotation = [](auto& key) {
+        return std::tie(key.mTime, key.mValue.w, key.mValue.x, key.mValue.y, key.mValue.z);
+    };
+    message.rows(channel.positions, ofVector);
+    message.rows(channel.rotations, ofRotation);
+    message.rows(channel.scalings, ofVector);
 }
 
 template <typename Message, typename AnyOptional>
