@@ -75,9 +75,9 @@ void refuseSenseless(const RunArguments& arguments) {
 }
 
 Evaluation carryOut(const RunArguments& arguments, const Watch& watch) {
+    const OutputFiles files = outputs(arguments);
     const LoadOptions load = during(Stage::Usage, "", [&] { return loadOptions(arguments); });
     const RunOptions options = during(Stage::Usage, "", [&] { return runOptions(arguments); });
-    OutputFiles files = outputs(arguments);
     refuseNoLibrary(arguments.plugin);
 
     const Rig rig = readRig(arguments.file, load, arguments.limits, watch);
