@@ -117,18 +117,30 @@ TEST_F(BodySides, AreUnknownWithoutASymmetry) {
     EXPECT_EQ(bodySides(rig), (std::vector<BodySide>{M, M, M, M}));
 }
 
+TEST_F(BodySides, AreUnknownInARowOfBones) {
+    add(at(0, 4, 0), std::nullopt);
+    for (const double x : {1, 2, 3, -1, -2, -3}) add(at(x, 4, 0), 0);
+    EXPECT_EQ(bodySides(rig), std::vector<BodySide>(7, M));
+}
+
+TEST_F(BodySides, AreUnknownInAChainThatIsHardlyBent) {
+    add(at(0, 0, 0), std::nullopt);
+    for (std::size_t i = 0; i < 15; ++i) add(at(400.0 * double(i), i % 2 ? 200 : 0, 0), i);
+    EXPECT_EQ(bodySides(rig), std::vector<BodySide>(16, M));
+}
+
 TEST_F(BodySides, AreUnknownForJointsWithoutAPosition) {
     addBody();
     for (Joint& joint : rig.joints) joint.restWorld[3][0] = std::nan("");
     EXPECT_EQ(bodySides(rig), (std::vector<BodySide>{M, M, M, M}));
 }
 
-// More joints than are compared with each other.
+// More joints than are mirrored.
 TEST_F(BodySides, AreFoundForManyJoints) {
     add(at(0, 0, 0), std::nullopt);
     for (int i = 1; i < 2000; ++i) {
-        add(at(i, i % 7, 0), 0);
-        add(at(-i, i % 7, 0), 0);
+        add(at(i, 100 * (i % 7), 0), 0);
+        add(at(-i, 100 * (i % 7), 0), 0);
     }
     const std::vector<BodySide> sides = bodySides(rig);
     EXPECT_EQ(sides[3997], L);

@@ -38,6 +38,15 @@ TEST_F(Framing, IsAsLargeAsTheFigureAndStandsBelowIt) {
     EXPECT_THAT(framing.up, ElementsAre(0, 1, 0));
 }
 
+TEST_F(Framing, StandsOnTheGroundWhicheverAxisIsUp) {
+    rig.upAxis = 0;
+    addFrame(7, 0);
+    const auto framing = framingOf(rig, recording);
+    EXPECT_DOUBLE_EQ(framing.ground, 4);
+    EXPECT_THAT(framing.up, ElementsAre(1, 0, 0));
+    EXPECT_EQ(framing.left[0], 0);
+}
+
 TEST_F(Framing, FollowsTheFigureOverTheGroundButNotWhenItJumps) {
     addFrame(0, 0);
     addFrame(500, 2);

@@ -64,6 +64,7 @@ TEST_F(Projection, TellsTheLeftFurtherOutWhereTheSidesBeginInTheMiddle) {
     add(at(0, 8, 2), 1, "LeftUpLeg");
     add(at(0, 9, 0), 0, "RHipJoint");
     add(at(0, 8, -2), 3, "RightUpLeg");
+    add(at(9, 20, 0), 0, "Nose");
     EXPECT_DOUBLE_EQ(onlyFigure().frontOrAbove[2]->across, 2);
 }
 

@@ -1,8 +1,8 @@
 #include "tools/node/RoundTrip.h"
 
 #include "tools/node/DataPath.h"
-#include "tools/node/FindUnfilled.h"
 #include "tools/node/FilledJoint.h"
+#include "tools/node/FindUnfilled.h"
 #include "tools/node/ShapeMisfit.h"
 #include "tools/node/SpoilData.h"
 

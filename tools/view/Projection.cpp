@@ -9,7 +9,7 @@ namespace Tolvane::Tools {
 namespace {
 
 // A figure that is less high than this part of its length is flat.
-constexpr double kFlat = 0.5;
+constexpr double kFlat = 0.6;
 // The sides of a body are told apart near the spine, for hands and feet swing: each joint further
 // out along a limb counts this much less.
 constexpr double kWeightOfNext = 0.25;
@@ -43,8 +43,9 @@ bool coincide(const Points& points) {
                        [&](const auto& point) { return !point || *point == **first; });
 }
 
+// Whether that holds for most of the figures: arms and legs stick out now and then.
 bool areFlat(const std::vector<Points>& snapshots, const Vector3& broadest, unsigned upAxis) {
-    double height = 0, breadth = 0;
+    std::vector<double> flatness;
     for (const Points& points : snapshots) {
         Extent up, across;
         for (const auto& point : points) {
@@ -52,10 +53,12 @@ bool areFlat(const std::vector<Points>& snapshots, const Vector3& broadest, unsi
             up.include((*point)[upAxis]);
             across.include(dot(*point, broadest));
         }
-        height = std::max(height, up.size());
-        breadth = std::max(breadth, across.size());
+        if (across.size() > 0) flatness.push_back(up.size() / across.size());
     }
-    return height < kFlat * breadth;
+    if (2 * flatness.size() < snapshots.size() + 1) return false;
+    const auto median = flatness.begin() + static_cast<std::ptrdiff_t>(flatness.size() / 2);
+    std::nth_element(flatness.begin(), median, flatness.end());
+    return *median < kFlat;
 }
 
 struct ViewAxes {

@@ -9,9 +9,10 @@ namespace Tolvane::Tools {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
-// Planes are tried at every degree, by comparing each of these joints with all others.
+// Planes are tried at every degree, by mirroring some hundred joints and looking for their
+// partners.
 constexpr int kDirections = 180;
-constexpr std::size_t kMostJoints = 200;
+constexpr std::size_t kMostTried = 100;
 // As a part of the rig's size: how far off the mirrored joints may be on average, and what is too
 // near to the plane to be of a side.
 constexpr double kMostError = 0.03;
@@ -53,20 +54,37 @@ double sizeOf(const std::vector<RestJoint>& joints, const Vector3& middle) {
     return 2 * reach;
 }
 
+// A mere row of joints has no left and right.
+bool areInARow(const std::vector<RestJoint>& joints, const Vector3& middle, double size) {
+    const auto farthest =
+        std::max_element(joints.begin(), joints.end(), [&](const RestJoint& a, const RestJoint& b) {
+            return length(a.point - middle) < length(b.point - middle);
+        });
+    const Vector3 along = 2 / size * (farthest->point - middle);
+    return std::all_of(joints.begin(), joints.end(), [&](const RestJoint& joint) {
+        return length(cross(along, joint.point - middle)) < kTolerance * size;
+    });
+}
+
 class SymmetrySearch {
 public:
     SymmetrySearch(const std::vector<RestJoint>& joints, const Vector3& middle, double size)
         : m_middle(middle), m_size(size) {
-        const std::size_t step = (joints.size() + kMostJoints - 1) / kMostJoints;
-        for (std::size_t i = 0; i < joints.size(); i += step) m_joints.push_back(joints[i]);
+        for (const RestJoint& joint : joints) {
+            if (m_pointsAtDepth.size() <= joint.depth) m_pointsAtDepth.resize(joint.depth + 1);
+            m_pointsAtDepth[joint.depth].push_back(joint.point);
+        }
+        // Odd, for joints of both sides often take turns.
+        const std::size_t step = (joints.size() / kMostTried) | 1U;
+        for (std::size_t i = 0; i < joints.size(); i += step) m_tried.push_back(joints[i]);
     }
 
     // The better the mirror, the higher. Nothing if it is none.
     std::optional<double> quality(const Vector3& normal) const {
-        const auto count = static_cast<double>(m_joints.size());
+        const auto count = static_cast<double>(m_tried.size());
         double error = 0, spread = 0;
         int offPlane = 0;
-        for (const RestJoint& joint : m_joints) {
+        for (const RestJoint& joint : m_tried) {
             const double offset = dot(normal, joint.point - m_middle);
             error += distanceToNearest(joint.point - 2 * offset * normal, joint.depth);
             spread += std::abs(offset);
@@ -74,22 +92,23 @@ public:
         }
         error /= count * m_size;
         spread /= count * m_size;
-        if (error > kMostError || offPlane < 2) return std::nullopt;
+        // A joint that finds no partner but itself is off by twice its distance from the plane.
+        if (error > spread || error > kMostError || offPlane < 2) return std::nullopt;
         return spread - kErrorWeight * error;
     }
 
 private:
     double distanceToNearest(const Vector3& point, std::size_t depth) const {
         double nearest = std::numeric_limits<double>::infinity();
-        for (const RestJoint& joint : m_joints) {
-            if (joint.depth != depth) continue;
-            const Vector3 apart = joint.point - point;
+        for (const Vector3& other : m_pointsAtDepth[depth]) {
+            const Vector3 apart = other - point;
             nearest = std::min(nearest, dot(apart, apart));
         }
         return std::sqrt(nearest);
     }
 
-    std::vector<RestJoint> m_joints;
+    std::vector<std::vector<Vector3>> m_pointsAtDepth;
+    std::vector<RestJoint> m_tried;
     Vector3 m_middle;
     double m_size;
 };
@@ -116,7 +135,7 @@ std::optional<Mirror> findMirror(const Rig& rig) {
     if (joints.size() < 3) return std::nullopt;
     const Vector3 middle = meanOf(joints);
     const double size = sizeOf(joints, middle);
-    if (!(size > 0)) return std::nullopt;
+    if (!(size > 0) || areInARow(joints, middle, size)) return std::nullopt;
 
     const SymmetrySearch search(joints, middle, size);
     const Vector3 up = unitVector(rig.upAxis);
