@@ -7,7 +7,6 @@
 namespace Tolvane::Tools {
 namespace {
 
-
 const aiAnimation* choose(const Rig& rig, const aiScene& scene,
                           const std::optional<std::string>& name) {
     std::string names;
