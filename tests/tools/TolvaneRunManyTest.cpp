@@ -70,6 +70,16 @@ TEST_F(TolvaneRunMany, GoesOnBehindARigThatCannotBeRead) {
                             "tolvane: " + folder.path("none.bvh") + ": there is no such file"));
 }
 
+TEST_F(TolvaneRunMany, PrintsOnlyWhatFailsWhereItIsToBeQuiet) {
+    const TolvaneProcess quiet = runTolvane({"run", rigs, "-q"});
+    EXPECT_EQ(quiet.status, 0);
+    EXPECT_EQ(quiet.output + quiet.errors, "");
+    addBroken();
+    const auto lines = linesOf(runTolvane({"run", rigs, "-q"}).output);
+    EXPECT_THAT(lines, ElementsAre(StartsWith("not run "), "",
+                                   "3 rigs: 2 came back as they went in, 1 could not be run."));
+}
+
 TEST_F(TolvaneRunMany, PrintsAJsonObjectInALineForEachRig) {
     const std::string broken = addBroken();
     const TolvaneProcess process = runTolvane({"run", rigs, "--json"});

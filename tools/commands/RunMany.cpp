@@ -149,8 +149,8 @@ int Runs::toTheEnd() {
     }
     m_progress.reset();
     m_guard.reset();
-    const bool allWell = m_ended[1] + m_ended[2] == 0;
-    if (!m_arguments.json && !(m_arguments.quiet && allWell))
+    const bool isWorthTelling = !m_arguments.quiet || m_ended[1] + m_ended[2] != 0;
+    if (!m_arguments.json && isWorthTelling)
         std::cout << "\n" << sumOf(m_ended[0], m_ended[1], m_ended[2]) << std::endl;
     return m_ended[2] != 0 ? 2 : m_ended[1] != 0 ? 1 : 0;
 }
@@ -182,8 +182,8 @@ std::vector<Row> Runs::takeThoseThatEnded() {
 
 // A rig counts for a thousand.
 void Runs::showProgress() {
-    if (m_arguments.quiet) return;
     constexpr std::size_t kWhole = 1000;
+    if (m_arguments.quiet) return;
     std::size_t done = (m_ended[0] + m_ended[1] + m_ended[2]) * kWhole;
     for (const Run& run : m_running)
         if (run.child->total() != 0) done += kWhole * run.child->done() / run.child->total();
@@ -197,7 +197,7 @@ void Runs::print(const std::vector<Row>& rows) {
     m_guard.reset();
     for (const Row& row : rows) {
         ++m_ended[row.status];
-        if (!m_arguments.quiet || row.status != 0) std::cout << row.text;
+        if (m_arguments.json || !m_arguments.quiet || row.status != 0) std::cout << row.text;
         if (!std::cout.flush())
             throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
         if (!row.error.empty()) std::cerr << "tolvane: " << row.error << "\n";
