@@ -147,10 +147,9 @@ TEST_F(TolvaneRunMany, RefusesAtOnceWhatMakesNoSenseForAnyRig) {
         EXPECT_EQ(process.errors, "tolvane: " + line + "\n");
     };
     const std::string picture = folder.path("out.svg");
-    expectRefusal({"run", rigs, "--svg", picture},
-                  "--svg is for one rig, and several may be meant");
-    expectRefusal({"run", rigs, "--html", picture},
-                  "--html is for one rig, and several may be meant");
+    for (const char* option : {"--svg", "--html"})
+        expectRefusal({"run", rigs, option, picture},
+                      "--svg and --html are for one rig, and several may be meant");
     expectRefusal({"run", rigs, "--plugin", "none.so"}, "none.so: there is no such file");
     expectRefusal({"run", rigs, "--frames", "3:1"}, "--frames 3:1: ends before it begins");
     fs::create_directory(folder.path("empty"));

@@ -169,6 +169,12 @@ TEST_F(TolvaneRun, RefusesAPictureOrAPageThatCannotBeWritten) {
     }
 }
 
+TEST_F(TolvaneRun, RefusesToDrawTwiceIntoOneFile) {
+    expectRefusal({"run", rig(), "--svg", folder.path("out"), "--html", folder.path("./out")},
+                  folder.path("./out"), "is written twice in one run", "writing");
+    EXPECT_EQ(folder.fileCount(), 1U);
+}
+
 // However its path is spelled, and through either kind of link.
 TEST_F(TolvaneRun, RefusesToDrawOverAFileThatIsRead) {
     namespace fs = std::filesystem;

@@ -230,9 +230,7 @@ bool isAboutMany(const RunArguments& arguments) {
 int runMany(const RunArguments& arguments) {
     refuseSenseless(arguments);
     if (arguments.picture || arguments.page)
-        throw Error(Stage::Usage, "",
-                    std::string(arguments.picture ? "--svg" : "--html") +
-                        " is for one rig, and several may be meant");
+        throw Error(Stage::Usage, "", "--svg and --html are for one rig, and several may be meant");
     std::vector<std::string> rigs = rigsOf(arguments);
     return Runs(arguments, std::move(rigs)).toTheEnd();
 }

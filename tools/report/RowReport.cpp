@@ -1,5 +1,6 @@
 #include "tools/report/Report.h"
 #include "tools/report/Table.h"
+#include "tools/report/Words.h"
 #include "tools/support/OneLine.h"
 
 namespace Tolvane::Tools {
@@ -16,10 +17,6 @@ std::string row(const std::string& verdict, const std::vector<std::string>& numb
     std::string line = verdict + padding(kVerdictWidth, verdict);
     for (const std::string& number : numbers) line += padding(kNumberWidth, number) + number;
     return line + "   " + oneLine(file);
-}
-
-std::string counted(std::size_t count, const std::string& what) {
-    return grouped(count) + " " + what;
 }
 
 }  // namespace
@@ -40,13 +37,11 @@ std::string rowOf(const std::string& file, const Error& error) {
 }
 
 std::string sumOf(std::size_t equal, std::size_t failed, std::size_t notRun) {
-    std::string text =
-        counted(equal + failed + notRun, equal + failed + notRun == 1 ? "rig" : "rigs");
-    if (failed + notRun == 0) return text + ": all came back as they went in.";
-    text += ": " + counted(equal, "came back as they went in");
-    if (failed != 0) text += ", " + counted(failed, "FAILED");
-    if (notRun != 0) text += ", " + counted(notRun, "could not be run");
-    return text + ".";
+    const std::string text = counted(equal + failed + notRun, "rig", "rigs") + ": ";
+    if (failed + notRun == 0) return text + "all came back as they went in.";
+    return text + grouped(equal) + " came back as they went in" +
+           (failed == 0 ? "" : ", " + grouped(failed) + " FAILED") +
+           (notRun == 0 ? "" : ", " + grouped(notRun) + " could not be run") + ".";
 }
 
 }  // namespace Tolvane::Tools
