@@ -1,0 +1,95 @@
+#include "tools/check/CheckLibrary.h"
+
+#include "tools/process/Child.h"
+#include "tools/support/Error.h"
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace Tolvane::Tools {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class RunningCase {
+public:
+    RunningCase(const CheckSetting& setting, const Case& tried, const Limits& limits)
+        : m_tried(tried),
+          m_limits(limits),
+          m_child(
+              [&setting, run = tried.run](ChildSide& process) {
+                  process.enter(Stage::Evaluating);
+                  return messageOf(Trial(setting, process).finding(run));
+              },
+              limits) {}
+
+    Child& child() noexcept { return m_child; }
+
+    // Whether the case has ended, and so has a result.
+    bool advance() {
+        if (m_result) return true;
+        if (!m_child.advance()) return false;
+        const std::chrono::duration<double> taken = Clock::now() - m_begin;
+        m_result = CaseResult{m_tried, findingOfChild(), taken.count()};
+        return true;
+    }
+
+    bool hasEnded() const noexcept { return m_result.has_value(); }
+    const CaseResult& result() const { return *m_result; }
+
+private:
+    Finding findingOfChild() const {
+        const Outcome& outcome = m_child.outcome();
+        if (outcome.end == Outcome::End::Answered) return findingOf(outcome.answer);
+        const std::string& doing = outcome.place.port;
+        return {Finding::Verdict::Failed,
+                doing.empty() ? "loading the library" : doing,
+                "the process goes on",
+                "it " + inWords(outcome, m_limits),
+                {}};
+    }
+
+    Case m_tried;
+    const Limits& m_limits;
+    Clock::time_point m_begin = Clock::now();
+    Child m_child;
+    std::optional<CaseResult> m_result;
+};
+
+}  // namespace
+
+Limits caseLimits() {
+    Limits limits;
+    limits.processorTime = 120;
+    limits.silence = 30;
+    limits.answer = std::size_t{1} << 20;
+    return limits;
+}
+
+void checkLibrary(const CheckSetting& setting, const std::vector<Case>& cases, std::size_t jobs,
+                  const Limits& limits, const std::function<void(const CaseResult&)>& tell,
+                  const std::function<void(std::size_t ended)>& wait) {
+    std::vector<std::unique_ptr<RunningCase>> begun;
+    std::size_t told = 0;
+    std::size_t ended = 0;
+    while (told < cases.size()) {
+        while (begun.size() < cases.size() && begun.size() - ended < jobs)
+            begun.push_back(std::make_unique<RunningCase>(setting, cases[begun.size()], limits));
+
+        std::vector<Child*> running;
+        for (std::size_t i = told; i < begun.size(); ++i)
+            if (!begun[i]->hasEnded()) running.push_back(&begun[i]->child());
+        if (!running.empty()) Child::wait(running);
+        for (std::size_t i = told; i < begun.size(); ++i)
+            if (!begun[i]->hasEnded() && begun[i]->advance()) ++ended;
+        for (; told < begun.size() && begun[told]->hasEnded(); ++told) {
+            tell(begun[told]->result());
+            begun[told].reset();
+        }
+        if (wait) wait(ended);
+    }
+}
+
+}  // namespace Tolvane::Tools

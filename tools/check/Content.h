@@ -1,0 +1,39 @@
+// Generated data for host attributes, of a kind and size that a case asks for. The same content
+// always gives the same data.
+#pragma once
+
+#include "tools/node/DataShape.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace Tolvane::Tools {
+
+struct Content {
+    enum class Numbers {
+        Plain,
+        NotNumbers,  // NaNs of either sign, quiet, with a payload of their own each
+        Extreme      // infinities, negative zero, denormals, the largest
+    };
+    enum class Texts {
+        Plain,
+        Empty,
+        Long,        // 300 characters, and now and then 70,000
+        BlankEdged,  // with blanks, tabs and line ends at both ends
+        AnyByte      // every byte but the zero, in some order; seldom UTF-8
+    };
+
+    std::uint64_t seed = 1;
+    // How many elements each array has; of arrays within an array of more than 100, only the first
+    // three and the last elements have any, and those have two.
+    std::size_t elements = 3;
+    // Whether the logical indices of elements have gaps and begin above 0.
+    bool sparse = false;
+    Numbers numbers = Numbers::Plain;
+    Texts texts = Texts::Plain;
+};
+
+// Gives the attribute this content, and arrays in it just these elements.
+void fill(const DataPlace& place, const Content& content);
+
+}  // namespace Tolvane::Tools

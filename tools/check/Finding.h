@@ -1,0 +1,31 @@
+// What came of trying a case.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Tolvane::Tools {
+
+struct Finding {
+    enum class Verdict { Passed, Warning, Failed, Skipped };
+
+    Verdict verdict = Verdict::Passed;
+    // Of a failure: what was done with the library, what was expected of it, and what came.
+    std::string done = {};
+    std::string expected = {};
+    std::string came = {};
+    // Why a case was skipped, or what is legal, but will hurt. Warnings that were found before a
+    // failure stay beside it.
+    std::vector<std::string> remarks = {};
+};
+
+// "passed", "warning", "failed" or "skipped".
+const char* wordFor(Finding::Verdict verdict) noexcept;
+
+// As bytes, for the way from the process of a case, and back. What is no finding, for the process
+// may have sent anything, throws Error.
+std::string messageOf(const Finding& finding);
+Finding findingOf(std::string_view message);
+
+}  // namespace Tolvane::Tools

@@ -1,0 +1,87 @@
+#include "tools/check/Passage.h"
+
+#include "tools/node/CompareData.h"
+#include "tools/support/OneLine.h"
+
+#include <OpenVornik/VDGModifier.h>
+#include <OpenVornik/VFnDependencyNode.h>
+#include <TavrikGraph/Executor/HostContext.h>
+#include <TavrikGraph/Executor/NodeEditContext.h>
+
+namespace Tolvane::Tools {
+
+using TavrikGraph::Executor::HostContext;
+using TavrikGraph::Executor::PortDirection;
+
+Passage::Passage(Trial& trial, const Pelmor::Type& type)
+    : m_trial(trial),
+      m_type(type),
+      m_node(VFnDependencyNode().create("node")),
+      m_data(VFnDependencyNode(m_node).dataBlock()),
+      m_input(addPort(kInput, PortDirection::Input)),
+      m_output(addPort(kOutput, PortDirection::Output)),
+      m_reference(addPort("reference", PortDirection::Input)) {}
+
+void Passage::fillInput(const Content& content) {
+    fill(input(), content);
+    m_data.setDirty(m_input.plug.attribute());
+}
+
+bool Passage::read(Pelmor::AnyValue& value) {
+    const HostContext context{this, &m_input.plug, &m_data};
+    return m_trial.translation().translateFromHost(m_type, value, context);
+}
+
+bool Passage::write(const Pelmor::AnyValue& value) {
+    m_data.setDirty(m_output.plug.attribute());
+    const HostContext context{this, &m_output.plug, &m_data};
+    return m_trial.translation().translateToHost(value, context);
+}
+
+Pelmor::AnyValue Passage::mustRead() {
+    Pelmor::AnyValue value;
+    m_trial.expect(read(value), "true", "false");
+    m_trial.expect(value.hasValue(), "a value in the holder", "an empty holder");
+    return value;
+}
+
+void Passage::mustWrite(const Pelmor::AnyValue& value) {
+    m_trial.expect(write(value), "true", "false");
+}
+
+void Passage::expectOutput(Content content) {
+    content.sparse = false;
+    const std::string difference = firstDifference(reference(content), output());
+    m_trial.expect(difference.empty(), "what went in", oneLine(difference));
+}
+
+void Passage::expectInput(const Content& content) {
+    const std::string difference = firstDifference(reference(content), input());
+    m_trial.expect(difference.empty(), "the host's data as it was", oneLine(difference));
+}
+
+DataShape Passage::addPort(const char* name, PortDirection direction) {
+    VDGModifier modifier;
+    TavrikGraph::Executor::NodeEditContext context{this, m_node, nullptr, &modifier};
+    const VPlug plug = m_trial.translation().portAdded(name, direction, m_type, 0, 0, &context)
+                           ? VFnDependencyNode(m_node).findPlug(name)
+                           : VPlug();
+    if (plug.isNull())
+        m_trial.skip("a port of " + std::string(m_type.getFullyQualifiedName().c_str()) +
+                     " gets no attribute");
+    return shapeOf(plug);
+}
+
+DataPlace Passage::reference(const Content& content) {
+    const DataPlace place{m_reference, m_data.outputValue(m_reference.plug)};
+    fill(place, content);
+    return place;
+}
+
+std::string firstDifference(const DataPlace& expected, const DataPlace& actual) {
+    Comparison comparison;
+    compareData(expected, actual, comparison);
+    return comparison.firstMismatch ? inOneLine(*comparison.firstMismatch) : "";
+}
+
+}  // namespace Tolvane::Tools

@@ -1,0 +1,68 @@
+// A host node with an input and an output port of one type, which a library's translation has given
+// their attributes: the way of a value from the host into a holder and back.
+#pragma once
+
+#include "tools/check/Content.h"
+#include "tools/check/Trial.h"
+#include "tools/node/DataShape.h"
+
+#include <OpenVornik/VDataBlock.h>
+#include <OpenVornik/VObject.h>
+#include <OpenVornik/VPlug.h>
+#include <Pelmor/AnyValue.h>
+#include <Pelmor/Type.h>
+
+#include <string>
+
+namespace Tolvane::Tools {
+
+class Passage {
+public:
+    static constexpr const char* kInput = "in";
+    static constexpr const char* kOutput = "out";
+
+    // Skips the case if the ports get no attributes, which cases of their own tell.
+    Passage(Trial& trial, const Pelmor::Type& type);
+
+    const Pelmor::Type& type() const noexcept { return m_type; }
+    VDataBlock& data() noexcept { return m_data; }
+    DataPlace input() { return {m_input, m_data.outputValue(m_input.plug)}; }
+    DataPlace output() { return {m_output, m_data.outputValue(m_output.plug)}; }
+    bool isOutputClean() const { return m_data.isClean(m_output.plug.attribute()); }
+
+    // Gives the input port's attribute this content, and makes it dirty.
+    void fillInput(const Content& content);
+
+    // Each calls the translation once, as the framework does in an evaluation, and returns what it
+    // returns. `write` makes the output's attribute dirty first.
+    bool read(Pelmor::AnyValue& value);
+    bool write(const Pelmor::AnyValue& value);
+
+    // The same, for what must succeed: fails the case if it does not, or gives no value.
+    Pelmor::AnyValue mustRead();
+    void mustWrite(const Pelmor::AnyValue& value);
+
+    // Fails the case where the output's attribute does not hold this content, or the input's; the
+    // logical indices of elements aside, which a holder does not keep.
+    void expectOutput(Content content);
+    void expectInput(const Content& content);
+
+private:
+    DataShape addPort(const char* name, TavrikGraph::Executor::PortDirection direction);
+    // A third attribute, which no translation is called for, with this content.
+    DataPlace reference(const Content& content);
+
+    Trial& m_trial;
+    Pelmor::Type m_type;
+    VObject m_node;
+    VDataBlock m_data;
+    DataShape m_input;
+    DataShape m_output;
+    DataShape m_reference;
+};
+
+// Where and how the first difference between the data of two attributes shows; empty if there is
+// none.
+std::string firstDifference(const DataPlace& expected, const DataPlace& actual);
+
+}  // namespace Tolvane::Tools

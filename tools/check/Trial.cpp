@@ -1,0 +1,69 @@
+#include "tools/check/Trial.h"
+
+#include <Pelmor/Array.h>
+#include <TavrikGraph/Executor/LoadError.h>
+
+#include <algorithm>
+#include <exception>
+#include <set>
+
+namespace Tolvane::Tools {
+
+using Verdict = Finding::Verdict;
+
+TavrikGraph::Executor::TypeTranslation& Trial::translation() {
+    if (m_library) return m_library->translation();
+    doing("loading the library");
+    try {
+        m_library = std::make_unique<TavrikGraph::Executor::TranslationLibrary>(path());
+    } catch (const TavrikGraph::Executor::LoadError& error) {
+        skip("the library cannot be loaded");
+    }
+    return m_library->translation();
+}
+
+const std::vector<Pelmor::Type>& Trial::carried() {
+    if (!m_carried.empty()) return m_carried;
+    Pelmor::Array<Pelmor::String> names;
+    doing("asking for the names of the types");
+    translation().getSupportedTypeNames(names);
+    std::set<std::string> seen;
+    for (const Pelmor::String& name : names) {
+        const auto type = types().findType(name);
+        if (type && seen.insert(name.c_str()).second) m_carried.push_back(*type);
+    }
+    if (m_carried.empty()) skip("it names no type that the graph knows (see --types)");
+    return m_carried;
+}
+
+void Trial::doing(const std::string& what) {
+    m_doing = what;
+    m_process.atPort(what);
+}
+
+void Trial::fail(const std::string& expected, const std::string& came) const {
+    throw End{{Verdict::Failed, m_doing, expected, came, m_remarks}};
+}
+
+void Trial::skip(const std::string& reason) const {
+    throw End{{Verdict::Skipped, "", "", "", {reason}}};
+}
+
+void Trial::warn(const std::string& remark) {
+    if (std::find(m_remarks.begin(), m_remarks.end(), remark) == m_remarks.end())
+        m_remarks.push_back(remark);
+}
+
+Finding Trial::finding(void (*run)(Trial& trial)) {
+    try {
+        run(*this);
+    } catch (const End& end) {
+        return end.finding;
+    } catch (const std::exception& exception) {
+        return {Verdict::Failed, m_doing, "no exception", exception.what(), m_remarks};
+    }
+    if (m_remarks.empty()) return {};
+    return {Verdict::Warning, "", "", "", m_remarks};
+}
+
+}  // namespace Tolvane::Tools

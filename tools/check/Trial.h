@@ -1,0 +1,75 @@
+// One case being tried, in a process of its own: what it has to work with, and how it says what it
+// finds. A case returns if the library keeps its rule.
+#pragma once
+
+#include "tools/check/Finding.h"
+#include "tools/process/ChildSide.h"
+
+#include <Pelmor/Library.h>
+#include <TavrikGraph/Executor/TranslationLibrary.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Tolvane::Tools {
+
+// What all cases of a check have in common.
+struct CheckSetting {
+    // The path of the translation library.
+    std::string library;
+    // The types that the graph knows.
+    Pelmor::Library types = {};
+    // All generated data follows from it.
+    std::uint64_t seed = 1;
+};
+
+class Trial {
+public:
+    Trial(const CheckSetting& setting, ChildSide& process)
+        : m_setting(setting), m_process(process) {}
+
+    const std::string& path() const noexcept { return m_setting.library; }
+    const Pelmor::Library& types() const noexcept { return m_setting.types; }
+    std::uint64_t seed() const noexcept { return m_setting.seed; }
+    // The process that the case runs in.
+    ChildSide& process() noexcept { return m_process; }
+
+    // The library's translation object; the library is loaded when it is first asked for, and
+    // stays. Skips the case if it cannot be loaded, which a case of its own tells.
+    TavrikGraph::Executor::TypeTranslation& translation();
+    // What the library says that it carries, in its order, without repetitions: the types that the
+    // graph knows. Skips the case if there is none.
+    const std::vector<Pelmor::Type>& carried();
+
+    // What is done from here on, such as "reading array<Studio::Face> of 17 elements". It is part
+    // of a failure, and known even if the process does not survive it.
+    void doing(const std::string& what);
+
+    // Each ends the case, and says so by a throw that the case must let pass.
+    [[noreturn]] void fail(const std::string& expected, const std::string& came) const;
+    [[noreturn]] void skip(const std::string& reason) const;
+    void expect(bool holds, const std::string& expected, const std::string& came) const {
+        if (!holds) fail(expected, came);
+    }
+    // Goes on. The same remark counts once.
+    void warn(const std::string& remark);
+
+    // Runs the case.
+    Finding finding(void (*run)(Trial& trial));
+
+private:
+    struct End {
+        Finding finding;
+    };
+
+    const CheckSetting& m_setting;
+    ChildSide& m_process;
+    std::string m_doing = "loading the library";
+    std::vector<std::string> m_remarks;
+    std::unique_ptr<TavrikGraph::Executor::TranslationLibrary> m_library;
+    std::vector<Pelmor::Type> m_carried;
+};
+
+}  // namespace Tolvane::Tools

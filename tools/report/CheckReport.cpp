@@ -1,0 +1,125 @@
+#include "tools/report/CheckReport.h"
+
+#include "tools/report/Table.h"
+#include "tools/support/OneLine.h"
+
+#include <cstring>
+#include <ostream>
+
+#include <nlohmann/json.hpp>
+
+namespace Tolvane::Tools {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Verdict = Finding::Verdict;
+
+constexpr std::size_t kWidth = 80;
+constexpr std::size_t kIndent = 10;
+
+// Cases that are in order are to be passed over by the eye.
+const char* shownWordFor(Verdict verdict) {
+    return verdict == Verdict::Failed    ? "FAILED "
+           : verdict == Verdict::Warning ? "warning"
+           : verdict == Verdict::Skipped ? "skipped"
+                                         : "passed ";
+}
+
+void printBelow(std::ostream& out, const std::string& text) {
+    out << wrapped(oneLine(text), kIndent, kWidth) << "\n";
+}
+
+std::string counted(std::size_t count, const char* one, const char* many) {
+    return grouped(count) + " " + (count == 1 ? one : many);
+}
+
+void dump(std::ostream& out, const Json& json) {
+    // JSON is UTF-8, which paths and messages need not be.
+    out << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+}  // namespace
+
+void CheckSummary::count(Verdict verdict) {
+    switch (verdict) {
+        case Verdict::Passed:
+            ++passed;
+            break;
+        case Verdict::Warning:
+            ++warnings;
+            break;
+        case Verdict::Failed:
+            ++failed;
+            break;
+        case Verdict::Skipped:
+            ++skipped;
+            break;
+    }
+}
+
+void printCase(std::ostream& out, const CaseResult& result, const std::string& again) {
+    const Finding& finding = result.finding;
+    out << shownWordFor(finding.verdict) << "   " << result.tried.name << "\n";
+    if (finding.verdict == Verdict::Failed) {
+        printBelow(out, "done: " + finding.done);
+        printBelow(out, "expected: " + finding.expected);
+        printBelow(out, "came: " + finding.came);
+    }
+    for (const std::string& remark : finding.remarks) printBelow(out, remark);
+    // In one piece, to be copied.
+    if (finding.verdict == Verdict::Failed)
+        out << std::string(kIndent, ' ') << "again: " << again << "\n";
+}
+
+void printSummary(std::ostream& out, const CheckSummary& summary) {
+    out << "\n" << counted(summary.cases(), "case", "cases") << ": ";
+    if (summary.failed > 0) out << summary.failed << " FAILED, ";
+    out << summary.passed << " passed";
+    if (summary.warnings > 0) out << ", " << counted(summary.warnings, "warning", "warnings");
+    if (summary.skipped > 0) out << ", " << summary.skipped << " skipped";
+    out << ".\n";
+}
+
+void printList(std::ostream& out, const std::vector<Case>& cases) {
+    for (const Case& each : cases) {
+        out << each.name << "\n" << wrapped(each.why, 4, kWidth) << "\n";
+    }
+}
+
+void printListAsJson(std::ostream& out, const std::vector<Case>& cases) {
+    Json list = Json::array();
+    for (const Case& each : cases) list.push_back({{"name", each.name}, {"why", each.why}});
+    dump(out, {{"cases", list}});
+}
+
+void printCheckAsJson(std::ostream& out, const CheckSetting& setting,
+                      const std::vector<CaseResult>& results,
+                      const std::function<std::string(const Case&)>& again) {
+    CheckSummary summary;
+    Json cases = Json::array();
+    for (const CaseResult& result : results) {
+        const Finding& finding = result.finding;
+        summary.count(finding.verdict);
+        Json object{{"name", result.tried.name},
+                    {"verdict", wordFor(finding.verdict)},
+                    {"seconds", result.seconds}};
+        if (finding.verdict == Verdict::Failed) {
+            object["done"] = finding.done;
+            object["expected"] = finding.expected;
+            object["came"] = finding.came;
+            object["again"] = again(result.tried);
+        }
+        if (!finding.remarks.empty()) object["remarks"] = finding.remarks;
+        cases.push_back(object);
+    }
+    dump(out, {{"library", setting.library},
+               {"seed", setting.seed},
+               {"cases", cases},
+               {"passed", summary.passed},
+               {"warnings", summary.warnings},
+               {"failed", summary.failed},
+               {"skipped", summary.skipped},
+               {"ok", summary.failed == 0}});
+}
+
+}  // namespace Tolvane::Tools
