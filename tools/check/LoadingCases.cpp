@@ -1,9 +1,260 @@
 #include "tools/check/Case.h"
+#include "tools/check/Content.h"
+#include "tools/check/ElfFile.h"
+#include "tools/check/Passage.h"
 #include "tools/check/Trial.h"
+#include "tools/check/Usage.h"
+#include "tools/process/FileDescriptor.h"
+#include "tools/support/OneLine.h"
+
+#include <TavrikGraph/Executor/LoadError.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/sendfile.h>
+#include <sys/stat.h>
 
 namespace Tolvane::Tools {
-namespace {}  // namespace
+namespace {
 
-std::vector<Case> loadingCases() { return {}; }
+using TavrikGraph::Executor::LoadError;
+using TavrikGraph::Executor::TranslationLibrary;
+
+constexpr const char* kFactory = "createTavrikTypeTranslation";
+constexpr std::string_view kMissingLibrary = "cannot open shared object file";
+
+struct Unload {
+    void operator()(void* library) const noexcept { dlclose(library); }
+};
+using Handle = std::unique_ptr<void, Unload>;
+
+Handle open(const std::string& path) { return Handle(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)); }
+
+std::string loaderMessage() {
+    const char* message = dlerror();
+    return message ? oneLine(message) : "the loader does not say why";
+}
+
+Handle openOrSkip(Trial& trial) {
+    Handle library = open(trial.path());
+    if (!library) trial.skip("the library cannot be loaded");
+    return library;
+}
+
+void loads(Trial& trial) {
+    trial.doing("loading the library");
+    if (open(trial.path())) return;
+    const std::string message = loaderMessage();
+    if (message.find(kMissingLibrary) != std::string::npos)
+        trial.skip("a library that it needs is not there");
+    trial.fail("that it loads, with every symbol resolved", message);
+}
+
+void needsWhatIsThere(Trial& trial) {
+    trial.doing("loading the libraries that it needs");
+    if (open(trial.path())) return;
+    const std::string message = loaderMessage();
+    trial.expect(message.find(kMissingLibrary) == std::string::npos, "that all are found", message);
+    trial.skip("the library cannot be loaded");
+}
+
+void hasFactory(Trial& trial) {
+    const Handle library = openOrSkip(trial);
+    trial.doing(std::string("looking for ") + kFactory);
+    trial.expect(dlsym(library.get(), kFactory) != nullptr,
+                 "a function of this name, with C linkage", "none");
+    trial.doing(std::string("calling ") + kFactory);
+    try {
+        const TranslationLibrary loaded(trial.path());
+    } catch (const LoadError& error) {
+        trial.fail("a translation object", oneLine(error.what()));
+    }
+}
+
+void exportsNothingElse(Trial& trial) {
+    trial.doing("listing what it exports");
+    std::string others;
+    std::size_t count = 0;
+    for (const std::string& name : readElf(trial.path()).exported) {
+        if (name == kFactory) continue;
+        if (++count <= 10) others += (count == 1 ? "" : ", ") + oneLine(name);
+    }
+    if (count == 0) return;
+    trial.warn("it exports " + std::to_string(count) +
+               " more than its factory, which may stand in" +
+               " for the same names of other libraries: " + others + (count > 10 ? ", ..." : ""));
+}
+
+void againAndAgain(Trial& trial) {
+    constexpr int kTimes = 50;
+    constexpr int kWarmUp = 10;
+    openOrSkip(trial);
+    std::size_t memory = 0;
+    std::size_t files = 0;
+    std::size_t running = 0;
+    const auto loadOnce = [&] {
+        Pelmor::Array<Pelmor::String> names;
+        TranslationLibrary(trial.path()).translation().getSupportedTypeNames(names);
+    };
+    trial.doing("loading and unloading it " + std::to_string(kTimes) + " times");
+    for (int i = 0; i < kTimes; ++i) {
+        if (i == kWarmUp) {
+            memory = allocatedBytes();
+            files = openFiles();
+            running = threads();
+        }
+        try {
+            loadOnce();
+        } catch (const LoadError& error) {
+            trial.fail("that it loads each time", oneLine(error.what()));
+        }
+    }
+    const auto noMore = [&](const char* what, std::size_t before, std::size_t after,
+                            std::size_t allowed) {
+        trial.expect(after <= before + allowed, std::string("no more ") + what + " than after ten",
+                     std::to_string(after) + " instead of " + std::to_string(before));
+    };
+    noMore("open files", files, openFiles(), 0);
+    noMore("threads", running, threads(), 0);
+    // Less than a hundred bytes each time may be the loader's own.
+    noMore("bytes of memory", memory, allocatedBytes(), (kTimes - kWarmUp) * 100);
+}
+
+// A first port and value, and the end of both.
+void useOnce(Trial& trial) {
+    const Pelmor::Type type = trial.carried().front();
+    Passage passage(trial, type);
+    passage.fillInput({});
+    Pelmor::AnyValue value;
+    if (passage.read(value)) passage.write(value);
+}
+
+void silent(Trial& trial) {
+    trial.process().allowPrints();
+    const auto expectNothing = [&] {
+        trial.process().noticePrints();
+        const auto& print = trial.process().firstPrint();
+        if (print)
+            trial.fail("nothing on standard output and standard error",
+                       inQuotes(oneLine(print->text)));
+    };
+    const auto& types = [&]() -> const std::vector<Pelmor::Type>& {
+        trial.translation();
+        expectNothing();
+        return trial.carried();
+    }();
+    expectNothing();
+    for (const Pelmor::Type& type : types) {
+        const std::string name = type.getFullyQualifiedName().c_str();
+        trial.doing("adding ports of " + name);
+        Passage passage(trial, type);
+        expectNothing();
+        passage.fillInput({});
+        trial.doing("reading and writing " + name);
+        Pelmor::AnyValue value;
+        if (passage.read(value)) passage.write(value);
+        expectNothing();
+    }
+}
+
+// The same bytes under another identity, as a second installation of a library is.
+std::string copyInMemory(Trial& trial, FileDescriptor& copy) {
+    const FileDescriptor original(::open(trial.path().c_str(), O_RDONLY | O_CLOEXEC));
+    copy = FileDescriptor(memfd_create("second copy", MFD_CLOEXEC));
+    struct stat status {};
+    if (fstat(original.number(), &status) != 0) trial.skip("the library cannot be copied");
+    for (off_t left = status.st_size; left > 0;) {
+        const ssize_t sent =
+            sendfile(copy.number(), original.number(), nullptr, static_cast<std::size_t>(left));
+        if (sent <= 0) trial.skip("the library cannot be copied");
+        left -= sent;
+    }
+    return "/proc/self/fd/" + std::to_string(copy.number());
+}
+
+std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
+    Pelmor::Array<Pelmor::String> names;
+    translation.getSupportedTypeNames(names);
+    std::vector<std::string> texts;
+    for (const Pelmor::String& name : names) texts.emplace_back(name.c_str());
+    return texts;
+}
+
+void secondCopy(Trial& trial) {
+    const auto names = namesOf(trial.translation());
+    FileDescriptor file;
+    const std::string path = copyInMemory(trial, file);
+    trial.doing("loading a copy of the library beside it");
+    try {
+        const TranslationLibrary copy(path);
+        trial.expect(namesOf(copy.translation()) == names, "the names of the first", "others");
+        trial.expect(namesOf(trial.translation()) == names, "its names as before", "others");
+        trial.doing("using the library beside its copy");
+        useOnce(trial);
+    } catch (const LoadError& error) {
+        trial.fail("that the copy loads too", oneLine(error.what()));
+    }
+    trial.doing("using the library after its copy was unloaded");
+    trial.expect(namesOf(trial.translation()) == names, "its names as before", "others");
+    useOnce(trial);
+}
+
+void loadsQuickly(Trial& trial) {
+    using Clock = std::chrono::steady_clock;
+    constexpr double kBearable = 0.1;
+    openOrSkip(trial);
+    std::vector<double> seconds;
+    trial.doing("loading the library five times");
+    for (int i = 0; i < 5; ++i) {
+        const auto begin = Clock::now();
+        try {
+            const TranslationLibrary library(trial.path());
+            seconds.push_back(std::chrono::duration<double>(Clock::now() - begin).count());
+        } catch (const LoadError&) {
+            trial.skip("the library cannot be loaded");
+        }
+    }
+    std::sort(seconds.begin(), seconds.end());
+    if (seconds[2] <= kBearable) return;
+    trial.warn("it takes " + std::to_string(static_cast<int>(1000 * seconds[2])) +
+               " ms to load, which people wait for whenever the host starts");
+}
+
+}  // namespace
+
+std::vector<Case> loadingCases() {
+    return {
+        {"loading/loads",
+         "A host resolves every symbol as it loads a library, and shows artists what is missing.",
+         loads},
+        {"loading/needs-what-is-there",
+         "A library that needs another one which a machine lacks does not load there.",
+         needsWhatIsThere},
+        {"loading/factory",
+         "The framework knows a library by its factory alone, and calls it once.", hasFactory},
+        {"loading/exports-nothing-else",
+         "What a library exports besides may stand in for the same names of other libraries, or"
+         " they for it.",
+         exportsNothingElse},
+        {"loading/again-and-again",
+         "Hosts unload plug-ins and load them again, within one session of many hours.",
+         againAndAgain},
+        {"loading/silent",
+         "What a library prints lands among the output of programs that others read.", silent},
+        {"loading/second-copy",
+         "Two installations of one library meet in one host sooner or later.", secondCopy},
+        {"loading/quickly", "Whoever starts the host waits until it has loaded every library.",
+         loadsQuickly},
+    };
+}
 
 }  // namespace Tolvane::Tools
