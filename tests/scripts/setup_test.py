@@ -9,7 +9,7 @@ from pathlib import Path
 SETUP = Path(__file__).parents[2] / "scripts/setup"
 
 PACKAGES = """g++ clang libclang-rt-dev binutils cmake ninja-build git clang-format clang-tidy llvm valgrind python3
-    libassimp-dev libcli11-dev nlohmann-json3-dev libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev help2man
+    libassimp-dev libcli11-dev nlohmann-json3-dev libelf-dev libgtest-dev libgmock-dev libbenchmark-dev dpkg-dev help2man
     parallel""".split()
 
 

@@ -1,6 +1,9 @@
 // `tolvane` from outside, as far as it is the same for every command.
 #include "tests/tools/TolvaneProcess.h"
 
+#include <algorithm>
+#include <sstream>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -15,6 +18,19 @@ TEST(TolvaneCommandLine, PrintsItsHelp) {
     EXPECT_THAT(process.output, HasSubstr("tolvane"));
     for (const char* command : {"\n  run ", "\n  info "})
         EXPECT_THAT(process.output, HasSubstr(command));
+}
+
+TEST(TolvaneCommandLine, PrintsHelpThatFitsAScreen) {
+    for (const char* command : {"", "run", "check", "inspect", "trace", "show"}) {
+        std::vector<std::string> arguments{"--help"};
+        if (*command) arguments.insert(arguments.begin(), command);
+        const std::string help = runTolvane(arguments).output;
+        EXPECT_LE(std::count(help.begin(), help.end(), '\n'), 50) << command;
+        std::istringstream lines(help);
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 80U) << line;
+    }
+    const std::string help = runTolvane({"--help"}).output;
+    EXPECT_LE(std::count(help.begin(), help.end(), '\n'), 24);
 }
 
 TEST(TolvaneCommandLine, PrintsItsVersion) {

@@ -11,8 +11,9 @@ namespace Tolvane::Tools {
 
 std::vector<Case> allCases() {
     std::vector<Case> all;
-    for (const auto group : {loadingCases, objectCases, portCases, valueCases, failingHostCases,
-                             threadCases, thriftCases, hygieneCases})
+    for (const auto group : {loadingCases, objectCases, portCases, valueCases, heldValueCases,
+                             failingReadCases, failingWriteCases, failingPortCases,
+                             failingHostCases, threadCases, thriftCases, hygieneCases})
         for (const Case& each : group()) all.push_back(each);
     return all;
 }
@@ -24,9 +25,12 @@ std::vector<Case> chooseCases(const std::string& regex) {
         for (const Case& each : allCases())
             if (std::regex_search(each.name, wanted)) chosen.push_back(each);
     } catch (const std::regex_error&) {
-        throw Error("--only " + inQuotes(regex) + ": is not a regular expression");
+        throw Error(Stage::Usage, "",
+                    "--only " + inQuotes(regex) + ": is not a regular expression");
     }
-    if (chosen.empty()) throw Error("--only " + inQuotes(regex) + ": matches the name of no case");
+    if (chosen.empty())
+        throw Error(Stage::Usage, "",
+                    "--only " + inQuotes(regex) + ": matches the name of no case");
     return chosen;
 }
 

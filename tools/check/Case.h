@@ -18,11 +18,15 @@ struct Case {
     void (*run)(Trial& trial);
 };
 
-// One function for each group, in a file of its own.
+// One function for each file of cases.
 std::vector<Case> loadingCases();
 std::vector<Case> objectCases();
 std::vector<Case> portCases();
 std::vector<Case> valueCases();
+std::vector<Case> heldValueCases();
+std::vector<Case> failingReadCases();
+std::vector<Case> failingWriteCases();
+std::vector<Case> failingPortCases();
 std::vector<Case> failingHostCases();
 std::vector<Case> threadCases();
 std::vector<Case> thriftCases();

@@ -16,6 +16,7 @@ namespace {
 using Numbers = Content::Numbers;
 using Texts = Content::Texts;
 
+constexpr std::size_t kFew = 3;
 constexpr std::size_t kMany = 100;
 
 double notANumber(std::uint64_t seed) {
@@ -83,12 +84,14 @@ void fillLeaf(const DataPlace& place, const Content& content) {
         generateData(place, content.seed);
 }
 
-void fillOne(const DataPlace& place, const Content& content) {
+void fillCounting(const DataPlace& place, Content content, std::size_t& arrays);
+
+void fillOne(const DataPlace& place, const Content& content, std::size_t& arrays) {
     if (place.shape.kind != DataShape::Kind::Compound) return fillLeaf(place, content);
     for (std::size_t i = 0; i < place.shape.children.size(); ++i) {
         Content part = content;
         part.seed = seedOf(content.seed, i);
-        fill(place.child(i), part);
+        fillCounting(place.child(i), part, arrays);
     }
 }
 
@@ -118,20 +121,73 @@ std::size_t elementsWithin(const Content& content, std::size_t index) {
     return index < 3 || index + 1 == content.elements ? 2 : 0;
 }
 
-}  // namespace
-
-void fill(const DataPlace& place, const Content& content) {
+// `arrays` counts those that have been met.
+void fillCounting(const DataPlace& place, Content content, std::size_t& arrays) {
     if (place.handle.isNull()) return;
-    if (!place.shape.isArray) return fillOne(place, content);
+    if (!place.shape.isArray) return fillOne(place, content, arrays);
+    if (content.onlyArray && *content.onlyArray != arrays) content.elements = kFew;
+    ++arrays;
+    content.onlyArray.reset();
     remake(place, indicesOf(content));
     VArrayDataHandle array(place.handle);
     for (std::size_t i = 0; i < content.elements; ++i) {
         Content element = content;
         element.seed = seedOf(content.seed, i);
         element.elements = elementsWithin(content, i);
-        fillOne({place.shape, array.outputValue()}, element);
+        std::size_t withinElement = 0;
+        fillOne({place.shape, array.outputValue()}, element, withinElement);
         array.next();
     }
+}
+
+const char* wordsFor(Numbers numbers) {
+    switch (numbers) {
+        case Numbers::NotNumbers:
+            return ", numbers that are NaN";
+        case Numbers::Extreme:
+            return ", infinities, negative zeros and denormal numbers";
+        case Numbers::Plain:
+            break;
+    }
+    return "";
+}
+
+const char* wordsFor(Texts texts) {
+    switch (texts) {
+        case Texts::Empty:
+            return ", empty texts";
+        case Texts::Long:
+            return ", long texts";
+        case Texts::BlankEdged:
+            return ", texts with blanks at both ends";
+        case Texts::AnyByte:
+            return ", texts of any bytes";
+        case Texts::Plain:
+            break;
+    }
+    return "";
+}
+
+}  // namespace
+
+std::string inWords(const Content& content) {
+    const std::string where =
+        content.onlyArray ? "array number " + std::to_string(*content.onlyArray + 1) : "each array";
+    return std::to_string(content.elements) + (content.elements == 1 ? " element" : " elements") +
+           " in " + where + (content.sparse ? ", with gaps in their indices" : "") +
+           wordsFor(content.numbers) + wordsFor(content.texts);
+}
+
+std::size_t arraysOf(const DataShape& shape) {
+    if (shape.isArray) return 1;
+    std::size_t arrays = 0;
+    for (const DataShape& child : shape.children) arrays += arraysOf(child);
+    return arrays;
+}
+
+void fill(const DataPlace& place, const Content& content) {
+    std::size_t arrays = 0;
+    fillCounting(place, content, arrays);
 }
 
 }  // namespace Tolvane::Tools

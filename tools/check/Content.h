@@ -6,6 +6,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <string>
 
 namespace Tolvane::Tools {
 
@@ -27,11 +29,20 @@ struct Content {
     // How many elements each array has; of arrays within an array of more than 100, only the first
     // three and the last elements have any, and those have two.
     std::size_t elements = 3;
+    // If set, the one array that has so many elements, while the others have three. Counted from 0
+    // are, in their order, the arrays that are in no other array.
+    std::optional<std::size_t> onlyArray = {};
     // Whether the logical indices of elements have gaps and begin above 0.
     bool sparse = false;
     Numbers numbers = Numbers::Plain;
     Texts texts = Texts::Plain;
 };
+
+// "3 elements in each array, with gaps in their indices, texts with blanks at both ends"
+std::string inWords(const Content& content);
+
+// How many arrays there are that are in no other array.
+std::size_t arraysOf(const DataShape& shape);
 
 // Gives the attribute this content, and arrays in it just these elements.
 void fill(const DataPlace& place, const Content& content);

@@ -15,8 +15,8 @@ struct Finding {
     std::string done = {};
     std::string expected = {};
     std::string came = {};
-    // Why a case was skipped, or what is legal, but will hurt. Warnings that were found before a
-    // failure stay beside it.
+    // Why a case was skipped, what is legal, but will hurt, or what is just worth telling. What was
+    // found before a failure stays beside it.
     std::vector<std::string> remarks = {};
 };
 

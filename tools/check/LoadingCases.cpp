@@ -154,7 +154,7 @@ void silent(Trial& trial) {
     }();
     expectNothing();
     for (const Pelmor::Type& type : types) {
-        const std::string name = type.getFullyQualifiedName().c_str();
+        const std::string name = nameOf(type);
         trial.doing("adding ports of " + name);
         Passage passage(trial, type);
         expectNothing();

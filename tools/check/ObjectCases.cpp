@@ -69,7 +69,7 @@ void namesAtAnyTime(Trial& trial) {
     trial.doing("asking for the names again");
     expectNames(trial, first, namesOf(translation));
     for (const Pelmor::Type& type : trial.carried()) {
-        const std::string name = type.getFullyQualifiedName().c_str();
+        const std::string name = nameOf(type);
         Passage passage(trial, type);
         trial.doing("asking for the names after ports of " + name);
         expectNames(trial, first, namesOf(translation));
@@ -126,14 +126,12 @@ void namesKnown(Trial& trial) {
 
 void supportedTypes(Trial& trial) {
     Names expected;
-    for (const Pelmor::Type& type : trial.carried())
-        expected.emplace_back(type.getFullyQualifiedName().c_str());
+    for (const Pelmor::Type& type : trial.carried()) expected.push_back(nameOf(type));
     Pelmor::EntityIndexedList<Pelmor::Type> types;
     trial.doing("asking for the types among those that the graph knows");
     trial.translation().getSupportedTypes(trial.types(), types);
     Names came;
-    for (std::size_t i = 0; i < types.size(); ++i)
-        came.emplace_back(types[i].getFullyQualifiedName().c_str());
+    for (std::size_t i = 0; i < types.size(); ++i) came.push_back(nameOf(types[i]));
     std::sort(expected.begin(), expected.end());
     std::sort(came.begin(), came.end());
     expectNames(trial, expected, came);
@@ -170,7 +168,7 @@ void releaseBesideAnother(Trial& trial) {
         namesOf(second->translation());
         trial.doing("releasing another object");
         second.reset();
-        trial.doing(std::string("writing a value of ") + type.getFullyQualifiedName().c_str() +
+        trial.doing("writing a value of " + nameOf(type) +
                     " that was read before another object was released");
         passage.mustWrite(value);
         passage.expectOutput({});
@@ -186,8 +184,7 @@ void survivesAnother(Trial& trial) {
     trial.doing("asking for the names after another object was released");
     expectNames(trial, names, namesOf(trial.translation()));
     for (const Pelmor::Type& type : trial.carried()) {
-        trial.doing(std::string("carrying ") + type.getFullyQualifiedName().c_str() +
-                    " after another object was released");
+        trial.doing("carrying " + nameOf(type) + " after another object was released");
         carryOnce(trial, type);
     }
 }

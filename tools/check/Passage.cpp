@@ -49,9 +49,33 @@ void Passage::mustWrite(const Pelmor::AnyValue& value) {
     m_trial.expect(write(value), "true", "false");
 }
 
-void Passage::expectOutput(Content content) {
+Pelmor::AnyValue Passage::fillAndRead(const Content& content) {
+    fillInput(content);
+    m_trial.doing("reading " + nameOf(m_type) + ", " + inWords(content));
+    return mustRead();
+}
+
+void Passage::carry(const Content& content) {
+    const Pelmor::AnyValue value = fillAndRead(content);
+    m_trial.doing("writing " + nameOf(m_type) + ", " + inWords(content));
+    mustWrite(value);
+    expectOutput(content);
+}
+
+void Passage::writeAndCompare(const Pelmor::AnyValue& value, const Content& content,
+                              const std::string& what) {
+    m_trial.doing("writing " + nameOf(m_type) + ", " + what);
+    mustWrite(value);
+    expectOutput(content);
+}
+
+std::string Passage::differenceOfOutput(Content content) {
     content.sparse = false;
-    const std::string difference = firstDifference(reference(content), output());
+    return firstDifference(reference(content), output());
+}
+
+void Passage::expectOutput(const Content& content) {
+    const std::string difference = differenceOfOutput(content);
     m_trial.expect(difference.empty(), "what went in", oneLine(difference));
 }
 
@@ -66,9 +90,7 @@ DataShape Passage::addPort(const char* name, PortDirection direction) {
     const VPlug plug = m_trial.translation().portAdded(name, direction, m_type, 0, 0, &context)
                            ? VFnDependencyNode(m_node).findPlug(name)
                            : VPlug();
-    if (plug.isNull())
-        m_trial.skip("a port of " + std::string(m_type.getFullyQualifiedName().c_str()) +
-                     " gets no attribute");
+    if (plug.isNull()) m_trial.skip("a port of " + nameOf(m_type) + " gets no attribute");
     return shapeOf(plug);
 }
 

@@ -33,6 +33,9 @@ public:
     // Gives the input port's attribute this content, and makes it dirty.
     void fillInput(const Content& content);
 
+    // Gives the output port's attribute this content.
+    void fillOutput(const Content& content) { fill(output(), content); }
+
     // Each calls the translation once, as the framework does in an evaluation, and returns what it
     // returns. `write` makes the output's attribute dirty first.
     bool read(Pelmor::AnyValue& value);
@@ -42,9 +45,19 @@ public:
     Pelmor::AnyValue mustRead();
     void mustWrite(const Pelmor::AnyValue& value);
 
+    // All of the way, of one content: what is done is told to the trial.
+    Pelmor::AnyValue fillAndRead(const Content& content);
+    void carry(const Content& content);
+    // Writes a value, which `what` names, and compares the output with the content that it has.
+    void writeAndCompare(const Pelmor::AnyValue& value, const Content& content,
+                         const std::string& what);
+
+    // Where and how the output's attribute does not hold this content; empty if it does. The
+    // logical indices of elements are from 0 on, since a holder does not keep the input's.
+    std::string differenceOfOutput(Content content);
     // Fails the case where the output's attribute does not hold this content, or the input's; the
     // logical indices of elements aside, which a holder does not keep.
-    void expectOutput(Content content);
+    void expectOutput(const Content& content);
     void expectInput(const Content& content);
 
 private:

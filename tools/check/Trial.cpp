@@ -11,6 +11,8 @@ namespace Tolvane::Tools {
 
 using Verdict = Finding::Verdict;
 
+std::string nameOf(const Pelmor::Type& type) { return type.getFullyQualifiedName().c_str(); }
+
 TavrikGraph::Executor::TypeTranslation& Trial::translation() {
     if (m_library) return m_library->translation();
     doing("loading the library");
@@ -50,6 +52,11 @@ void Trial::skip(const std::string& reason) const {
 }
 
 void Trial::warn(const std::string& remark) {
+    m_warned = true;
+    note(remark);
+}
+
+void Trial::note(const std::string& remark) {
     if (std::find(m_remarks.begin(), m_remarks.end(), remark) == m_remarks.end())
         m_remarks.push_back(remark);
 }
@@ -62,8 +69,7 @@ Finding Trial::finding(void (*run)(Trial& trial)) {
     } catch (const std::exception& exception) {
         return {Verdict::Failed, m_doing, "no exception", exception.what(), m_remarks};
     }
-    if (m_remarks.empty()) return {};
-    return {Verdict::Warning, "", "", "", m_remarks};
+    return {m_warned ? Verdict::Warning : Verdict::Passed, "", "", "", m_remarks};
 }
 
 }  // namespace Tolvane::Tools

@@ -15,6 +15,9 @@
 
 namespace Tolvane::Tools {
 
+// "array<Studio::Face>"
+std::string nameOf(const Pelmor::Type& type);
+
 // What all cases of a check have in common.
 struct CheckSetting {
     // The path of the translation library.
@@ -53,8 +56,9 @@ public:
     void expect(bool holds, const std::string& expected, const std::string& came) const {
         if (!holds) fail(expected, came);
     }
-    // Goes on. The same remark counts once.
+    // Both go on, and the same remark counts once. A note is worth telling, and no warning.
     void warn(const std::string& remark);
+    void note(const std::string& remark);
 
     // Runs the case.
     Finding finding(void (*run)(Trial& trial));
@@ -68,6 +72,7 @@ private:
     ChildSide& m_process;
     std::string m_doing = "loading the library";
     std::vector<std::string> m_remarks;
+    bool m_warned = false;
     std::unique_ptr<TavrikGraph::Executor::TranslationLibrary> m_library;
     std::vector<Pelmor::Type> m_carried;
 };

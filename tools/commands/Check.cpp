@@ -1,10 +1,11 @@
 #include "tools/commands/Check.h"
 
 #include "tools/check/CheckLibrary.h"
+#include "tools/node/LibraryFile.h"
+#include "tools/process/Interruption.h"
 #include "tools/report/CheckReport.h"
 #include "tools/report/ProgressBar.h"
 #include "tools/support/Error.h"
-#include "tools/support/ReadableFile.h"
 #include "tools/types/ReadTypes.h"
 
 #include <iostream>
@@ -57,12 +58,16 @@ bool list(const CheckArguments& arguments) {
 
 bool checkAsAsked(const CheckArguments& arguments) {
     if (arguments.list) return list(arguments);
-    if (arguments.library.empty()) throw Error("check: the library to be checked is missing");
+    if (arguments.library.empty())
+        throw Error(Stage::Usage, "", "check: the library to be checked is missing");
+    const InterruptionGuard guard;
     const std::vector<Case> cases = chooseCases(arguments.only);
     CheckSetting setting{arguments.library};
     setting.seed = arguments.seed;
-    if (arguments.types) setting.types = readTypes(*arguments.types).library;
-    refuseUnreadable(setting.library);
+    if (arguments.types)
+        during(Stage::Reading, *arguments.types,
+               [&] { setting.types = readTypes(*arguments.types).library; });
+    refuseNoLibrary(setting.library);
 
     const auto again = [&](const Case& tried) { return commandFor(arguments, tried); };
     CheckSummary summary;
@@ -87,7 +92,8 @@ bool checkAsAsked(const CheckArguments& arguments) {
         printCheckAsJson(std::cout, setting, results, again);
     else
         printSummary(std::cout, summary);
-    if (!std::cout.flush()) throw Error("standard output: cannot be written to");
+    if (!std::cout.flush())
+        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
     return summary.failed == 0;
 }
 
@@ -115,7 +121,7 @@ Command addCheck(CLI::App& app) {
     check.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
     check.add_flag("--list", arguments->list, "Print each case, and why it matters");
     check.add_flag("--failed", arguments->failed, "Print only the cases that fail");
-    return {&check, [arguments] { return checkAsAsked(*arguments); }};
+    return {&check, [arguments] { return checkAsAsked(*arguments) ? 0 : 1; }};
 }
 
 }  // namespace Tolvane::Tools

@@ -1,13 +1,19 @@
 #include "tools/commands/CommandLine.h"
 
+#include "tools/commands/Check.h"
+#include "tools/commands/HelpText.h"
 #include "tools/commands/Info.h"
+#include "tools/commands/Inspect.h"
 #include "tools/commands/Run.h"
+#include "tools/commands/Show.h"
+#include "tools/commands/Trace.h"
 #include "tools/report/Report.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
 
 #include <algorithm>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,8 +25,10 @@ namespace {
 int carryOut(int count, const char* const* arguments) {
     CLI::App app("Runs rigs through TolvanePlugin, from the host into the graph and back.");
     app.name("tolvane");
+    app.formatter(std::make_shared<HelpText>());
     app.set_version_flag("-V,--version", "tolvane " TOLVANE_VERSION);
-    const std::vector<Command> commands{addRun(app), addInfo(app)};
+    const std::vector<Command> commands{addRun(app),     addInfo(app),  addCheck(app),
+                                        addInspect(app), addTrace(app), addShow(app)};
 
     const auto named = [&] {
         return std::find_if(commands.begin(), commands.end(),

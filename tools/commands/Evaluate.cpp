@@ -1,5 +1,6 @@
 #include "tools/commands/Evaluate.h"
 
+#include "tools/commands/AskLibrary.h"
 #include "tools/node/LoadedLibrary.h"
 #include "tools/node/WatchedTranslation.h"
 #include "tools/process/Message.h"
@@ -121,13 +122,6 @@ Evaluation evaluationOf(const std::string& bytes) {
     exchange(message, evaluation);
     message.end();
     return evaluation;
-}
-
-// A library that goes down as it is loaded has not been tried at all.
-Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits) {
-    return {outcome.place.stage, path,
-            path + ": " + inWords(outcome, limits) + " " + inWords(outcome.place),
-            outcome.place.stage == Stage::Loading ? 2 : 1};
 }
 
 }  // namespace

@@ -1,48 +1,17 @@
 #include "tools/commands/Run.h"
 
+#include "tools/commands/CommonOptions.h"
 #include "tools/commands/RunMany.h"
 #include "tools/commands/RunRig.h"
 #include "tools/report/Colours.h"
 #include "tools/support/Stage.h"
 
-#include <cstddef>
-#include <filesystem>
 #include <memory>
-#include <string>
-#include <system_error>
 
 #include <unistd.h>
 
 namespace Tolvane::Tools {
 namespace {
-
-namespace fs = std::filesystem;
-
-// The rig and the plugin that come with the program stand in a fixed place relative to it, in an
-// installed tree and in a build tree alike.
-std::string besideProgram(const char* relativePath) {
-    std::error_code ignored;
-    const fs::path program = fs::read_symlink("/proc/self/exe", ignored);
-    return (program.parent_path() / relativePath).lexically_normal().string();
-}
-
-void addLimits(CLI::App& run, Limits& limits) {
-    run.add_option_function<double>(
-           "--memory-limit",
-           [&limits](double gibibytes) {
-               limits.memory = static_cast<std::size_t>(gibibytes * (std::size_t{1} << 30));
-           },
-           "Let no reader and no library take more than N GiB (default: 4)")
-        ->option_text("N")
-        ->check(CLI::Range(0.001, 1e6));
-    run.add_option_function<unsigned>(
-           "--time-limit",
-           [&limits](unsigned seconds) { limits.processorTime = limits.silence = seconds; },
-           "Give up on a rig after N seconds of processor time, and on a library that makes no\n"
-           "progress for N seconds (default: 60)")
-        ->option_text("N")
-        ->check(CLI::Range(1U, 1'000'000U));
-}
 
 int runAsAsked(RunArguments& arguments) {
     if (isAboutMany(arguments)) return runMany(arguments);
@@ -54,8 +23,7 @@ int runAsAsked(RunArguments& arguments) {
 
 Command addRun(CLI::App& app) {
     const auto arguments = std::make_shared<RunArguments>();
-    arguments->files = {besideProgram("../share/tolvane/examples/walk.bvh")};
-    arguments->plugin = besideProgram("../lib/TolvanePlugin.so");
+    arguments->files = {bundledWalk()};
 
     CLI::App& run = *app.add_subcommand(
         "run",
@@ -108,12 +76,8 @@ Command addRun(CLI::App& app) {
     run.add_flag("--verbose", arguments->verbose, "Name all types and ports, and shorten no name")
         ->option_text(" ")
         ->excludes(quiet);
-    run.add_option("--plugin", arguments->plugin,
-                   "Load this translation library (default: the plugin that comes with tolvane)")
-        ->option_text("LIBRARY");
-    run.add_option("--types", arguments->types,
-                   "Let the graph know the structs and enums that this file describes, in JSON")
-        ->option_text("FILE");
+    addPlugin(run, arguments->plugin);
+    addTypes(run, arguments->types);
     addLimits(run, arguments->limits);
     return {&run, [arguments] {
                 arguments->inColour = coloursWanted(STDOUT_FILENO);

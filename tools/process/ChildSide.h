@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Tolvane::Tools {
 
@@ -39,6 +40,8 @@ public:
     // What was printed up to now was asked for.
     void allowPrints();
     const std::string& allowedPrints() const noexcept { return m_allowedText; }
+    // The same, which is forgotten.
+    std::string takeAllowedPrints() noexcept { return std::exchange(m_allowedText, {}); }
 
 private:
     Place place() const;

@@ -25,7 +25,7 @@ struct SharedBlock {
     std::uint32_t stage;
     std::uint32_t hasFrame;
     std::uint64_t frame;
-    char port[128];
+    char port[512];
     std::uint32_t memoryRanOut;
     Ending ending;
     char thrown[1024];

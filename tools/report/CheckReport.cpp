@@ -1,9 +1,9 @@
 #include "tools/report/CheckReport.h"
 
 #include "tools/report/Table.h"
+#include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
-#include <cstring>
 #include <ostream>
 
 #include <nlohmann/json.hpp>
@@ -14,7 +14,6 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Verdict = Finding::Verdict;
 
-constexpr std::size_t kWidth = 80;
 constexpr std::size_t kIndent = 10;
 
 // Cases that are in order are to be passed over by the eye.
@@ -26,7 +25,7 @@ const char* shownWordFor(Verdict verdict) {
 }
 
 void printBelow(std::ostream& out, const std::string& text) {
-    out << wrapped(oneLine(text), kIndent, kWidth) << "\n";
+    out << wrapped(oneLine(text), kIndent) << "\n";
 }
 
 std::string counted(std::size_t count, const char* one, const char* many) {
@@ -82,7 +81,7 @@ void printSummary(std::ostream& out, const CheckSummary& summary) {
 
 void printList(std::ostream& out, const std::vector<Case>& cases) {
     for (const Case& each : cases) {
-        out << each.name << "\n" << wrapped(each.why, 4, kWidth) << "\n";
+        out << each.name << "\n" << wrapped(each.why, 4) << "\n";
     }
 }
 

@@ -1,0 +1,89 @@
+#include "tools/check/Case.h"
+#include "tools/check/EditedNode.h"
+#include "tools/check/Fault.h"
+#include "tools/check/Trial.h"
+#include "tools/node/ShapeMisfit.h"
+
+#include <OpenVornik/VFnAttribute.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace Tolvane::Tools {
+namespace {
+
+using Direction = EditedNode::Direction;
+using Pelmor::Type;
+using FaultsOf = std::function<std::vector<Fault>(std::size_t calls)>;
+
+constexpr const char* kPort = "port";
+
+bool isAsUsual(const EditedNode& node, Direction direction, const Type& type) {
+    const VPlug plug = node.plug(kPort);
+    const VFnAttribute attribute(plug.attribute());
+    const bool isInput = direction == Direction::Input;
+    return !misfitOf(shapeOf(plug), type) && attribute.isWritable() == isInput &&
+           attribute.isReadable() != isInput;
+}
+
+// Calls `work(node, fault, call)` with a node whose next port is to be added with a fault.
+template <typename Work>
+void sweep(Trial& trial, Direction direction, const FaultsOf& faultsOf, const Work& work) {
+    skipUnlessWatched(trial);
+    for (const Type& type : trial.carried()) {
+        EditedNode(trial).addForSure(kPort, direction, type);
+        EditedNode undisturbed(trial);
+        const std::vector<HostCall> calls =
+            callsOf([&] { undisturbed.add(kPort, direction, type); });
+        for (const Fault& fault : faultsOf(calls.size())) {
+            EditedNode node(trial);
+            node.fail(fault.fails(), ", with " + inWords(fault, calls));
+            work(node, type, calls[fault.first]);
+        }
+    }
+}
+
+// Whether the port was added. If not, it is so without the failure.
+bool addOrAddLater(Trial& trial, EditedNode& node, Direction direction, const Type& type) {
+    if (node.addOrBeRefused(kPort, direction, type)) return true;
+    node.fail({}, ", after a failure");
+    trial.expect(node.addOrBeRefused(kPort, direction, type), "true", "false");
+    node.expectFit(kPort, type);
+    return false;
+}
+
+void ports(Trial& trial) {
+    UnnoticedFailures failures;
+    for (const Direction direction : kBothDirections)
+        sweep(trial, direction, singleFaults,
+              [&](EditedNode& node, const Type& type, const HostCall& call) {
+                  const ShownMessages messages;
+                  const bool isSilent =
+                      addOrAddLater(trial, node, direction, type) && messages.all().empty();
+                  failures.count(call, kPort, type, isSilent && !isAsUsual(node, direction, type));
+              });
+    failures.warn(trial, "gives the port other attributes than usual");
+}
+
+void portsPairs(Trial& trial) {
+    constexpr std::size_t kMost = 1000;
+    sweep(
+        trial, Direction::Input,
+        [&](std::size_t calls) { return pairFaults(calls, kMost, trial.seed()); },
+        [&](EditedNode& node, const Type& type, const HostCall&) {
+            addOrAddLater(trial, node, Direction::Input, type);
+        });
+}
+
+}  // namespace
+
+std::vector<Case> failingPortCases() {
+    return {
+        {"failing-hosts/ports",
+         "A port is there with its attribute, or it is not there and people know why.", ports},
+        {"failing-hosts/ports-pairs", "What fails once mostly fails again at once.", portsPairs},
+    };
+}
+
+}  // namespace Tolvane::Tools

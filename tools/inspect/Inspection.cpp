@@ -1,0 +1,57 @@
+#include "tools/inspect/Inspection.h"
+
+#include "tools/inspect/TypedNode.h"
+
+#include <algorithm>
+
+namespace Tolvane::Tools {
+namespace {
+
+std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
+    Pelmor::Array<Pelmor::String> list;
+    translation.getSupportedTypeNames(list);
+    std::vector<std::string> names;
+    for (const Pelmor::String& name : list) names.emplace_back(name.c_str());
+    return names;
+}
+
+void addMessages(TypeInspection& inspection, const TypedNode::Port& port) {
+    auto& all = inspection.messages;
+    for (const std::string& message : port.messages)
+        if (std::find(all.begin(), all.end(), message) == all.end()) all.push_back(message);
+}
+
+void addPorts(TypeInspection& inspection, const TavrikGraph::Executor::TypeTranslation& translation,
+              const Pelmor::Type& type) {
+    const TypedNode node(translation, type);
+    if (node.input().shape) inspection.input = treeOf(*node.input().shape);
+    if (node.output().shape) inspection.output = treeOf(*node.output().shape);
+    addMessages(inspection, node.input());
+    addMessages(inspection, node.output());
+}
+
+}  // namespace
+
+bool Inspection::ok() const {
+    return std::all_of(types.begin(), types.end(), [](const TypeInspection& type) {
+        return !type.isNamed || !type.isKnown || (type.input && type.output);
+    });
+}
+
+std::vector<TypeInspection> inspectTypes(const TavrikGraph::Executor::TypeTranslation& translation,
+                                         const Pelmor::Library& library,
+                                         const std::vector<std::string>& types) {
+    const std::vector<std::string> named = namesOf(translation);
+    for (const std::string& name : types) typeNamed(name, library);
+    std::vector<TypeInspection> inspections;
+    for (const std::string& name : types.empty() ? named : types) {
+        const auto type = library.findType(name.c_str());
+        const bool isNamed = std::find(named.begin(), named.end(), name) != named.end();
+        TypeInspection inspection{name, isNamed, type.has_value()};
+        if (type) addPorts(inspection, translation, *type);
+        inspections.push_back(std::move(inspection));
+    }
+    return inspections;
+}
+
+}  // namespace Tolvane::Tools

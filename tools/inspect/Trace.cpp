@@ -1,0 +1,246 @@
+#include "tools/inspect/Trace.h"
+
+#include "tools/inspect/TypedNode.h"
+#include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
+
+#include <OpenVornik/VErrorListener.h>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+#ifdef TOLVANE_OBSERVATION
+#include <OpenVornik/Testing/CallObserver.h>
+#endif
+
+namespace Tolvane::Tools {
+namespace {
+
+using TavrikGraph::Executor::TypeTranslation;
+using Clock = std::chrono::steady_clock;
+using Trace = std::vector<TracedTranslation>;
+using Nodes = std::vector<std::unique_ptr<TypedNode>>;
+using Durations = std::vector<std::chrono::nanoseconds>;
+
+constexpr std::size_t kTimes = 9;
+
+std::chrono::nanoseconds median(Durations durations) {
+    const auto middle = durations.begin() + static_cast<std::ptrdiff_t>(durations.size() / 2);
+    std::nth_element(durations.begin(), middle, durations.end());
+    return *middle;
+}
+
+// A node of each type, with data in its input.
+Nodes nodesOf(const TypeTranslation& translation, const std::vector<Pelmor::Type>& types,
+              const FillPort& fill) {
+    Nodes nodes;
+    for (const Pelmor::Type& type : types) {
+        nodes.push_back(std::make_unique<TypedNode>(translation, type));
+        TypedNode& node = *nodes.back();
+        if (!node.hasBothPorts())
+            throw Error(
+                Stage::Ports, "",
+                "ports of " + oneLine(type.getFullyQualifiedName().c_str()) + " get no attribute");
+        fill(node.inputPlace());
+    }
+    return nodes;
+}
+
+// Calls `carry(node, isInput, carry it out)` for each value of an evaluation, in order.
+template <typename Carry>
+void evaluate(const Nodes& nodes, const Carry& carry) {
+    std::vector<Pelmor::AnyValue> values(nodes.size());
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        carry(i, true, [&] {
+            const bool wasRead = nodes[i]->read(values[i]);
+            return std::pair(wasRead, values[i].hasValue());
+        });
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        carry(i, false, [&] {
+            const bool hasValue = values[i].hasValue();
+            return std::pair(nodes[i]->write(values[i]), hasValue);
+        });
+}
+
+std::size_t depthOf(const std::string& subject) {
+    return static_cast<std::size_t>(
+        std::count_if(subject.begin(), subject.end(),
+                      [](char character) { return character == '.' || character == '['; }));
+}
+
+#ifdef TOLVANE_OBSERVATION
+
+std::string withoutNode(const char* text) {
+    constexpr std::string_view kNode = "node.";
+    const std::string_view whole = text;
+    return std::string(whole.substr(0, kNode.size()) == kNode ? whole.substr(kNode.size()) : whole);
+}
+
+class Tracer : public OpenVornik::Testing::CallObserver {
+public:
+    // The call of this number fails, counted from 1.
+    Tracer(std::vector<TracedCall>& calls, std::optional<std::size_t> fails)
+        : m_calls(calls), m_fails(fails) {}
+
+private:
+    VStatus::Code called(const OpenVornik::Testing::Call& told) override {
+        ObservedCall call{std::string(told.operation), withoutNode(told.subject.asChar()),
+                          told.index, withoutNode(told.argument.asChar())};
+        // What is made of nothing belongs to what came before.
+        if (!call.subject.empty() && call.subject != "node") m_depth = depthOf(call.subject);
+        TracedCall& traced = m_calls.emplace_back(TracedCall{std::move(call), m_depth});
+        traced.wasMadeToFail = m_calls.size() == m_fails;
+        return traced.wasMadeToFail ? VStatus::kFailure : VStatus::kSuccess;
+    }
+
+    std::vector<TracedCall>& m_calls;
+    std::optional<std::size_t> m_fails;
+    std::size_t m_depth = 0;
+};
+
+#else
+
+class Tracer {
+public:
+    Tracer(std::vector<TracedCall>&, std::optional<std::size_t>) {
+        throw Error("the host that this program was built with does not let its calls be watched");
+    }
+};
+
+#endif
+
+// Whoever gets a value of an output to see gets it to be written: the other node shows what was
+// there before.
+bool givesPlaceToWrite(const TracedTranslation& traced, const ObservedCall& call) {
+    constexpr std::string_view kAccessor = "VDataHandle::as";
+    return !traced.isInput && call.operation.compare(0, kAccessor.size(), kAccessor) == 0;
+}
+
+// Once nobody watches any more, which would take most of the time.
+void addAnswers(TracedTranslation& traced, const VObject& twin) {
+    HostMirror mirror(twin);
+    for (TracedCall& call : traced.calls) {
+        if (call.wasMadeToFail)
+            mirror.fail(call.call);
+        else
+            call.answer = mirror.repeat(call.call);
+        if (call.answer && givesPlaceToWrite(traced, call.call))
+            call.answer->result = "a place to write to";
+    }
+}
+
+Trace traceOnce(const TypeTranslation& translation, const std::vector<Pelmor::Type>& types,
+                const FillPort& fill, const TraceOptions& options) {
+    const Nodes nodes = nodesOf(translation, types, fill);
+    const Nodes twins = nodesOf(translation, types, fill);
+    Trace trace;
+    std::size_t before = 0;
+    evaluate(nodes, [&](std::size_t i, bool isInput, const auto& carry) {
+        if (!(isInput ? options.in : options.out)) {
+            carry();
+            return;
+        }
+        TracedTranslation& traced = trace.emplace_back();
+        traced.typeName = types[i].getFullyQualifiedName().c_str();
+        traced.isInput = isInput;
+        std::optional<std::size_t> fails;
+        if (options.fail && *options.fail > before) fails = *options.fail - before;
+        const VErrorListener listener(
+            [&](const VString& message) { traced.messages.emplace_back(message.asChar()); });
+        {
+            const Tracer tracer(traced.calls, fails);
+            std::tie(traced.wasTranslated, traced.hasValue) = carry();
+        }
+        addAnswers(traced, twins[i]->hostNode());
+        before += traced.calls.size();
+    });
+    return trace;
+}
+
+// In the order of the trace.
+Durations durationsOnce(const TypeTranslation& translation, const std::vector<Pelmor::Type>& types,
+                        const FillPort& fill, const TraceOptions& options) {
+    const Nodes nodes = nodesOf(translation, types, fill);
+    // Whoever reads the trace has seen the messages.
+    const VErrorListener listener([](const VString&) {});
+    Durations durations;
+    evaluate(nodes, [&](std::size_t, bool isInput, const auto& carry) {
+        const Clock::time_point begin = Clock::now();
+        carry();
+        const Clock::duration duration = Clock::now() - begin;
+        if (isInput ? options.in : options.out) durations.push_back(duration);
+    });
+    return durations;
+}
+
+// The calls of an evaluation are the same each time, unless the library decides otherwise.
+bool haveSameCalls(const Trace& a, const Trace& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const TracedTranslation& x, const TracedTranslation& y) {
+                          return x.calls.size() == y.calls.size();
+                      });
+}
+
+void takeMedians(Trace& trace, const std::vector<Trace>& others) {
+    for (std::size_t i = 0; i < trace.size(); ++i)
+        for (std::size_t j = 0; j < trace[i].calls.size(); ++j) {
+            auto& answer = trace[i].calls[j].answer;
+            if (!answer) continue;
+            Durations durations{answer->duration};
+            for (const Trace& other : others)
+                if (const auto& same = other[i].calls[j].answer)
+                    durations.push_back(same->duration);
+            answer->duration = median(std::move(durations));
+        }
+}
+
+}  // namespace
+
+std::chrono::nanoseconds TracedTranslation::durationOfCalls() const {
+    std::chrono::nanoseconds sum{};
+    for (const TracedCall& call : calls)
+        if (call.answer) sum += call.answer->duration;
+    return sum;
+}
+
+std::optional<std::chrono::nanoseconds> TracedTranslation::durationOutside() const {
+    if (!duration) return std::nullopt;
+    return std::max(*duration - durationOfCalls(), std::chrono::nanoseconds::zero());
+}
+
+std::vector<TracedTranslation> traceEvaluation(const TypeTranslation& translation,
+                                               const std::vector<Pelmor::Type>& types,
+                                               const FillPort& fill, const TraceOptions& options) {
+    // What a library does but once is done in the first.
+    durationsOnce(translation, types, fill, options);
+    Trace trace = traceOnce(translation, types, fill, options);
+    if (options.fail && *options.fail > callsOf(trace))
+        throw Error(Stage::Usage, "",
+                    "--fail " + std::to_string(*options.fail) + ": there are only " +
+                        std::to_string(callsOf(trace)) + " calls");
+    std::vector<Trace> others;
+    std::vector<Durations> durations(trace.size());
+    for (std::size_t time = 0; time < kTimes; ++time) {
+        Trace other = traceOnce(translation, types, fill, options);
+        if (haveSameCalls(trace, other)) others.push_back(std::move(other));
+        if (options.fail) continue;
+        const Durations once = durationsOnce(translation, types, fill, options);
+        for (std::size_t i = 0; i < trace.size(); ++i) durations[i].push_back(once[i]);
+    }
+    takeMedians(trace, others);
+    if (!options.fail)
+        for (std::size_t i = 0; i < trace.size(); ++i)
+            trace[i].duration = median(std::move(durations[i]));
+    return trace;
+}
+
+std::size_t callsOf(const std::vector<TracedTranslation>& trace) {
+    std::size_t count = 0;
+    for (const TracedTranslation& each : trace) count += each.calls.size();
+    return count;
+}
+
+}  // namespace Tolvane::Tools

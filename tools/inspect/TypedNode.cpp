@@ -1,0 +1,68 @@
+#include "tools/inspect/TypedNode.h"
+
+#include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
+
+#include <OpenVornik/VDGModifier.h>
+#include <OpenVornik/VErrorListener.h>
+#include <OpenVornik/VFnDependencyNode.h>
+
+#include <set>
+
+namespace Tolvane::Tools {
+
+using namespace TavrikGraph::Executor;
+
+TypedNode::TypedNode(const TypeTranslation& translation, const Pelmor::Type& type)
+    : m_translation(translation),
+      m_type(type),
+      m_node(VFnDependencyNode().create("node")),
+      m_data(VFnDependencyNode(m_node).dataBlock()),
+      m_input(addPort("in", PortDirection::Input)),
+      m_output(addPort("out", PortDirection::Output)) {}
+
+bool TypedNode::read(Pelmor::AnyValue& value) {
+    const HostContext context{this, &m_input.shape->plug, &m_data};
+    return m_translation.translateFromHost(m_type, value, context);
+}
+
+bool TypedNode::write(const Pelmor::AnyValue& value) {
+    const HostContext context{this, &m_output.shape->plug, &m_data};
+    return m_translation.translateToHost(value, context);
+}
+
+TypedNode::Port TypedNode::addPort(const char* name, PortDirection direction) {
+    Port port;
+    const VErrorListener listener(
+        [&](const VString& message) { port.messages.emplace_back(message.asChar()); });
+    VDGModifier modifier;
+    NodeEditContext context{this, m_node, nullptr, &modifier};
+    if (!m_translation.portAdded(name, direction, m_type, 0, 0, &context)) return port;
+    const VPlug plug = VFnDependencyNode(m_node).findPlug(name);
+    if (!plug.isNull()) port.shape = shapeOf(plug);
+    return port;
+}
+
+std::vector<Pelmor::Type> carriedTypes(const TypeTranslation& translation,
+                                       const Pelmor::Library& types) {
+    Pelmor::Array<Pelmor::String> names;
+    translation.getSupportedTypeNames(names);
+    std::vector<Pelmor::Type> carried;
+    std::set<std::string> seen;
+    for (const Pelmor::String& name : names) {
+        const auto type = types.findType(name);
+        if (type && seen.insert(name.c_str()).second) carried.push_back(*type);
+    }
+    return carried;
+}
+
+Pelmor::Type typeNamed(const std::string& name, const Pelmor::Library& types) {
+    const auto type = types.findType(name.c_str());
+    if (!type)
+        throw Error(
+            Stage::Usage, "",
+            "the graph does not know the type " + inQuotes(oneLine(name)) + " (see --types)");
+    return *type;
+}
+
+}  // namespace Tolvane::Tools

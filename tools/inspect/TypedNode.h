@@ -1,0 +1,65 @@
+// A host node with an input and an output port of one type, as a library makes them.
+#pragma once
+
+#include "tools/node/DataShape.h"
+
+#include <OpenVornik/VDataBlock.h>
+#include <OpenVornik/VObject.h>
+#include <Pelmor/AnyValue.h>
+#include <Pelmor/Type.h>
+#include <TavrikGraph/Executor/TypeTranslation.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Tolvane::Tools {
+
+class TypedNode {
+public:
+    struct Port {
+        // Nothing if the port got no attribute.
+        std::optional<DataShape> shape;
+        // What the user was shown meanwhile.
+        std::vector<std::string> messages;
+    };
+
+    // `translation` must outlive the node.
+    TypedNode(const TavrikGraph::Executor::TypeTranslation& translation, const Pelmor::Type& type);
+
+    const Pelmor::Type& type() const noexcept { return m_type; }
+    const VObject& hostNode() const noexcept { return m_node; }
+    VDataBlock& data() noexcept { return m_data; }
+    // They are called "in" and "out".
+    const Port& input() const noexcept { return m_input; }
+    const Port& output() const noexcept { return m_output; }
+    bool hasBothPorts() const noexcept { return m_input.shape && m_output.shape; }
+
+    // The data of a port that has an attribute.
+    DataPlace inputPlace() { return place(*m_input.shape); }
+    DataPlace outputPlace() { return place(*m_output.shape); }
+
+    // Each has one value carried, as an evaluation does, and returns whether it was.
+    bool read(Pelmor::AnyValue& value);
+    bool write(const Pelmor::AnyValue& value);
+
+private:
+    Port addPort(const char* name, TavrikGraph::Executor::PortDirection direction);
+    DataPlace place(const DataShape& shape) { return {shape, m_data.outputValue(shape.plug)}; }
+
+    const TavrikGraph::Executor::TypeTranslation& m_translation;
+    Pelmor::Type m_type;
+    VObject m_node;
+    VDataBlock m_data;
+    Port m_input;
+    Port m_output;
+};
+
+// Those that the library names and the graph knows, each once, in the library's order.
+std::vector<Pelmor::Type> carriedTypes(const TavrikGraph::Executor::TypeTranslation& translation,
+                                       const Pelmor::Library& types);
+
+// The type of this name. Throws Error if the graph does not know it.
+Pelmor::Type typeNamed(const std::string& name, const Pelmor::Library& types);
+
+}  // namespace Tolvane::Tools

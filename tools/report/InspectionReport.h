@@ -1,0 +1,14 @@
+// Prints what is in a library: for a person a tree of each type's attributes, for a program one
+// JSON object.
+#pragma once
+
+#include "tools/inspect/Inspection.h"
+
+#include <iosfwd>
+
+namespace Tolvane::Tools {
+
+void printInspection(std::ostream& out, const Inspection& inspection);
+void printInspectionAsJson(std::ostream& out, const Inspection& inspection);
+
+}  // namespace Tolvane::Tools

@@ -1,0 +1,278 @@
+#include "tools/report/TraceReport.h"
+
+#include "tools/report/Table.h"
+#include "tools/support/Columns.h"
+#include "tools/support/OneLine.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <ostream>
+#include <sstream>
+
+#include <nlohmann/json.hpp>
+
+namespace Tolvane::Tools {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Nanoseconds = std::chrono::nanoseconds;
+
+constexpr std::size_t kNumberColumns = 7;
+constexpr std::size_t kTimeColumns = 10;
+constexpr std::size_t kValueColumns = 24;
+constexpr const char* kOutside = "outside host calls";
+
+std::string inWords(Nanoseconds time) {
+    const auto count = time.count();
+    if (count < 10'000) return grouped(static_cast<std::size_t>(count)) + " ns";
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(1);
+    if (count < 10'000'000)
+        text << static_cast<double>(count) / 1e3 << " µs";
+    else
+        text << static_cast<double>(count) / 1e6 << " ms";
+    return text.str();
+}
+
+std::string percentOf(Nanoseconds part, Nanoseconds whole) {
+    if (whole.count() == 0) return "";
+    std::ostringstream text;
+    text << std::fixed << std::setprecision(1)
+         << 100.0 * static_cast<double>(part.count()) / static_cast<double>(whole.count()) << " %";
+    return text.str();
+}
+
+std::string toTheRight(const std::string& text, std::size_t columns) {
+    const std::size_t taken = columnsOf(text);
+    return std::string(columns > taken ? columns - taken : 0, ' ') + text;
+}
+
+// "VPlug::child(0) on in = in.names"
+std::string inWords(const TracedCall& traced) {
+    const ObservedCall& call = traced.call;
+    std::string given = call.index < 0 ? "" : std::to_string(call.index);
+    if (!call.argument.empty()) given += (given.empty() ? "" : ", ") + call.argument;
+    std::string text = call.operation;
+    if (!given.empty()) text += "(" + shortened(oneLine(given), kValueColumns) + ")";
+    if (!call.subject.empty()) text += " on " + call.subject;
+    if (traced.wasMadeToFail) return text + " MADE TO FAIL";
+    if (traced.answer && !traced.answer->result.empty())
+        text += " = " + shortened(oneLine(traced.answer->result), kValueColumns);
+    return text;
+}
+
+void printCall(std::ostream& out, const TracedCall& traced, std::size_t number) {
+    const std::size_t indent = kNumberColumns + kTimeColumns + 2 + 2 * traced.depth;
+    const std::string time = traced.answer ? inWords(traced.answer->duration) : "-";
+    out << toTheRight(grouped(number), kNumberColumns) << toTheRight(time, kTimeColumns)
+        << std::string(2 + 2 * traced.depth, ' ')
+        << shortened(oneLine(inWords(traced)),
+                     std::max<std::size_t>(kLineColumns - std::min(indent, kLineColumns), 20))
+        << "\n";
+}
+
+std::string outcomeOf(const TracedTranslation& translation) {
+    std::string text = translation.wasTranslated ? "carried" : "NOT CARRIED";
+    if (translation.isInput && translation.wasTranslated != translation.hasValue)
+        text += translation.hasValue ? ", but with a value" : ", but WITHOUT A VALUE";
+    text += ", " + grouped(translation.calls.size()) + " host calls";
+    if (translation.duration)
+        text += ", " + inWords(*translation.duration) + ", of which " +
+                percentOf(*translation.durationOutside(), *translation.duration) +
+                " outside host calls";
+    return text;
+}
+
+// All of one operation.
+struct Sum {
+    std::string operation;
+    std::size_t calls = 0;
+    Nanoseconds time{};
+};
+
+// Those that take most come first.
+std::vector<Sum> sumsOf(const TraceReport& report) {
+    std::vector<Sum> sums;
+    for (const TracedTranslation& translation : report.translations)
+        for (const TracedCall& traced : translation.calls) {
+            auto sum = std::find_if(sums.begin(), sums.end(), [&](const Sum& each) {
+                return each.operation == traced.call.operation;
+            });
+            if (sum == sums.end()) sum = sums.insert(sum, {traced.call.operation});
+            ++sum->calls;
+            if (traced.answer) sum->time += traced.answer->duration;
+        }
+    std::stable_sort(sums.begin(), sums.end(),
+                     [](const Sum& a, const Sum& b) { return a.time > b.time; });
+    return sums;
+}
+
+struct Totals {
+    Nanoseconds calls{};
+    // Nothing where a call was made to fail.
+    std::optional<Nanoseconds> outside = Nanoseconds();
+
+    Nanoseconds whole() const { return calls + outside.value_or(Nanoseconds()); }
+};
+
+Totals totalsOf(const TraceReport& report) {
+    Totals totals;
+    for (const TracedTranslation& translation : report.translations) {
+        totals.calls += translation.durationOfCalls();
+        const auto outside = translation.durationOutside();
+        if (outside && totals.outside)
+            *totals.outside += *outside;
+        else
+            totals.outside.reset();
+    }
+    return totals;
+}
+
+void printSums(std::ostream& out, const TraceReport& report) {
+    const Totals totals = totalsOf(report);
+    Table table({"Operation", "Calls", "Time", "Mean", "Share"});
+    for (const Sum& sum : sumsOf(report))
+        table.addRow({sum.operation, grouped(sum.calls), inWords(sum.time),
+                      inWords(sum.time / static_cast<Nanoseconds::rep>(sum.calls)),
+                      percentOf(sum.time, totals.whole())});
+    if (totals.outside)
+        table.addRow({kOutside, "", inWords(*totals.outside), "",
+                      percentOf(*totals.outside, totals.whole())});
+    out << "\n";
+    table.print(out);
+}
+
+const char* directionOf(const TracedTranslation& translation) {
+    return translation.isInput ? "in" : "out";
+}
+
+Json jsonOf(const std::optional<Nanoseconds>& time) { return time ? Json(time->count()) : Json(); }
+
+Json jsonOf(const TracedCall& traced, std::size_t number) {
+    const auto& answer = traced.answer;
+    return {{"number", number},
+            {"operation", traced.call.operation},
+            {"subject", traced.call.subject},
+            {"index", traced.call.index < 0 ? Json() : Json(traced.call.index)},
+            {"argument", traced.call.argument},
+            {"depth", traced.depth},
+            {"result", answer ? Json(answer->result) : Json()},
+            {"ns", answer ? Json(answer->duration.count()) : Json()},
+            {"madeToFail", traced.wasMadeToFail}};
+}
+
+void dump(std::ostream& out, const Json& json) {
+    // JSON is UTF-8, which texts of the host need not be.
+    out << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+double microseconds(double nanoseconds) { return nanoseconds / 1e3; }
+
+Json eventOf(const std::string& name, const char* category, double begin, double duration,
+             const Json& arguments) {
+    return {{"name", name},
+            {"cat", category},
+            {"ph", "X"},
+            {"ts", microseconds(begin)},
+            {"dur", microseconds(duration)},
+            {"pid", 1},
+            {"tid", 1},
+            {"args", arguments}};
+}
+
+// Both in nanoseconds from the beginning of the trace.
+void addEvents(Json& events, const TracedTranslation& translation, double& time,
+               std::size_t& number) {
+    const double begin = time;
+    const double outside =
+        static_cast<double>(translation.durationOutside().value_or(Nanoseconds()).count());
+    const double gap = outside / static_cast<double>(translation.calls.size() + 1);
+    Json calls = Json::array();
+    for (const TracedCall& traced : translation.calls) {
+        time += gap;
+        const double duration =
+            traced.answer ? static_cast<double>(traced.answer->duration.count()) : 0;
+        calls.push_back(
+            eventOf(traced.call.operation, "host", time, duration, jsonOf(traced, ++number)));
+        time += duration;
+    }
+    time += gap;
+    events.push_back(eventOf(std::string(directionOf(translation)) + " " + translation.typeName,
+                             "translation", begin, time - begin,
+                             {{"translated", translation.wasTranslated}}));
+    for (Json& call : calls) events.push_back(std::move(call));
+}
+
+}  // namespace
+
+bool TraceReport::ok() const {
+    return std::all_of(translations.begin(), translations.end(),
+                       [](const TracedTranslation& each) { return each.wasTranslated; });
+}
+
+void printTrace(std::ostream& out, const TraceReport& report) {
+    out << "Library  " << oneLine(report.library) << "\n"
+        << "Data     " << oneLine(report.data) << "\n";
+    std::size_t number = 0;
+    for (const TracedTranslation& translation : report.translations) {
+        out << "\n"
+            << wrapped((translation.isInput ? "In: " : "Out: ") + oneLine(translation.typeName) +
+                           ": " + outcomeOf(translation),
+                       0)
+            << "\n";
+        for (const TracedCall& call : translation.calls) printCall(out, call, ++number);
+        for (const std::string& message : translation.messages)
+            out << wrapped("The host displayed: " + oneLine(message), 2) << "\n";
+    }
+    printSums(out, report);
+    out << "\n"
+        << wrapped(
+               "Each call was repeated on another node of the same shape, which gave its result"
+               " and its time; \"-\" is not known. What is outside is the time of evaluations"
+               " that nobody watched, without that of the calls, of which one by itself may"
+               " take a little longer than among others.",
+               0)
+        << "\n";
+}
+
+void printTraceAsJson(std::ostream& out, const TraceReport& report) {
+    Json translations = Json::array();
+    std::size_t number = 0;
+    for (const TracedTranslation& translation : report.translations) {
+        Json calls = Json::array();
+        for (const TracedCall& call : translation.calls) calls.push_back(jsonOf(call, ++number));
+        translations.push_back({{"type", translation.typeName},
+                                {"direction", directionOf(translation)},
+                                {"translated", translation.wasTranslated},
+                                {"hasValue", translation.hasValue},
+                                {"hostMessages", Json(translation.messages)},
+                                {"ns", jsonOf(translation.duration)},
+                                {"nsOutside", jsonOf(translation.durationOutside())},
+                                {"calls", calls}});
+    }
+    Json operations = Json::array();
+    for (const Sum& sum : sumsOf(report))
+        operations.push_back(
+            {{"operation", sum.operation}, {"calls", sum.calls}, {"ns", sum.time.count()}});
+    const Totals totals = totalsOf(report);
+    dump(out, {{"library", report.library},
+               {"data", report.data},
+               {"translations", translations},
+               {"operations", operations},
+               {"nsOfCalls", totals.calls.count()},
+               {"nsOutside", jsonOf(totals.outside)},
+               {"ok", report.ok()}});
+}
+
+void printTraceEvents(std::ostream& out, const TraceReport& report) {
+    Json events = Json::array();
+    double time = 0;
+    std::size_t number = 0;
+    for (const TracedTranslation& translation : report.translations)
+        addEvents(events, translation, time, number);
+    dump(out, {{"traceEvents", events},
+               {"displayTimeUnit", "ns"},
+               {"otherData", {{"library", report.library}, {"data", report.data}}}});
+}
+
+}  // namespace Tolvane::Tools
