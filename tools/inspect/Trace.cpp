@@ -65,13 +65,13 @@ void evaluate(const Nodes& nodes, const Carry& carry) {
         });
 }
 
+#ifdef TOLVANE_OBSERVATION
+
 std::size_t depthOf(const std::string& subject) {
     return static_cast<std::size_t>(
         std::count_if(subject.begin(), subject.end(),
                       [](char character) { return character == '.' || character == '['; }));
 }
-
-#ifdef TOLVANE_OBSERVATION
 
 std::string withoutNode(const char* text) {
     constexpr std::string_view kNode = "node.";
