@@ -1,5 +1,5 @@
 // `tolvane` from outside, as far as it is the same for every command.
-#include "tests/tools/TolvaneProcess.h"
+#include "tests/support/TolvaneProcess.h"
 
 #include <algorithm>
 #include <sstream>

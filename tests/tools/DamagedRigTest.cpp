@@ -3,10 +3,10 @@
 //
 // Each kind of damage is done to each format with the seeds 1 to 4, or with the seeds A to B if
 // TOLVANE_BAD_RIGS=A:B is in the environment: 1:42 damages 2016 files. How they ended is printed.
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TolvaneProcess.h"
 #include "tests/tools/Damage.h"
 #include "tests/tools/RigFormats.h"
-#include "tests/tools/TemporaryFolder.h"
-#include "tests/tools/TolvaneProcess.h"
 #include "tools/rig/FrameRange.h"
 #include "tools/rig/LoadRig.h"
 #include "tools/support/OneLine.h"

@@ -1,5 +1,5 @@
+#include "tests/support/TemporaryFolder.h"
 #include "tests/tools/SampleRigs.h"
-#include "tests/tools/TemporaryFolder.h"
 #include "tools/node/RigFrame.h"
 #include "tools/rig/LoadRig.h"
 

@@ -1,4 +1,4 @@
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tools/report/OutputFile.h"
 #include "tools/support/Error.h"
 

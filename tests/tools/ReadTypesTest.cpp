@@ -1,6 +1,6 @@
 // Files that describe types, and how those that do not are refused.
 
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tools/support/Error.h"
 #include "tools/types/ReadTypes.h"
 

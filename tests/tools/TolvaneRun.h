@@ -1,8 +1,8 @@
 // What the tests of `tolvane run` share: a folder of their own, and a small rig in it.
 #pragma once
 
+#include "tests/support/TolvaneProcess.h"
 #include "tests/tools/SampleRigs.h"
-#include "tests/tools/TolvaneProcess.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // Runs the built `tolvane` as a user would, and keeps what it printed.
 #pragma once
 
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <cstdlib>
 #include <string>
@@ -22,12 +22,14 @@ inline std::string quoted(const std::string& text) {
     return result + "'";
 }
 
-// `environment` is of the form NAME=VALUE. A process that takes longer than a minute is killed. A
+// `environment` is of the form NAME=VALUE. A process that takes longer than `seconds` is killed. A
 // process that was killed has a status above 2 or below 0.
 inline TolvaneProcess runTolvane(const std::vector<std::string>& arguments,
-                                 const std::string& environment = "TOLVANE_TEST_FAULT=") {
+                                 const std::string& environment = "TOLVANE_TEST_FAULT=",
+                                 int seconds = 60) {
     const TemporaryFolder folder;
-    std::string command = "timeout -s KILL 60 env " + quoted(environment) + " " + quoted(TOLVANE);
+    std::string command = "timeout -s KILL " + std::to_string(seconds) + " env " +
+                          quoted(environment) + " " + quoted(TOLVANE);
     for (const std::string& argument : arguments) command += " " + quoted(argument);
     command += " </dev/null >" + quoted(folder.path("out")) + " 2>" + quoted(folder.path("err"));
     const int result = std::system(command.c_str());
