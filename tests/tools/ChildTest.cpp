@@ -1,5 +1,5 @@
 #include "tests/tools/Sanitized.h"
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tools/process/Child.h"
 
 #include <csignal>

@@ -1,6 +1,6 @@
 // Rigs of many kinds whose contents are known otherwise than by reading them: known_rigs/ has the
 // script that makes them and says what is in them.
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tools/node/RigFrame.h"
 #include "tools/rig/LoadRig.h"
 #include "tools/rig/RigInfo.h"

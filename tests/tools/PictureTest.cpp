@@ -1,6 +1,6 @@
 #include "tests/tools/DrawnRig.h"
-#include "tests/tools/TemporaryFolder.h"
-#include "tests/tools/TolvaneProcess.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TolvaneProcess.h"
 #include "tools/view/Picture.h"
 
 #include <cmath>

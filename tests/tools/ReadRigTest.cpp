@@ -1,5 +1,5 @@
 #include "tests/tools/SampleRigs.h"
-#include "tests/tools/TemporaryFolder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tools/rig/ReadRig.h"
 #include "tools/rig/RigMessage.h"
 #include "tools/support/Error.h"

@@ -1,5 +1,5 @@
 // `tolvane inspect` from outside.
-#include "tests/tools/TolvaneProcess.h"
+#include "tests/support/TolvaneProcess.h"
 #include "tools/support/Columns.h"
 
 #include <sstream>

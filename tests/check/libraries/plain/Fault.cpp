@@ -32,7 +32,7 @@ struct Loading {
         if (fault("loading/again-and-again: file")) open("/dev/null", O_RDONLY);
         if (fault("loading/again-and-again: thread")) leaveThread();
         if (fault("loading/silent")) std::puts("Plain is loaded");
-        if (fault("loading/quickly")) std::this_thread::sleep_for(std::chrono::milliseconds(250));
+        if (fault("loading/quickly")) std::this_thread::sleep_for(std::chrono::milliseconds(130));
     }
     ~Loading() {
         if (isMarkedByThisCopy) unsetenv(kMark);

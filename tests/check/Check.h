@@ -1,0 +1,37 @@
+// What `tolvane check` says of a library, run as its users run it.
+#pragma once
+
+#include "tests/support/TolvaneProcess.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+// By the names of the cases.
+using Verdicts = std::map<std::string, nlohmann::json>;
+
+// `environment` is of the form NAME=VALUE.
+inline Verdicts check(const std::string& library, const std::vector<std::string>& options,
+                      const std::string& environment = "TOLVANE_TEST_FAULT=") {
+    std::vector<std::string> arguments{"check", library, "--json"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const TolvaneProcess process = runTolvane(arguments, environment, 600);
+    Verdicts verdicts;
+    EXPECT_EQ(process.errors, "");
+    const auto report = nlohmann::json::parse(process.output, nullptr, false);
+    if (report.is_discarded()) {
+        ADD_FAILURE() << "no JSON, and status " << process.status << "\n" << process.output;
+        return verdicts;
+    }
+    for (const auto& each : report["cases"]) verdicts[each["name"]] = each;
+    EXPECT_EQ(process.status, report["failed"] == 0 ? 0 : 1);
+    return verdicts;
+}
+
+inline std::string verdictOf(const Verdicts& verdicts, const std::string& name) {
+    const auto found = verdicts.find(name);
+    return found == verdicts.end() ? "not tried" : found->second["verdict"].get<std::string>();
+}

@@ -1,0 +1,139 @@
+#include "tests/check/FaultTable.h"
+
+namespace {
+
+constexpr const char* kNoOther = "^$";
+
+}  // namespace
+
+const std::vector<FaultyLibrary>& faultyLibraries() {
+    // The faulty library, with the fault of the case's name.
+    const auto faulty = [](const std::string& tried, const std::string& also = kNoOther,
+                           const std::string& says = "") {
+        return FaultyLibrary{tried, FAULTY_LIBRARY, tried, "failed", also, says};
+    };
+    const auto warned = [&](const std::string& tried, const std::string& says,
+                            const std::string& also = kNoOther) {
+        return FaultyLibrary{tried, FAULTY_LIBRARY, tried, "warning", also, says};
+    };
+    const auto variant = [](const std::string& tried, const std::string& which,
+                            const std::string& also = kNoOther) {
+        return FaultyLibrary{tried, FAULTY_LIBRARY, tried + ": " + which, "failed", also};
+    };
+    const auto other = [](const std::string& tried, const std::string& library,
+                          const std::string& also, const std::string& says) {
+        return FaultyLibrary{tried, library, "", "failed", also, says};
+    };
+    static const std::vector<FaultyLibrary> all{
+        other("loading/loads", LIBRARY_WITH_UNDEFINED_SYMBOL, kNoOther, "createElsewhere"),
+        other("loading/needs-what-is-there", LIBRARY_NEEDING_GONE, kNoOther, "libcheck_gone.so"),
+        other("loading/factory", LIBRARY_WITHOUT_FACTORY, "^loading/exports-nothing-else$", "none"),
+        other("loading/factory", LIBRARY_GIVING_NULL, kNoOther, "null"),
+        faulty("loading/factory"),
+        {"loading/exports-nothing-else", LIBRARY_EXPORTING_MORE, "", "warning", kNoOther,
+         "anotherFunction"},
+        variant("loading/again-and-again", "memory"),
+        variant("loading/again-and-again", "file"),
+        variant("loading/again-and-again", "thread", "^hygiene/processes$"),
+        faulty("loading/silent"),
+        faulty("loading/second-copy", "^hygiene/environment$"),
+        warned("loading/quickly", "ms"),
+
+        faulty("object/two-factories"),
+        faulty("object/names-at-any-time", "^loading/second-copy$"),
+        faulty("object/names-from-eight-threads"),
+        faulty("object/names-replace"),
+        faulty("object/names-once"),
+        faulty("object/names-not-empty"),
+        warned("object/names-known", "Absent::Type"),
+        faulty("object/supported-types"),
+        warned("object/has-a-name", "no name"),
+        faulty("object/release-frees"),
+        faulty("object/release-beside-another", "^object/survives-another$"),
+        faulty("object/survives-another"),
+        faulty("object/port-changes"),
+
+        faulty("ports/one-attribute",
+               "^ports/(again|any-name|children-beside-ports|five-hundred|long-name)$"),
+        faulty("ports/shape", "^ports/(again|five-hundred|taken-name)$"),
+        faulty("ports/input-flags"),
+        faulty("ports/output-flags"),
+        faulty("ports/taken-name"),
+        faulty("ports/empty-name"),
+        faulty("ports/long-name"),
+        faulty("ports/any-name"),
+        faulty("ports/plain-types"),
+        faulty("ports/array-of-arrays"),
+        faulty("ports/foreign-type"),
+        faulty("ports/modifier-refuses"),
+        faulty("ports/modifier-fails"),
+        faulty("ports/again"),
+        faulty("ports/five-hundred"),
+        faulty("ports/children-beside-ports"),
+
+        // Whatever compares values sees it.
+        faulty("values/carried",
+               "^(values|threads)/|^object/(release-beside-another|survives-another)$"),
+        faulty("values/empty-arrays"),
+        faulty("values/one-element"),
+        faulty("values/many-elements"),
+        faulty("values/65537-elements"),
+        faulty("values/sparse-arrays", "^values/input-untouched$"),
+        faulty("values/growing", "^values/long-texts$"),
+        faulty("values/shrinking"),
+        faulty("values/same-length", "^values/(empty-texts|readings-share-nothing)$"),
+        faulty("values/not-numbers"),
+        faulty("values/extreme-numbers"),
+        faulty("values/empty-texts"),
+        faulty("values/long-texts"),
+        faulty("values/blank-edged-texts", "^values/any-byte-texts$"),
+        faulty("values/any-byte-texts"),
+        faulty("values/input-untouched",
+               "^(values/(copies-on-threads|holder-replaced)|threads/two-nodes)$"),
+        faulty("values/readings-share-nothing", "^(values/copies|threads/(first-use|two-nodes))$"),
+        faulty("values/held-value-stays", "^values/(copies|readings-share-nothing)$"),
+        faulty("values/holder-replaced"),
+        faulty("values/empty-holder"),
+        faulty("values/foreign-value"),
+        faulty("values/wrong-port"),
+        faulty("values/clean-after-success"),
+        faulty("values/copies", "^values/(copies-on-threads|held-value-stays)$"),
+        faulty("values/copies-on-threads"),
+        faulty("values/type-known"),
+
+        faulty("failing-hosts/reading",
+               "^failing-hosts/(messages|no-leak|reading-pairs|unnoticed-reading)$"),
+        faulty("failing-hosts/reading-pairs"),
+        faulty("failing-hosts/writing",
+               "^failing-hosts/"
+               "(dirty-after-failure|messages|no-leak|unnoticed-writing|writing-pairs)$"),
+        faulty("failing-hosts/writing-pairs"),
+        faulty("failing-hosts/ports"),
+        faulty("failing-hosts/ports-pairs"),
+        faulty("failing-hosts/dirty-after-failure"),
+        faulty("failing-hosts/no-leak"),
+        warned("failing-hosts/unnoticed-reading", "VArrayDataHandle::elementCount"),
+        warned("failing-hosts/unnoticed-writing", "VArrayDataHandle::set"),
+        faulty("failing-hosts/messages"),
+
+        faulty("threads/first-use"),
+        faulty("threads/two-nodes", "^threads/first-use$"),
+        {"threads/sanitizer", RACING_LIBRARY, "", "failed", "^threads/", "data race",
+         "LD_PRELOAD=" SANITIZER_RUNTIME},
+
+        faulty("thrift/memory", "^values/(copies-on-threads|holder-replaced)$"),
+        warned("thrift/allocations", "bytes"),
+        warned("thrift/host-calls", "calls"),
+        warned("thrift/names", "bytes", "^object/release-frees$"),
+
+        faulty("hygiene/environment"),
+        faulty("hygiene/files"),
+        faulty("hygiene/sockets"),
+        faulty("hygiene/processes"),
+        faulty("hygiene/folder"),
+        faulty("hygiene/locale"),
+        faulty("hygiene/signals"),
+        faulty("hygiene/floating-point"),
+    };
+    return all;
+}

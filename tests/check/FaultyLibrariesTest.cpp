@@ -1,0 +1,106 @@
+// The checker is checked: each case finds the mistake of a library that makes it, and no case finds
+// one that is not there.
+#include "tests/check/Check.h"
+#include "tests/check/FaultTable.h"
+
+#include <cctype>
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing::HasSubstr;
+
+const std::vector<std::string> kPlainTypes{"--types", PLAIN_TYPES};
+
+// They take long, and are tried where they are meant.
+constexpr const char* kDearCases =
+    "failing-hosts/|loading/again-and-again|thrift/(allocations|host-calls|memory)|"
+    "values/65537-elements";
+
+std::vector<std::string> optionsFor(const FaultyLibrary& row) {
+    const bool isOfHost = row.tried.rfind("failing-hosts/", 0) == 0;
+    const std::string meant = isOfHost ? "failing-hosts/" : row.tried + "$";
+    std::vector<std::string> options = kPlainTypes;
+    options.insert(options.end(), {"--only", "^(" + meant + "|(?!" + kDearCases + "))"});
+    return options;
+}
+
+class FaultyLibraries : public testing::TestWithParam<FaultyLibrary> {};
+
+bool isInOrder(const nlohmann::json& result) {
+    return result["verdict"] == "passed" || result["verdict"] == "skipped";
+}
+
+TEST_P(FaultyLibraries, AreFoundByTheirCaseAndNoOther) {
+    const FaultyLibrary& row = GetParam();
+    if (row.library.empty()) GTEST_SKIP() << "it cannot be built by this compiler";
+    const bool isChosen = row.environment.empty();
+    Verdicts verdicts = check(row.library, optionsFor(row),
+                              isChosen ? "TOLVANE_TEST_FAULT=" + row.fault : row.environment);
+    const auto meant = verdicts.extract(row.tried);
+    ASSERT_FALSE(meant.empty()) << "there is no such case";
+    EXPECT_EQ(meant.mapped()["verdict"], row.verdict) << meant.mapped();
+    EXPECT_THAT(meant.mapped().dump(), HasSubstr(row.says));
+    for (const auto& [name, result] : verdicts) {
+        const bool mayFindItToo = std::regex_search(name, std::regex(row.also));
+        EXPECT_TRUE(mayFindItToo || isInOrder(result)) << result;
+    }
+}
+
+// Such as "ports_shape", or "loading_factory_of_libtools_giving_null".
+std::string nameOfTest(const testing::TestParamInfo<FaultyLibrary>& info) {
+    const FaultyLibrary& row = info.param;
+    std::string name = row.fault;
+    if (name.empty())
+        name = row.tried + "_of_" + std::filesystem::path(row.library).stem().string();
+    for (char& each : name)
+        if (!std::isalnum(static_cast<unsigned char>(each))) each = '_';
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, FaultyLibraries, testing::ValuesIn(faultyLibraries()), nameOfTest);
+
+TEST(Cases, HaveEachALibraryThatTheyFindFaultWith) {
+    const TolvaneProcess process = runTolvane({"check", "--list", "--json"});
+    const auto list = nlohmann::json::parse(process.output);
+    std::set<std::string> cases;
+    for (const auto& each : list["cases"]) cases.insert(each["name"].get<std::string>());
+    std::set<std::string> tried;
+    for (const FaultyLibrary& row : faultyLibraries()) tried.insert(row.tried);
+    EXPECT_EQ(cases, tried);
+    EXPECT_GE(cases.size(), 60u);
+}
+
+// Nothing fails, and there are no warnings but those of these cases.
+void expectFit(const Verdicts& verdicts, const std::set<std::string>& warnings) {
+    EXPECT_GE(verdicts.size(), 60u);
+    std::set<std::string> warned;
+    for (const auto& [name, result] : verdicts)
+        if (result["verdict"] == "warning")
+            warned.insert(name);
+        else
+            EXPECT_TRUE(isInOrder(result)) << result;
+    EXPECT_EQ(warned, warnings);
+}
+
+// What does not look at statuses does not notice every failure of a host.
+const std::set<std::string> kUnnoticedFailures{
+    "failing-hosts/ports", "failing-hosts/unnoticed-reading", "failing-hosts/unnoticed-writing"};
+
+TEST(FitLibraries, OfPlainCodePassWithoutAWarning) {
+    expectFit(check(PLAIN_LIBRARY, kPlainTypes), {});
+}
+
+TEST(FitLibraries, SuchAsThePluginPass) { expectFit(check(PLUGIN, {}), kUnnoticedFailures); }
+
+TEST(FitLibraries, SuchAsTheExamplePass) {
+    expectFit(check(OWN_TRANSLATION, {"--types", OWN_TYPES}), kUnnoticedFailures);
+}
+
+}  // namespace
