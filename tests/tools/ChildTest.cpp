@@ -1,5 +1,5 @@
-#include "tests/tools/Sanitized.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/tools/Sanitized.h"
 #include "tools/process/Child.h"
 
 #include <csignal>

@@ -1,6 +1,6 @@
-#include "tests/tools/DrawnRig.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TolvaneProcess.h"
+#include "tests/tools/DrawnRig.h"
 #include "tools/view/Picture.h"
 
 #include <cmath>

@@ -1,5 +1,5 @@
-#include "tests/tools/SampleRigs.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/tools/SampleRigs.h"
 #include "tools/rig/ReadRig.h"
 #include "tools/rig/RigMessage.h"
 #include "tools/support/Error.h"

@@ -1,5 +1,5 @@
-#include "tests/tools/SampleRigs.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/tools/SampleRigs.h"
 #include "tools/process/Message.h"
 #include "tools/rig/LoadRig.h"
 #include "tools/rig/RigMessage.h"

@@ -1,6 +1,6 @@
 // `tolvane info` from outside.
-#include "tests/tools/SampleRigs.h"
 #include "tests/support/TolvaneProcess.h"
+#include "tests/tools/SampleRigs.h"
 
 #include <algorithm>
 #include <sstream>
