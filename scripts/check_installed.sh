@@ -100,6 +100,16 @@ own_translation() {
     figure "the page's commands with g++ and clang++, $(wc -l <"$logs/mistakes/caught") mistakes caught"
 }
 
+# The libraries that are fit, as they are installed and as the page has them built, and those that are not.
+tolvane_check() {
+    local face=$logs/own_g++/face
+    "$prefix/bin/tolvane" check "$prefix/lib/TolvanePlugin.so"
+    "$prefix/bin/tolvane" check "$face/build/FaceTranslation.so" --types "$face/types.json"
+    build dev check_tests
+    build/dev/bin/check_tests --gtest_filter='*Faulty*' | tee "$logs/faulty.tests"
+    figure "two fit libraries, $(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests*\.$/\1/p' "$logs/faulty.tests") faulty ones found"
+}
+
 # The packages, unpacked into an empty root by the system's own tools.
 packages() {
     local there=$logs/packages file

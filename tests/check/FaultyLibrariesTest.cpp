@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -75,6 +76,20 @@ TEST(Cases, HaveEachALibraryThatTheyFindFaultWith) {
     for (const FaultyLibrary& row : faultyLibraries()) tried.insert(row.tried);
     EXPECT_EQ(cases, tried);
     EXPECT_GE(cases.size(), 60u);
+}
+
+TEST(Cases, StandInTheDocumentAsTheProgramListsThem) {
+    const TolvaneProcess process = runTolvane({"check", "--list", "--json"});
+    const auto list = nlohmann::json::parse(process.output);
+    std::string listed;
+    for (const auto& each : list["cases"])
+        listed += "| `" + each["name"].get<std::string>() + "` | " +
+                  each["why"].get<std::string>() + " |\n";
+    std::istringstream document(readFile(CHECK_DOCUMENT));
+    std::string documented;
+    for (std::string line; std::getline(document, line);)
+        if (line.rfind("| `", 0) == 0) documented += line + "\n";
+    EXPECT_EQ(documented, listed);
 }
 
 // Nothing fails, and there are no warnings but those of these cases.

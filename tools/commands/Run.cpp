@@ -4,6 +4,7 @@
 #include "tools/commands/RunMany.h"
 #include "tools/commands/RunRig.h"
 #include "tools/report/Colours.h"
+#include "tools/support/Columns.h"
 #include "tools/support/Stage.h"
 
 #include <memory>
@@ -34,23 +35,22 @@ Command addRun(CLI::App& app) {
         "animation moves, but for cameras and lights; and what lies between and below\n"
         "these, without meshes, cameras, lights and the end sites of BVH files. Bones are\n"
         "known as nodes, not by name. In a file without any of these every node is taken\n"
-        "for a joint.\n\n"
-        "Each rig is read, and each library tried, in a process of its own: whatever happens "
-        "there\n"
-        "is one line on standard error. With --json it is an object on standard output too,\n"
-        "{\"error\": {\"stage\", \"what\", \"file\"}}, where the stage is one of:\n"
-        "  " +
-        std::string(stageWords()));
+        "for a joint.\n\n" +
+        wrapped(std::string("Each rig is read, and each library tried, in a process of its own. "
+                            "With --json an error is an object too, "
+                            "{\"error\": {\"stage\", \"what\", \"file\"}}; the stages are ") +
+                    stageWords() + ".",
+                0));
     run.add_option(
-        "FILE", arguments->files,
-        "Rigs (BVH, glTF, GLB, FBX, COLLADA, ...) and folders of rigs (default: the\n"
-        "bundled walk). Of several, each gets a row or, with --json, an object in a line.");
+           "FILE", arguments->files,
+           "Rigs (BVH, glTF, GLB, FBX, COLLADA, ...) and folders of rigs (default: the\n"
+           "bundled walk). Of several, each gets a row or, with --json, an object in a line.")
+        ->option_text("...");
     run.add_option("--jobs", arguments->jobs,
                    "Run N of several rigs at once (default: one for each processor)")
         ->option_text("N")
         ->check(CLI::Range(1U, 10'000U));
-    run.add_option("--frames", arguments->frames,
-                   "Run frames A to B only, counted from 0, both included")
+    run.add_option("--frames", arguments->frames, "Run frames A to B only, counted from 0")
         ->option_text("A:B");
     run.add_option("--fps", arguments->framesPerSecond,
                    "Sample N frames per second (default: the rate of the animation)")
