@@ -99,7 +99,8 @@ struct Functions {
     }
 };
 
-// What the loader knows of one loaded object.
+// What the loader knows of one loaded object: addresses as numbers.
+// NOLINTBEGIN(performance-no-int-to-ptr)
 class LoadedObject {
 public:
     explicit LoadedObject(const dl_phdr_info& info) : m_base(info.dlpi_addr) {
@@ -157,6 +158,7 @@ private:
     ElfW(Addr) m_base;
     const ElfW(Dyn) * m_dynamic = nullptr;
 };
+// NOLINTEND(performance-no-int-to-ptr)
 
 int leadObject(dl_phdr_info* info, std::size_t, void* functions) {
     LoadedObject(*info).leadTo(*static_cast<const Functions*>(functions));

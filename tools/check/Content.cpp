@@ -46,7 +46,8 @@ std::string letters(std::size_t count, std::uint64_t seed) {
 
 std::string anyBytes(std::uint64_t seed) {
     std::string text;
-    for (unsigned i = 0; i < 255; ++i) text += static_cast<char>(1 + (i * 7 + seed % 255) % 255);
+    for (std::uint64_t i = 0; i < 255; ++i)
+        text += static_cast<char>(1 + (i * 7 + seed % 255) % 255);
     return text;
 }
 

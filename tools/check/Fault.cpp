@@ -58,6 +58,7 @@ std::vector<Fault> pairFaults(std::size_t calls, std::size_t most, std::uint64_t
     for (std::uint64_t part = 0; all > most && chosen.size() < most; ++part)
         chosen.insert(seedOf(seed, part) % all);
     std::vector<Fault> faults;
+    faults.reserve(chosen.size());
     for (const std::size_t pair : chosen) faults.push_back(pairOf(pair));
     return faults;
 }

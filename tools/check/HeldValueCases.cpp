@@ -125,6 +125,7 @@ void wrongPort(Trial& trial) {
     if (types.size() == 1) trial.skip("it carries one type alone");
     // Of other data than the port holds, where the types begin with members of one kind.
     std::vector<AnyValue> values;
+    values.reserve(types.size());
     for (const Type& type : types) values.push_back(Passage(trial, type).fillAndRead(other(trial)));
     for (std::size_t port = 0; port < types.size(); ++port) {
         Passage passage(trial, types[port]);
@@ -161,6 +162,8 @@ void copies(Trial& trial) {
         const AnyValue second(copy);
         trial.doing("moving a value of " + nameOf(type));
         const AnyValue moved(std::move(copy));
+        // A holder promises it.
+        // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
         trial.expect(!copy.hasValue(), "an empty holder where it was", "one with a value");
         passage.writeAndCompare(second, some(trial), "a copy whose original was moved");
         passage.writeAndCompare(moved, some(trial), "a value that was moved");
@@ -189,6 +192,8 @@ void copiesOnThreads(Trial& trial) {
             size = static_cast<std::ptrdiff_t>(allocatedBytes() - before);
             runTogether(kThreads, [&](std::size_t i) {
                 for (int time = 0; time < kTimes; ++time) {
+                    // The copying is what is tried.
+                    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
                     const AnyValue copy(value);
                     passages[i]->mustWrite(copy);
                 }

@@ -128,7 +128,7 @@ void againAndAgain(Trial& trial) {
     noMore("open files", files, openFiles(), 0);
     noMore("threads", running, threads(), 0);
     // Less than a hundred bytes each time may be the loader's own.
-    noMore("bytes of memory", memory, allocatedBytes(), (kTimes - kWarmUp) * 100);
+    noMore("bytes of memory", memory, allocatedBytes(), std::size_t{kTimes - kWarmUp} * 100);
 }
 
 // A first port and value, and the end of both.

@@ -124,10 +124,9 @@ void longName(Trial& trial) {
 }
 
 void anyName(Trial& trial) {
-    expectNames(trial, {"gr\xc3\xb6\xc3\x9f"
-                        "e",
-                        "\xe9\xaa\xa8\xe6\xa0\xbc", "two words", " ", "left.arm", "arm[3]", "1st",
-                        "back\\slash", "tab\there", "\x80\xff\xfe", "^1s", "a/b:c|d", "class"});
+    expectNames(trial, {"gr\u00f6\u00dfe", "\xe9\xaa\xa8\xe6\xa0\xbc", "two words", " ", "left.arm",
+                        "arm[3]", "1st", "back\\slash", "tab\there", "\x80\xff\xfe", "^1s",
+                        "a/b:c|d", "class"});
 }
 
 bool isCarried(Trial& trial, const Type& type) {

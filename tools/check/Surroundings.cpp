@@ -12,7 +12,7 @@
 #include <sstream>
 #include <system_error>
 
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): it has what POSIX adds.
 #include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -49,8 +49,9 @@ void note(Notes& notes, const seccomp_notif& held) noexcept {
     for (const SystemCall& call : notes.calls) {
         if (call.number != held.data.nr) continue;
         notes.call = &call;
-        const char* path =
-            call.path < 0 ? nullptr : reinterpret_cast<const char*>(held.data.args[call.path]);
+        const std::uint64_t address = call.path < 0 ? 0 : held.data.args[call.path];
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the kernel tells addresses as numbers.
+        const auto* path = reinterpret_cast<const char*>(address);
         if (path) std::strncpy(notes.path.data(), path, notes.path.size() - 1);
         notes.areThere = true;
     }
@@ -107,6 +108,7 @@ SystemCallWatch::SystemCallWatch(const std::vector<SystemCall>& calls) {
                     std::strerror(error));
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): without a watch it notes nothing.
 std::optional<std::string> SystemCallWatch::firstCallOf(const std::function<void()>& work) {
     Notes& shared = notes();
     shared.areThere = false;

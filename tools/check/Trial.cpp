@@ -48,7 +48,9 @@ void Trial::fail(const std::string& expected, const std::string& came) const {
 }
 
 void Trial::skip(const std::string& reason) const {
-    throw End{{Verdict::Skipped, "", "", "", {reason}}};
+    std::vector<std::string> remarks = m_remarks;
+    remarks.push_back(reason);
+    throw End{{Verdict::Skipped, "", "", "", remarks}};
 }
 
 void Trial::warn(const std::string& remark) {

@@ -20,7 +20,7 @@ namespace {
 struct CheckArguments {
     std::string library;
     std::optional<std::string> types;
-    std::string only = "";
+    std::string only;
     std::uint64_t seed = 1;
     std::size_t jobs = 2;
     bool json = false;

@@ -309,7 +309,8 @@ std::optional<HostMirror::Answer> HostMirror::repeat(const ObservedCall& call) {
     const Operation* operation = find(call.operation);
     if (!operation) return std::nullopt;
     std::string result = operation->repeat(*this, call);
-    return Answer{std::move(result), std::max(m_duration - m_overhead, m_duration.zero())};
+    return Answer{std::move(result),
+                  std::max(m_duration - m_overhead, decltype(m_duration)::zero())};
 }
 
 void HostMirror::fail(const ObservedCall& call) {

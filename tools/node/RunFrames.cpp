@@ -114,6 +114,31 @@ void addTo(Recorder& recorder, const Mismatch& mismatch, const RoundTrip& roundT
     recorder.add(mismatch, index);
 }
 
+// Ports that could not be added are known before anything is evaluated.
+void addMisfits(const RoundTrip& roundTrip, Collector& collector) {
+    for (const TypeResult& type : roundTrip.results())
+        if (type.comparison.firstMismatch)
+            collector.add(type, std::nullopt, *type.comparison.firstMismatch);
+    collector.addFirsts(roundTrip.results(), std::nullopt);
+}
+
+// `pose` is that of the frame, which the recorder has begun, if there is one.
+void carryFrame(RoundTrip& roundTrip, std::size_t frame, const FrameData& data,
+                const RigFrame& pose, Collector& collector, std::optional<Recorder>& recorder) {
+    RoundTrip::Listener onMismatch;
+    if (collector.wantsMore() || recorder)
+        onMismatch = [&](const TypeResult& type, const Mismatch& mismatch) {
+            collector.add(type, frame, mismatch);
+            if (recorder) addTo(*recorder, mismatch, roundTrip, data, pose);
+        };
+    roundTrip.carry(data, onMismatch);
+    collector.addFirsts(roundTrip.results(), frame);
+    if (!recorder || !recorder->wantsPositions()) return;
+    std::optional<std::vector<VMatrix>> cameOut;
+    if (roundTrip.carriesASkeleton()) cameOut = roundTrip.worldMatricesThatCameOut();
+    recorder->add(pose.joints(), cameOut);
+}
+
 }  // namespace
 
 RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& translation,
@@ -136,10 +161,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
     std::optional<Recorder> recorder;
     if (options.record)
         recorder.emplace(rig.joints.size(), evaluations, options.churn ? kShareCount : 1);
-    for (const TypeResult& type : roundTrip.results())
-        if (type.comparison.firstMismatch)
-            collector.add(type, std::nullopt, *type.comparison.firstMismatch);
-    collector.addFirsts(roundTrip.results(), std::nullopt);
+    addMisfits(roundTrip, collector);
 
     for (; result.evaluated < evaluations; ++result.evaluated) {
         const std::size_t frame = frames.first + result.evaluated % frames.size();
@@ -148,18 +170,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
         pose.pose(frame);
         const FrameData data = frameData(rigName.c_str(), pose.joints(), limbs, share);
         if (recorder) recorder->begin(result.evaluated, frame);
-        RoundTrip::Listener onMismatch;
-        if (collector.wantsMore() || recorder)
-            onMismatch = [&](const TypeResult& type, const Mismatch& mismatch) {
-                collector.add(type, frame, mismatch);
-                if (recorder) addTo(*recorder, mismatch, roundTrip, data, pose);
-            };
-        roundTrip.carry(data, onMismatch);
-        collector.addFirsts(roundTrip.results(), frame);
-        if (recorder && recorder->wantsPositions())
-            recorder->add(pose.joints(), roundTrip.carriesASkeleton()
-                                             ? std::optional(roundTrip.worldMatricesThatCameOut())
-                                             : std::nullopt);
+        carryFrame(roundTrip, frame, data, pose, collector, recorder);
         if (drawn.count(result.evaluated) != 0)
             result.snapshots.push_back({frame, roundTrip.worldMatricesThatCameOut()});
         // Nothing is asked of the translation any more once the last evaluation has been told of.

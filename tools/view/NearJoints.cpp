@@ -110,6 +110,7 @@ std::vector<bool> jointsThatStay(const Rig& rig, const std::vector<Points>& snap
     }
     const std::size_t largest = *std::max_element(sizes.begin(), sizes.end());
     std::vector<bool> stays;
+    stays.reserve(partOf.size());
     for (const std::size_t part : partOf) stays.push_back(4 * sizes[part] > largest);
     return stays;
 }
