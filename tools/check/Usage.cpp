@@ -8,7 +8,6 @@
 #include <malloc.h>
 
 // There where a sanitizer keeps the heap.
-// NOLINTNEXTLINE(bugprone-reserved-identifier): it is the sanitizer's.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
 
 namespace Tolvane::Tools {
