@@ -10,7 +10,7 @@ NEEDS = {
     "tolvane-platforms": {"libc6", "libstdc++6"},
     "tolvane-plugin": {"tolvane-platforms", "libc6", "libstdc++6"},
     "tolvane-translation": {"tolvane-platforms"},
-    "tolvane": {"tolvane-platforms", "tolvane-plugin", "libassimp5", "libc6", "libstdc++6"},
+    "tolvane": {"tolvane-platforms", "tolvane-plugin", "libassimp5", "libelf1", "libc6", "libstdc++6"},
 }
 
 
