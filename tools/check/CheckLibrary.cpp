@@ -42,10 +42,15 @@ public:
 private:
     Finding findingOfChild() const {
         const Outcome& outcome = m_child.outcome();
-        if (outcome.end == Outcome::End::Answered) return findingOf(outcome.answer);
-        const std::string& doing = outcome.place.port;
+        const std::string& place = outcome.place.port;
+        const std::string doing = place.empty() ? "loading the library" : place;
+        try {
+            if (outcome.end == Outcome::End::Answered) return findingOf(outcome.answer);
+        } catch (const Error& error) {
+            return {Finding::Verdict::Failed, doing, "a finding", error.what(), {}};
+        }
         return {Finding::Verdict::Failed,
-                doing.empty() ? "loading the library" : doing,
+                doing,
                 "the process goes on",
                 "it " + inWords(outcome, m_limits),
                 {}};

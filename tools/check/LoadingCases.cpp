@@ -183,14 +183,6 @@ std::string copyInMemory(Trial& trial, FileDescriptor& copy) {
     return "/proc/self/fd/" + std::to_string(copy.number());
 }
 
-std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
-    Pelmor::Array<Pelmor::String> names;
-    translation.getSupportedTypeNames(names);
-    std::vector<std::string> texts;
-    for (const Pelmor::String& name : names) texts.emplace_back(name.c_str());
-    return texts;
-}
-
 void secondCopy(Trial& trial) {
     const auto names = namesOf(trial.translation());
     FileDescriptor file;

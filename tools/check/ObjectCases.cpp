@@ -23,14 +23,6 @@ using Names = std::vector<std::string>;
 
 constexpr std::size_t kThreads = 8;
 
-Names namesOf(const TypeTranslation& translation) {
-    Pelmor::Array<Pelmor::String> names;
-    translation.getSupportedTypeNames(names);
-    Names texts;
-    for (const Pelmor::String& name : names) texts.emplace_back(name.c_str());
-    return texts;
-}
-
 std::string listed(const Names& names) {
     std::string text;
     for (const std::string& name : names)

@@ -12,6 +12,14 @@ using Verdict = Finding::Verdict;
 
 std::string nameOf(const Pelmor::Type& type) { return type.getFullyQualifiedName().c_str(); }
 
+std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
+    Pelmor::Array<Pelmor::String> names;
+    translation.getSupportedTypeNames(names);
+    std::vector<std::string> texts;
+    for (const Pelmor::String& name : names) texts.emplace_back(name.c_str());
+    return texts;
+}
+
 TavrikGraph::Executor::TypeTranslation& Trial::translation() {
     if (m_library) return m_library->translation();
     doing("loading the library");
@@ -26,13 +34,11 @@ TavrikGraph::Executor::TypeTranslation& Trial::translation() {
 
 const std::vector<Pelmor::Type>& Trial::carried() {
     if (!m_carried.empty()) return m_carried;
-    Pelmor::Array<Pelmor::String> names;
     doing("asking for the names of the types");
-    translation().getSupportedTypeNames(names);
     std::set<std::string> seen;
-    for (const Pelmor::String& name : names) {
-        const auto type = types().findType(name);
-        if (type && seen.insert(name.c_str()).second) m_carried.push_back(*type);
+    for (const std::string& name : namesOf(translation())) {
+        const auto type = types().findType(name.c_str());
+        if (type && seen.insert(name).second) m_carried.push_back(*type);
     }
     if (m_carried.empty()) skip("it names no type that the graph knows (see --types)");
     return m_carried;

@@ -17,6 +17,8 @@ namespace Tolvane::Tools {
 
 // "array<Studio::Face>"
 std::string nameOf(const Pelmor::Type& type);
+// What the translation says that it carries, as it says it.
+std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation);
 
 // What all cases of a check have in common.
 struct CheckSetting {

@@ -30,9 +30,7 @@ std::chrono::nanoseconds processorTime() noexcept {
 }
 
 TimedTranslation::TimedTranslation(TypeTranslation& translation)
-    : TypeTranslation(translation.name()),
-      m_translation(translation),
-      m_clockTime(timeOfAskingTheClock()) {}
+    : ForwardingTranslation(translation), m_clockTime(timeOfAskingTheClock()) {}
 
 std::chrono::nanoseconds TimedTranslation::timeOf(const VPlug& plug) const {
     const auto found = m_times.find(&plug);
@@ -50,47 +48,12 @@ bool TimedTranslation::timed(const VPlug* plug, Translate translate) const noexc
 
 bool TimedTranslation::translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
                                          const HostContext& context) const noexcept {
-    return timed(context.plug,
-                 [&] { return m_translation.translateFromHost(type, value, context); });
+    return timed(context.plug, [&] { return target().translateFromHost(type, value, context); });
 }
 
 bool TimedTranslation::translateToHost(const Pelmor::AnyValue& value,
                                        const HostContext& context) const noexcept {
-    return timed(context.plug, [&] { return m_translation.translateToHost(value, context); });
-}
-
-void TimedTranslation::getSupportedTypes(
-    const Pelmor::Library& library, Pelmor::EntityIndexedList<Pelmor::Type>& types) const noexcept {
-    m_translation.getSupportedTypes(library, types);
-}
-
-void TimedTranslation::getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept {
-    m_translation.getSupportedTypeNames(names);
-}
-
-bool TimedTranslation::portAdded(const Pelmor::String& portName, PortDirection direction,
-                                 const Pelmor::Type& type, std::uint32_t portIndex,
-                                 std::uint32_t portFlags, NodeEditContext* context) const noexcept {
-    return m_translation.portAdded(portName, direction, type, portIndex, portFlags, context);
-}
-
-bool TimedTranslation::portRemoved(const Pelmor::String& nodeName,
-                                   const Pelmor::String& portName) const noexcept {
-    return m_translation.portRemoved(nodeName, portName);
-}
-
-bool TimedTranslation::portRenamed(const Pelmor::String& nodeName,
-                                   const Pelmor::String& oldPortName,
-                                   const Pelmor::String& newPortName) const noexcept {
-    return m_translation.portRenamed(nodeName, oldPortName, newPortName);
-}
-
-bool TimedTranslation::registerHostPlugins(const PluginHostData* host) const noexcept {
-    return m_translation.registerHostPlugins(host);
-}
-
-bool TimedTranslation::unregisterHostPlugins(const PluginHostData* host) const noexcept {
-    return m_translation.unregisterHostPlugins(host);
+    return timed(context.plug, [&] { return target().translateToHost(value, context); });
 }
 
 }  // namespace Tolvane::Tools

@@ -23,26 +23,26 @@ auto callAt(ChildSide& process, Stage stage, const char* port, const Call& call)
 }  // namespace
 
 WatchedTranslation::WatchedTranslation(TypeTranslation& watched, ChildSide& process)
-    : TypeTranslation(watched.name()), m_watched(watched), m_process(process) {}
+    : ForwardingTranslation(watched), m_process(process) {}
 
 void WatchedTranslation::getSupportedTypes(
     const Pelmor::Library& library, Pelmor::EntityIndexedList<Pelmor::Type>& types) const noexcept {
     m_process.enter(Stage::Names);
-    m_watched.getSupportedTypes(library, types);
+    target().getSupportedTypes(library, types);
     m_process.noticePrints();
 }
 
 void WatchedTranslation::getSupportedTypeNames(
     Pelmor::Array<Pelmor::String>& names) const noexcept {
     m_process.enter(Stage::Names);
-    m_watched.getSupportedTypeNames(names);
+    target().getSupportedTypeNames(names);
     m_process.noticePrints();
 }
 
 bool WatchedTranslation::translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
                                            const HostContext& context) const noexcept {
     m_process.atPort(portOf(context));
-    const bool translated = m_watched.translateFromHost(type, value, context);
+    const bool translated = target().translateFromHost(type, value, context);
     m_process.noticePrintsQuickly();
     m_process.atPort("");
     return translated;
@@ -51,7 +51,7 @@ bool WatchedTranslation::translateFromHost(const Pelmor::Type& type, Pelmor::Any
 bool WatchedTranslation::translateToHost(const Pelmor::AnyValue& value,
                                          const HostContext& context) const noexcept {
     m_process.atPort(portOf(context));
-    const bool translated = m_watched.translateToHost(value, context);
+    const bool translated = target().translateToHost(value, context);
     m_process.noticePrintsQuickly();
     m_process.atPort("");
     return translated;
@@ -64,31 +64,31 @@ bool WatchedTranslation::portAdded(const Pelmor::String& portName, PortDirection
     // Ports move as others are added.
     m_portNames.clear();
     return callAt(m_process, Stage::Ports, portName.c_str(), [&] {
-        return m_watched.portAdded(portName, direction, type, portIndex, portFlags, context);
+        return target().portAdded(portName, direction, type, portIndex, portFlags, context);
     });
 }
 
 bool WatchedTranslation::portRemoved(const Pelmor::String& nodeName,
                                      const Pelmor::String& portName) const noexcept {
     return callAt(m_process, Stage::Ports, portName.c_str(),
-                  [&] { return m_watched.portRemoved(nodeName, portName); });
+                  [&] { return target().portRemoved(nodeName, portName); });
 }
 
 bool WatchedTranslation::portRenamed(const Pelmor::String& nodeName,
                                      const Pelmor::String& oldPortName,
                                      const Pelmor::String& newPortName) const noexcept {
     return callAt(m_process, Stage::Ports, oldPortName.c_str(),
-                  [&] { return m_watched.portRenamed(nodeName, oldPortName, newPortName); });
+                  [&] { return target().portRenamed(nodeName, oldPortName, newPortName); });
 }
 
 bool WatchedTranslation::registerHostPlugins(const PluginHostData* host) const noexcept {
     return callAt(m_process, Stage::Loading, "",
-                  [&] { return m_watched.registerHostPlugins(host); });
+                  [&] { return target().registerHostPlugins(host); });
 }
 
 bool WatchedTranslation::unregisterHostPlugins(const PluginHostData* host) const noexcept {
     return callAt(m_process, Stage::Unloading, "",
-                  [&] { return m_watched.unregisterHostPlugins(host); });
+                  [&] { return target().unregisterHostPlugins(host); });
 }
 
 // The host names a plug "node.port".

@@ -2,22 +2,19 @@
 // the other is at before each call, and what it has printed after each.
 #pragma once
 
+#include "tools/node/ForwardingTranslation.h"
 #include "tools/process/ChildSide.h"
-
-#include <TavrikGraph/Executor/TypeTranslation.h>
 
 #include <string>
 #include <unordered_map>
 
 namespace Tolvane::Tools {
 
-class WatchedTranslation final : public TavrikGraph::Executor::TypeTranslation {
+class WatchedTranslation final : public ForwardingTranslation {
 public:
     // Both must outlive it.
     WatchedTranslation(TypeTranslation& watched, ChildSide& process);
 
-    // Does nothing: neither of the two belongs to whoever has this.
-    void release() noexcept override {}
     void getSupportedTypes(const Pelmor::Library& library,
                            Pelmor::EntityIndexedList<Pelmor::Type>& types) const noexcept override;
     void getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept override;
@@ -39,7 +36,6 @@ public:
 private:
     const std::string& portOf(const TavrikGraph::Executor::HostContext& context) const;
 
-    TypeTranslation& m_watched;
     ChildSide& m_process;
     // Those of the ports that were evaluated, for a name is wanted in every call, within the time
     // that the translation is said to take.
