@@ -34,10 +34,10 @@ std::string kindFor() {
 // have the flags that fit the direction of the port, leaves the host's defaults.
 template <typename T>
 void appendTree(AttributeLines& lines, const std::string& name, bool isInput, const char* end) {
-    const bool isLeaf = !kIsRecord<T>;
+    const bool isLeaf = !kIsStruct<T>;
     const char* flags = isLeaf ? "rw-" : isInput ? "-wk" : "r--";
     lines.push_back(name + ": " + kindFor<T>() + ' ' + flags + end);
-    if constexpr (kIsRecord<T>) {
+    if constexpr (kIsStruct<T>) {
         const std::string indent = name.substr(0, name.find_first_not_of(' ')) + "  ";
         eachMemberType<T>([&](const char* member, auto tag) {
             using Type = typename decltype(tag)::Type;

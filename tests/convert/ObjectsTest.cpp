@@ -23,7 +23,7 @@ template <typename T>
 void appendWithTexts(Leaves& leaves, const T& value) {
     if constexpr (kIsObject<T>)
         leaves.addText("");
-    else if constexpr (kIsRecord<T>)
+    else if constexpr (kIsStruct<T>)
         eachMemberAndObject(value, [&](const auto& member) { appendWithTexts(leaves, member); });
     else
         append(leaves, value);

@@ -55,7 +55,7 @@ template <typename T>
 void dropArrays(T& value) {
     if constexpr (kIsArray<T>)
         value = nullptr;
-    else if constexpr (kIsRecord<T>)
+    else if constexpr (kIsStruct<T>)
         eachMember(value, [](auto& member) { dropArrays(member); });
 }
 

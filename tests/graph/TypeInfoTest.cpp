@@ -11,7 +11,6 @@
 namespace {
 
 using Pelmor::Internal::HeldIdentity;
-using Pelmor::Internal::Identity;
 using Pelmor::Internal::TypeInfo;
 using Pelmor::Internal::typeInfoEquals;
 using Pelmor::Internal::typeInfoLess;
@@ -150,7 +149,7 @@ TEST(TypeInfoLess, LessIsAStrictWeakOrderThatAgreesWithEquality) {
 }
 
 TEST(Identity, NameIsThatOfAPointerToTheType) {
-    const TypeInfo& matrix = Identity<Math::double4x4, 0>::s_record;
+    const TypeInfo& matrix = Pelmor::Internal::Identity<Math::double4x4, 0>::s_record;
     EXPECT_STREQ(matrix.name, typeid(Math::double4x4*).name());
     EXPECT_EQ(matrix.nameLength, std::strlen(typeid(Math::double4x4*).name()));
     EXPECT_EQ(matrix.isCanonical, 0);
@@ -159,7 +158,7 @@ TEST(Identity, NameIsThatOfAPointerToTheType) {
 }
 
 TEST(Identity, IdentityOfAnArrayDiffersInItsDepthAlone) {
-    const TypeInfo& matrix = Identity<Math::double4x4, 0>::s_record;
+    const TypeInfo& matrix = Pelmor::Internal::Identity<Math::double4x4, 0>::s_record;
     const TypeInfo& matrices = HeldIdentity<Pelmor::SharedArray<Math::double4x4>>::s_record;
     EXPECT_STREQ(matrices.name, matrix.name);
     EXPECT_EQ(matrices.nameLength, matrix.nameLength);

@@ -47,12 +47,12 @@ bool constexpr hasObject();
 
 template <typename T>
 constexpr bool isOrHasArray() {
-    if constexpr (kIsRecord<T>) return hasArray<T>();
+    if constexpr (kIsStruct<T>) return hasArray<T>();
     return kIsArray<T>;
 }
 template <typename T>
 constexpr bool isOrHasObject() {
-    if constexpr (kIsRecord<T>) return hasObject<T>();
+    if constexpr (kIsStruct<T>) return hasObject<T>();
     return kIsObject<T>;
 }
 template <typename Record, typename... Types>

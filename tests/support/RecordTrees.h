@@ -139,7 +139,7 @@ inline constexpr bool kIsPlain = std::is_same_v<T, Pelmor::String> ||
                                  std::is_same_v<T, Math::double4x4> || std::is_same_v<T, double>;
 
 template <typename T>
-inline constexpr bool kIsRecord = !kIsPlain<T> && !kIsArray<T> && !kIsObject<T>;
+inline constexpr bool kIsStruct = !kIsPlain<T> && !kIsArray<T> && !kIsObject<T>;
 
 template <typename Record>
 inline constexpr std::size_t kMemberCount =

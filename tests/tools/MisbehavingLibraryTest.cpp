@@ -17,7 +17,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using Json = nlohmann::ordered_json;
 
-struct Stage {
+struct FailingStage {
     const char* asked;
     const char* word;
     const char* told;
@@ -25,7 +25,7 @@ struct Stage {
     int status;
 };
 
-const std::vector<Stage> kStages{
+const std::vector<FailingStage> kStages{
     {"loading", "loading", "while it is loaded", 2},
     {"creating", "loading", "while it is loaded", 2},
     {"names", "names", "while it is asked for its names", 1},
@@ -58,16 +58,16 @@ const std::vector<Way> kWaysToPrint{
     {"writes-a-line", "prints \"Hello\""},
 };
 
-std::string fault(const Way& way, const Stage& stage) {
+std::string fault(const Way& way, const FailingStage& stage) {
     return std::string("TOLVANE_TEST_FAULT=") + way.asked + " " + stage.asked;
 }
 
-std::string line(const Way& way, const Stage& stage) {
+std::string line(const Way& way, const FailingStage& stage) {
     return std::string("tolvane: " MISBEHAVING_LIBRARY ": ") + way.told + " " + stage.told + "\n";
 }
 
 class TolvaneRunWithMisbehavingLibrary : public TolvaneRun,
-                                         public testing::WithParamInterface<Stage> {
+                                         public testing::WithParamInterface<FailingStage> {
 protected:
     TolvaneProcess run(const std::string& environment, std::vector<std::string> further = {}) {
         further.insert(further.begin(), {"run", rig(), "--plugin", MISBEHAVING_LIBRARY});
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(EachStage, TolvaneRunWithMisbehavingLibrary, testing::V
                          [](const auto& stage) { return std::string(stage.param.asked); });
 
 TEST_P(TolvaneRunWithMisbehavingLibrary, SaysHowItWentDownAndWhen) {
-    const Stage& stage = GetParam();
+    const FailingStage& stage = GetParam();
     for (const Way& way : kWaysDown) {
         const TolvaneProcess process = run(fault(way, stage));
         EXPECT_EQ(process.errors, line(way, stage));
@@ -89,7 +89,7 @@ TEST_P(TolvaneRunWithMisbehavingLibrary, SaysHowItWentDownAndWhen) {
 }
 
 TEST_P(TolvaneRunWithMisbehavingLibrary, SaysSoInJson) {
-    const Stage& stage = GetParam();
+    const FailingStage& stage = GetParam();
     const TolvaneProcess process = run(fault(kWaysDown[0], stage), {"--json"});
     EXPECT_EQ(process.errors, line(kWaysDown[0], stage));
     EXPECT_EQ(process.status, stage.status);
@@ -101,7 +101,7 @@ TEST_P(TolvaneRunWithMisbehavingLibrary, SaysSoInJson) {
 
 // All at once, for each takes its time.
 TEST_F(TolvaneRunWithMisbehavingLibrary, GivesUpOneThatHangs) {
-    const auto run = [this](const Way& way, const Stage& stage) {
+    const auto run = [this](const Way& way, const FailingStage& stage) {
         const TolvaneProcess process = runTolvane(
             {"run", folder.path("rig.bvh"), "--plugin", MISBEHAVING_LIBRARY, "--time-limit", "2"},
             fault(way, stage));
@@ -110,7 +110,7 @@ TEST_F(TolvaneRunWithMisbehavingLibrary, GivesUpOneThatHangs) {
     };
     rig();
     std::vector<std::thread> runs;
-    for (const Stage& stage : kStages)
+    for (const FailingStage& stage : kStages)
         runs.emplace_back(run, Way{"sleeps", "makes no progress for 2 s"}, stage);
     runs.emplace_back(run, Way{"computes", "makes no progress for 2 s"}, kStages[4]);
     for (std::thread& each : runs) each.join();

@@ -9,7 +9,7 @@ namespace {
 
 using namespace Tolvane::Tools;
 using testing::HasSubstr;
-using Json = nlohmann::json;
+using Json = nlohmann::ordered_json;
 
 class Page : public testing::Test, protected DrawnRig {
 protected:

@@ -47,11 +47,4 @@ TEST(Table, ColoursLastCellsWithoutMovingThem) {
     EXPECT_EQ(out.str(), "Name  Wrong\n----  -----\na         0\nb        \033[1;31m12\033[0m\n");
 }
 
-TEST(Table, GroupsNumbersByThousands) {
-    EXPECT_EQ(grouped(0), "0");
-    EXPECT_EQ(grouped(999), "999");
-    EXPECT_EQ(grouped(1000), "1,000");
-    EXPECT_EQ(grouped(1234567), "1,234,567");
-}
-
 }  // namespace

@@ -72,7 +72,7 @@ TEST_F(TolvaneInfo, FitsEightyColumnsHoweverLongAName) {
     std::getline(lines, line);  // The path, which is as long as it is.
     bool isCut = false;
     while (std::getline(lines, line)) {
-        isCut = isCut || line.find("äää…") != std::string::npos;
+        isCut = isCut || line.find("äää...äää") != std::string::npos;
         const auto characters = std::count_if(line.begin(), line.end(), [](char character) {
             return (static_cast<unsigned char>(character) & 0xC0) != 0x80;
         });

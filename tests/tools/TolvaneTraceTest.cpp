@@ -19,10 +19,10 @@ using testing::HasSubstr;
 using testing::SizeIs;
 using Json = nlohmann::ordered_json;
 
-constexpr const char* kPins = "Rigging::Module::Pins";
-
 class TolvaneTrace : public TolvaneRun {
 protected:
+    static constexpr const char* kPins = "Rigging::Module::Pins";
+
     static Json traced(std::vector<std::string> arguments, int status = 0) {
         arguments.insert(arguments.begin(), {"trace", "--json"});
         const TolvaneProcess process = runTolvane(arguments);

@@ -12,7 +12,7 @@ namespace {
 
 using TestSupport::AllocationCount;
 using TestSupport::carriedTypes;
-using Names = Pelmor::Array<Pelmor::String>;
+using GivenNames = Pelmor::Array<Pelmor::String>;
 
 // An array that doubles its capacity as it grows to the number of names.
 std::uint64_t buffersOfNames() {
@@ -22,7 +22,7 @@ std::uint64_t buffersOfNames() {
 }
 std::uint64_t capacityOfNames() { return std::uint64_t{1} << (buffersOfNames() - 1); }
 
-std::vector<std::string> textsOf(const Names& names) {
+std::vector<std::string> textsOf(const GivenNames& names) {
     std::vector<std::string> texts;
     for (const Pelmor::String& name : names) texts.push_back(name.asChar());
     return texts;
@@ -34,12 +34,12 @@ protected:
     SupportedTypeNames() { give(); }
 
     void give() { giveInto(names); }
-    static void giveInto(Names& array) {
+    static void giveInto(GivenNames& array) {
         Tolvane::getSupportedTypeNames(
             &Tolvane::TranslatorRegistry::instance<Rigging::Module::Records>, array);
     }
 
-    Names names;
+    GivenNames names;
 };
 
 TEST_F(SupportedTypeNames, FillAnEmptyArray) {
@@ -59,7 +59,7 @@ TEST_F(SupportedTypeNames, ReplaceWhatTheArrayHeld) {
 }
 
 TEST_F(SupportedTypeNames, TakeOneBufferForEachCapacityAndKeepTheLast) {
-    Names own;
+    GivenNames own;
     const std::uint64_t buffers = buffersOfNames();
     const AllocationCount count;
     giveInto(own);
@@ -68,7 +68,7 @@ TEST_F(SupportedTypeNames, TakeOneBufferForEachCapacityAndKeepTheLast) {
 }
 
 TEST_F(SupportedTypeNames, GiveBackTheFormerBufferAndItsNames) {
-    Names own;
+    GivenNames own;
     const AllocationCount count;
     own.append("a former name that is too long to be kept in place");
     own.append("another name that is too long to be kept in place");

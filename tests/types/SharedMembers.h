@@ -17,18 +17,18 @@ namespace TypesTests {
 // How many arrays a `T` has, nested records included, and how many objects.
 template <typename T>
 std::size_t arraysOf() {
-    if constexpr (!TestSupport::kIsRecord<T>) return TestSupport::kIsArray<T> ? 1 : 0;
+    if constexpr (!TestSupport::kIsStruct<T>) return TestSupport::kIsArray<T> ? 1 : 0;
     std::size_t arrays = 0;
-    if constexpr (TestSupport::kIsRecord<T>)
+    if constexpr (TestSupport::kIsStruct<T>)
         TestSupport::eachMemberType<T>(
             [&](auto, auto tag) { arrays += arraysOf<typename decltype(tag)::Type>(); });
     return arrays;
 }
 template <typename T>
 std::size_t objectsOf() {
-    if constexpr (!TestSupport::kIsRecord<T>) return TestSupport::kIsObject<T> ? 1 : 0;
+    if constexpr (!TestSupport::kIsStruct<T>) return TestSupport::kIsObject<T> ? 1 : 0;
     std::size_t objects = 0;
-    if constexpr (TestSupport::kIsRecord<T>)
+    if constexpr (TestSupport::kIsStruct<T>)
         TestSupport::eachMemberType<T>(
             [&](auto, auto tag) { objects += objectsOf<typename decltype(tag)::Type>(); });
     return objects;
@@ -43,7 +43,7 @@ template <typename Record, typename Visit>
 void eachShared(Record& record, const Visit& visit) {
     TestSupport::eachMemberAndObject(record, [&](auto& member) {
         using T = std::remove_const_t<std::remove_reference_t<decltype(member)>>;
-        if constexpr (TestSupport::kIsRecord<T>)
+        if constexpr (TestSupport::kIsStruct<T>)
             eachShared(member, visit);
         else if constexpr (!TestSupport::kIsPlain<T>)
             visit(member);

@@ -32,6 +32,9 @@ private:
 using Directions = std::vector<TavrikGraph::Executor::PortDirection>;
 extern const Directions kBothDirections;
 
+// The name of a port whose name does not matter.
+constexpr const char* kPort = "port";
+
 class EditedNode {
 public:
     using Direction = TavrikGraph::Executor::PortDirection;

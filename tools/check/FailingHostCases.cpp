@@ -21,8 +21,6 @@ using Direction = EditedNode::Direction;
 using Pelmor::AnyValue;
 using Pelmor::Type;
 
-constexpr const char* kPort = "port";
-
 // Of one type, each call of a reading, of writings and of a port's creation fails once. `operation`
 // is called for each failure with what it is, and does what is to fail.
 class EveryFailure {

@@ -17,8 +17,6 @@ using Direction = EditedNode::Direction;
 using Pelmor::Type;
 using FaultsOf = std::function<std::vector<Fault>(std::size_t calls)>;
 
-constexpr const char* kPort = "port";
-
 bool isAsUsual(const EditedNode& node, Direction direction, const Type& type) {
     const VPlug plug = node.plug(kPort);
     const VFnAttribute attribute(plug.attribute());

@@ -1,20 +1,28 @@
 #include "tools/check/Finding.h"
 
+#include "tools/process/Message.h"
 #include "tools/support/Error.h"
 
-#include <nlohmann/json.hpp>
+#include <cstdint>
 
 namespace Tolvane::Tools {
 namespace {
 
-using Json = nlohmann::json;
-
 constexpr const char* kWords[] = {"passed", "warning", "failed", "skipped"};
+constexpr std::size_t kMostRemarks = 1'000'000;
 
-Finding::Verdict verdictFor(const std::string& word) {
-    for (std::size_t i = 0; i < std::size(kWords); ++i)
-        if (word == kWords[i]) return static_cast<Finding::Verdict>(i);
-    throw Error("there is no verdict " + word);
+template <typename Message, typename AnyFinding>
+void exchangeFinding(Message& message, AnyFinding& finding) {
+    auto verdict = static_cast<std::uint8_t>(finding.verdict);
+    message.number(verdict);
+    message.text(finding.done);
+    message.text(finding.expected);
+    message.text(finding.came);
+    message.list(finding.remarks, kMostRemarks, [&](auto& remark) { message.text(remark); });
+    if constexpr (Message::isRead) {
+        if (verdict >= std::size(kWords)) throw BadMessage("there is no such verdict");
+        finding.verdict = static_cast<Finding::Verdict>(verdict);
+    }
 }
 
 }  // namespace
@@ -23,22 +31,20 @@ const char* wordFor(Finding::Verdict verdict) noexcept {
     return kWords[static_cast<std::size_t>(verdict)];
 }
 
-// A library's texts need not be UTF-8, which JSON is.
 std::string messageOf(const Finding& finding) {
-    const Json message{{"verdict", wordFor(finding.verdict)},
-                       {"done", finding.done},
-                       {"expected", finding.expected},
-                       {"came", finding.came},
-                       {"remarks", finding.remarks}};
-    return message.dump(-1, ' ', false, Json::error_handler_t::replace);
+    MessageOut message;
+    exchangeFinding(message, finding);
+    return message.take();
 }
 
-Finding findingOf(std::string_view message) {
+Finding findingOf(std::string_view bytes) {
     try {
-        const Json parsed = Json::parse(message);
-        return {verdictFor(parsed.at("verdict")), parsed.at("done"), parsed.at("expected"),
-                parsed.at("came"), parsed.at("remarks")};
-    } catch (const Json::exception&) {
+        Finding finding;
+        MessageIn message(bytes);
+        exchangeFinding(message, finding);
+        message.end();
+        return finding;
+    } catch (const BadMessage&) {
         throw Error("the process of a case gave an answer that is no finding");
     }
 }

@@ -26,6 +26,6 @@ const char* wordFor(Finding::Verdict verdict) noexcept;
 // As bytes, for the way from the process of a case, and back. What is no finding, for the process
 // may have sent anything, throws Error.
 std::string messageOf(const Finding& finding);
-Finding findingOf(std::string_view message);
+Finding findingOf(std::string_view bytes);
 
 }  // namespace Tolvane::Tools

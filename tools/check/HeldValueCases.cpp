@@ -176,7 +176,6 @@ void copies(Trial& trial) {
 }
 
 void copiesOnThreads(Trial& trial) {
-    constexpr std::size_t kThreads = 8;
     constexpr int kTimes = 25;
     for (const Type& type : trial.carried()) {
         std::vector<std::unique_ptr<Passage>> passages;

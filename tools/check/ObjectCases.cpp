@@ -21,9 +21,7 @@ using TavrikGraph::Executor::TranslationLibrary;
 using TavrikGraph::Executor::TypeTranslation;
 using Names = std::vector<std::string>;
 
-constexpr std::size_t kThreads = 8;
-
-std::string listed(const Names& names) {
+std::string inWords(const Names& names) {
     std::string text;
     for (const std::string& name : names)
         text += (text.empty() ? "" : ", ") + inQuotes(oneLine(name));
@@ -31,7 +29,7 @@ std::string listed(const Names& names) {
 }
 
 void expectNames(Trial& trial, const Names& expected, const Names& came) {
-    trial.expect(came == expected, listed(expected), listed(came));
+    trial.expect(came == expected, inWords(expected), inWords(came));
 }
 
 // Another object of the same library: it is loaded already.

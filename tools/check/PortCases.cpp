@@ -24,8 +24,6 @@ using Pelmor::Library;
 using Pelmor::Type;
 using Pelmor::TypeKind;
 
-constexpr const char* kPort = "port";
-
 Type elementOf(const Type& type) {
     return type.getTypeKind() == TypeKind::Array ? Pelmor::ArrayType(type).getElementType() : type;
 }

@@ -20,8 +20,6 @@
 namespace Tolvane::Tools {
 namespace {
 
-constexpr std::size_t kThreads = 8;
-
 // Another process asks for them, so that in this one the library has not been used.
 std::vector<Pelmor::Type> carriedAsToldElsewhere(Trial& trial) {
     const auto ask = [&trial](ChildSide&) {

@@ -9,6 +9,9 @@
 
 namespace Tolvane::Tools {
 
+// So many threads use a library together.
+constexpr std::size_t kThreads = 8;
+
 // Calls `work(number)` on `count` threads, for the numbers from 0 on, and waits for all. Throws the
 // first exception that one of them threw.
 template <typename Work>

@@ -22,7 +22,7 @@ struct Reply {
 };
 
 template <typename Message, typename AnyReply>
-void exchange(Message& message, AnyReply& reply) {
+void exchangeReply(Message& message, AnyReply& reply) {
     message.flag(reply.answer.ok);
     message.text(reply.answer.text);
     message.text(reply.printed);
@@ -41,7 +41,7 @@ std::string askInChild(const std::string& path, const LibraryQuestion& question,
         reply.misdeed =
             path + ": prints " + inQuotes(oneLine(print->text)) + " " + inWords(print->place);
     MessageOut message;
-    exchange(message, reply);
+    exchangeReply(message, reply);
     return message.take();
 }
 
@@ -54,7 +54,7 @@ Reply replyOf(const std::string& path, const Limits& limits, const LibraryQuesti
     if (outcome.end != Outcome::End::Answered) throw downfall(path, outcome, limits);
     Reply reply;
     MessageIn message(outcome.answer);
-    exchange(message, reply);
+    exchangeReply(message, reply);
     message.end();
     return reply;
 }

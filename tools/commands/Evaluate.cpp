@@ -19,7 +19,7 @@ namespace Tolvane::Tools {
 namespace {
 
 template <typename Message, typename AnyEvaluation>
-void exchange(Message& message, AnyEvaluation& evaluation) {
+void exchangeEvaluation(Message& message, AnyEvaluation& evaluation) {
     const auto text = [&](auto& value) { message.text(value); };
     message.flag(evaluation.ok);
     message.text(evaluation.report);
@@ -112,14 +112,14 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     evaluation.row = rowOf(summarise(rig), findings.run);
     evaluation.printed = self.allowedPrints();
     MessageOut message;
-    exchange(message, evaluation);
+    exchangeEvaluation(message, evaluation);
     return message.take();
 }
 
 Evaluation evaluationOf(const std::string& bytes) {
     Evaluation evaluation;
     MessageIn message(bytes);
-    exchange(message, evaluation);
+    exchangeEvaluation(message, evaluation);
     message.end();
     return evaluation;
 }

@@ -31,7 +31,7 @@ struct Row {
 };
 
 template <typename Message, typename AnyRow>
-void exchange(Message& message, AnyRow& row) {
+void exchangeRow(Message& message, AnyRow& row) {
     message.number(row.status);
     message.text(row.text);
     message.text(row.error);
@@ -72,7 +72,7 @@ Row run(const RunArguments& arguments, ChildSide& self) {
 std::string runInMessage(const RunArguments& arguments, ChildSide& self) {
     const Row row = run(arguments, self);
     MessageOut message;
-    exchange(message, row);
+    exchangeRow(message, row);
     return message.take();
 }
 
@@ -88,7 +88,7 @@ std::optional<Row> rowOfMessage(const std::string& bytes) {
     try {
         Row row;
         MessageIn message(bytes);
-        exchange(message, row);
+        exchangeRow(message, row);
         message.end();
         if (row.status >= 0 && row.status <= 2) return row;
     } catch (const BadMessage&) {

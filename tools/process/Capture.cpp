@@ -28,7 +28,7 @@ Capture::Capture() : m_file(memfd_create("prints", MFD_CLOEXEC)) {
 Capture::~Capture() { munmap(const_cast<char*>(m_text), kSeen); }
 
 void Capture::takeOver() const noexcept {
-    const FileDescriptor nothing(open("/dev/null", O_RDONLY | O_CLOEXEC));
+    const FileDescriptor nothing(::open("/dev/null", O_RDONLY | O_CLOEXEC));
     dup2(nothing.number(), STDIN_FILENO);
     dup2(m_file.number(), STDOUT_FILENO);
     dup2(m_file.number(), STDERR_FILENO);

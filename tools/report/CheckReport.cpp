@@ -1,17 +1,15 @@
 #include "tools/report/CheckReport.h"
 
-#include "tools/report/Table.h"
+#include "tools/report/Json.h"
+#include "tools/report/Words.h"
 #include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 #include <ostream>
 
-#include <nlohmann/json.hpp>
-
 namespace Tolvane::Tools {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Verdict = Finding::Verdict;
 
 constexpr std::size_t kIndent = 10;
@@ -26,15 +24,6 @@ const char* shownWordFor(Verdict verdict) {
 
 void printBelow(std::ostream& out, const std::string& text) {
     out << wrapped(oneLine(text), kIndent) << "\n";
-}
-
-std::string counted(std::size_t count, const char* one, const char* many) {
-    return grouped(count) + " " + (count == 1 ? one : many);
-}
-
-void dump(std::ostream& out, const Json& json) {
-    // JSON is UTF-8, which paths and messages need not be.
-    out << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 
 }  // namespace
@@ -88,7 +77,7 @@ void printList(std::ostream& out, const std::vector<Case>& cases) {
 void printListAsJson(std::ostream& out, const std::vector<Case>& cases) {
     Json list = Json::array();
     for (const Case& each : cases) list.push_back({{"name", each.name}, {"why", each.why}});
-    dump(out, {{"cases", list}});
+    out << printed({{"cases", list}});
 }
 
 void printCheckAsJson(std::ostream& out, const CheckSetting& setting,
@@ -111,14 +100,14 @@ void printCheckAsJson(std::ostream& out, const CheckSetting& setting,
         if (!finding.remarks.empty()) object["remarks"] = finding.remarks;
         cases.push_back(object);
     }
-    dump(out, {{"library", setting.library},
-               {"seed", setting.seed},
-               {"cases", cases},
-               {"passed", summary.passed},
-               {"warnings", summary.warnings},
-               {"failed", summary.failed},
-               {"skipped", summary.skipped},
-               {"ok", summary.failed == 0}});
+    out << printed({{"library", setting.library},
+                    {"seed", setting.seed},
+                    {"cases", cases},
+                    {"passed", summary.passed},
+                    {"warnings", summary.warnings},
+                    {"failed", summary.failed},
+                    {"skipped", summary.skipped},
+                    {"ok", summary.failed == 0}});
 }
 
 }  // namespace Tolvane::Tools

@@ -1,48 +1,30 @@
 #include "tools/report/InfoReport.h"
 
+#include "tools/report/Json.h"
 #include "tools/report/Table.h"
+#include "tools/report/Words.h"
+#include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 #include <array>
 #include <ostream>
-#include <sstream>
 #include <string>
-
-#include <nlohmann/json.hpp>
 
 namespace Tolvane::Tools {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr std::array kAxes{"x", "y", "z"};
 // What a table with its other columns leaves of a line.
 constexpr std::size_t kWidestName = 40;
-
-std::string number(double value) {
-    std::ostringstream text;
-    text << value;
-    return text.str();
-}
-
-// Cut between two characters, of which each may take several bytes.
-std::string shortened(const std::string& name) {
-    std::size_t characters = 0;
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < name.size(); ++i) {
-        const bool isStart = (static_cast<unsigned char>(name[i]) & 0xC0) != 0x80;
-        if (isStart && ++characters == kWidestName) kept = i;
-    }
-    return characters > kWidestName ? name.substr(0, kept) + "…" : name;
-}
 
 void printAnimations(std::ostream& out, const RigInfo& info) {
     if (info.animations.empty()) return;
     out << "\n";
     Table table({"Animation", "Seconds", "Frames", "Per second"});
     for (const AnimationInfo& animation : info.animations)
-        table.addRow({shortened('"' + oneLine(animation.name) + '"'), number(animation.seconds),
-                      grouped(animation.frameCount), number(animation.framesPerSecond)});
+        table.addRow({shortened('"' + oneLine(animation.name) + '"', kWidestName),
+                      shortText(animation.seconds), grouped(animation.frameCount),
+                      shortText(animation.framesPerSecond)});
     table.print(out);
 }
 
@@ -57,7 +39,8 @@ void printInfo(std::ostream& out, const RigInfo& info) {
         << "Meshes      " << grouped(info.meshes) << ", " << grouped(info.skins) << " with bones\n"
         << "Up axis     " << kAxes[info.world.upAxis] << "\n"
         << "Unit        "
-        << (info.world.metresPerUnit ? number(*info.world.metresPerUnit) + " m" : "unknown") << "\n"
+        << (info.world.metresPerUnit ? shortText(*info.world.metresPerUnit) + " m" : "unknown")
+        << "\n"
         << "Animations  " << grouped(info.animations.size()) << "\n";
     printAnimations(out, info);
 }
@@ -82,8 +65,7 @@ void printInfoAsJson(std::ostream& out, const RigInfo& info) {
         {"upAxis", kAxes[info.world.upAxis]},
         {"metresPerUnit", info.world.metresPerUnit ? Json(*info.world.metresPerUnit) : Json()},
         {"animations", animations}};
-    // JSON is UTF-8, which names need not be.
-    out << report.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+    out << printed(report);
 }
 
 }  // namespace Tolvane::Tools

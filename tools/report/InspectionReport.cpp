@@ -1,18 +1,15 @@
 #include "tools/report/InspectionReport.h"
 
-#include "tools/report/Table.h"
+#include "tools/report/Json.h"
+#include "tools/report/Words.h"
 #include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 #include <algorithm>
 #include <ostream>
 
-#include <nlohmann/json.hpp>
-
 namespace Tolvane::Tools {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kNameColumns = 42;
 constexpr std::size_t kKindColumns = 20;
@@ -161,8 +158,7 @@ void printInspectionAsJson(std::ostream& out, const Inspection& inspection) {
                       {"version", oneLine(inspection.version)},
                       {"types", types},
                       {"ok", inspection.ok()}};
-    // JSON is UTF-8, which names and messages need not be.
-    out << object.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+    out << printed(object);
 }
 
 }  // namespace Tolvane::Tools

@@ -1,16 +1,12 @@
 #include "tools/node/LeafText.h"
+#include "tools/report/Json.h"
 #include "tools/report/Report.h"
 #include "tools/support/OneLine.h"
 
-#include <cmath>
 #include <ostream>
-
-#include <nlohmann/json.hpp>
 
 namespace Tolvane::Tools {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 Json jsonOf(const Error& error) {
     return {{"stage", wordFor(error.stage())},
@@ -30,11 +26,8 @@ Json jsonOf(const TypeResult& type) {
          {{"fromHost", type.fromHost.median().count()}, {"toHost", type.toHost.median().count()}}}};
 }
 
-// JSON has no NaN and no infinities: they come as their texts.
-Json jsonOf(double number) { return std::isfinite(number) ? Json(number) : Json(textOf(number)); }
-
 Json jsonOf(const LeafValue& value) {
-    if (const auto* number = std::get_if<double>(&value)) return jsonOf(*number);
+    if (const auto* number = std::get_if<double>(&value)) return jsonNumber(*number);
     if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
     if (const auto* truth = std::get_if<bool>(&value)) return *truth;
     if (const auto* text = std::get_if<std::string>(&value)) return *text;
@@ -44,7 +37,7 @@ Json jsonOf(const LeafValue& value) {
 Json differenceOf(const Mismatch& mismatch) {
     const auto* expected = std::get_if<double>(&mismatch.expectedValue);
     const auto* actual = std::get_if<double>(&mismatch.actualValue);
-    if (expected && actual) return jsonOf(*actual - *expected);
+    if (expected && actual) return jsonNumber(*actual - *expected);
     const auto* before = std::get_if<std::int64_t>(&mismatch.expectedValue);
     const auto* after = std::get_if<std::int64_t>(&mismatch.actualValue);
     if (before && after) return *after - *before;
@@ -78,11 +71,6 @@ Json jsonOf(const RigSummary& rig) {
             {"fps", rig.framesPerSecond},
             {"upAxis", std::string(1, "xyz"[rig.upAxis % 3])},
             {"metresPerUnit", rig.metresPerUnit ? Json(*rig.metresPerUnit) : Json()}};
-}
-
-// JSON is UTF-8, which file names and messages need not be.
-std::string printed(const Json& json, int indent = 2) {
-    return json.dump(indent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "tools/report/Report.h"
-#include "tools/report/Table.h"
 #include "tools/report/Words.h"
 #include "tools/support/OneLine.h"
 

@@ -54,13 +54,4 @@ std::vector<std::size_t> Table::columnWidths() const {
     return widths;
 }
 
-std::string grouped(std::size_t number) {
-    std::string digits = std::to_string(number);
-    for (std::size_t place = digits.size(); place > 3;) {
-        place -= 3;
-        digits.insert(place, ",");
-    }
-    return digits;
-}
-
 }  // namespace Tolvane::Tools

@@ -30,7 +30,4 @@ private:
     std::vector<Colour> m_colours{Colour::None};
 };
 
-// 1234567 as "1,234,567".
-std::string grouped(std::size_t number);
-
 }  // namespace Tolvane::Tools

@@ -19,26 +19,6 @@ constexpr std::size_t kMostMessages = 10;
 constexpr std::size_t kFacts = 9;
 constexpr std::size_t kFactColumns = kLineColumns - kFacts;
 
-std::string withDigits(double number, int digits) {
-    std::ostringstream text;
-    text.precision(digits);
-    text << std::fixed << number;
-    return text.str();
-}
-
-std::string rate(double framesPerSecond) {
-    std::ostringstream text;
-    text << framesPerSecond;
-    return text.str();
-}
-
-std::string inWords(std::chrono::nanoseconds time) {
-    const auto count = static_cast<double>(time.count());
-    if (count < 999'950) return withDigits(count / 1e3, 1) + " µs";
-    if (count < 999'950'000) return withDigits(count / 1e6, 1) + " ms";
-    return withDigits(count / 1e9, 1) + " s";
-}
-
 // The first line of some facts, such as "Rig      walk.bvh", and one that follows.
 void printHead(std::ostream& out, const std::string& head, const std::string& fact) {
     out << head << std::string(kFacts - head.size(), ' ') << fact << "\n";
@@ -63,13 +43,13 @@ void printRig(std::ostream& out, const RigSummary& rig, const TextOptions& optio
     std::string facts = counted(rig.joints, "joint", "joints") + " in " +
                         counted(rig.limbs, "limb", "limbs") + ", " +
                         counted(rig.frames, "frame", "frames") + " at " +
-                        rate(rig.framesPerSecond) + " per second";
+                        shortText(rig.framesPerSecond) + " per second";
     if (!rig.animation.empty()) facts += ", animation " + named(rig.animation, options);
     printFact(out, facts);
     if (!rig.hasSkeleton) printFact(out, "no skeleton: every node taken for a joint");
     if (!options.verbose) return;
     const std::string unit =
-        rig.metresPerUnit ? rate(*rig.metresPerUnit) + " metres per unit" : "units not stated";
+        rig.metresPerUnit ? shortText(*rig.metresPerUnit) + " metres per unit" : "units not stated";
     printFact(out, std::string(1, "xyz"[rig.upAxis % 3]) + " is up, " + unit);
 }
 

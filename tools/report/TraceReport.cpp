@@ -1,6 +1,8 @@
 #include "tools/report/TraceReport.h"
 
+#include "tools/report/Json.h"
 #include "tools/report/Table.h"
+#include "tools/report/Words.h"
 #include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
@@ -9,37 +11,21 @@
 #include <ostream>
 #include <sstream>
 
-#include <nlohmann/json.hpp>
-
 namespace Tolvane::Tools {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Nanoseconds = std::chrono::nanoseconds;
 
 constexpr std::size_t kNumberColumns = 7;
 constexpr std::size_t kTimeColumns = 10;
-constexpr std::size_t kValueColumns = 24;
+constexpr std::size_t kArgumentColumns = 24;
 constexpr const char* kOutside = "outside host calls";
-
-std::string inWords(Nanoseconds time) {
-    const auto count = time.count();
-    if (count < 10'000) return grouped(static_cast<std::size_t>(count)) + " ns";
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(1);
-    if (count < 10'000'000)
-        text << static_cast<double>(count) / 1e3 << " µs";
-    else
-        text << static_cast<double>(count) / 1e6 << " ms";
-    return text.str();
-}
 
 std::string percentOf(Nanoseconds part, Nanoseconds whole) {
     if (whole.count() == 0) return "";
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(1)
-         << 100.0 * static_cast<double>(part.count()) / static_cast<double>(whole.count()) << " %";
-    return text.str();
+    return withDigits(
+               100.0 * static_cast<double>(part.count()) / static_cast<double>(whole.count()), 1) +
+           " %";
 }
 
 std::string toTheRight(const std::string& text, std::size_t columns) {
@@ -48,16 +34,16 @@ std::string toTheRight(const std::string& text, std::size_t columns) {
 }
 
 // "VPlug::child(0) on in = in.names"
-std::string inWords(const TracedCall& traced) {
+std::string callInWords(const TracedCall& traced) {
     const ObservedCall& call = traced.call;
     std::string given = call.index < 0 ? "" : std::to_string(call.index);
     if (!call.argument.empty()) given += (given.empty() ? "" : ", ") + call.argument;
     std::string text = call.operation;
-    if (!given.empty()) text += "(" + shortened(oneLine(given), kValueColumns) + ")";
+    if (!given.empty()) text += "(" + shortened(oneLine(given), kArgumentColumns) + ")";
     if (!call.subject.empty()) text += " on " + call.subject;
     if (traced.wasMadeToFail) return text + " MADE TO FAIL";
     if (traced.answer && !traced.answer->result.empty())
-        text += " = " + shortened(oneLine(traced.answer->result), kValueColumns);
+        text += " = " + shortened(oneLine(traced.answer->result), kArgumentColumns);
     return text;
 }
 
@@ -66,7 +52,7 @@ void printCall(std::ostream& out, const TracedCall& traced, std::size_t number) 
     const std::string time = traced.answer ? inWords(traced.answer->duration) : "-";
     out << toTheRight(grouped(number), kNumberColumns) << toTheRight(time, kTimeColumns)
         << std::string(2 + 2 * traced.depth, ' ')
-        << shortened(oneLine(inWords(traced)),
+        << shortened(oneLine(callInWords(traced)),
                      std::max<std::size_t>(kLineColumns - std::min(indent, kLineColumns), 20))
         << "\n";
 }
@@ -161,11 +147,6 @@ Json jsonOf(const TracedCall& traced, std::size_t number) {
             {"madeToFail", traced.wasMadeToFail}};
 }
 
-void dump(std::ostream& out, const Json& json) {
-    // JSON is UTF-8, which texts of the host need not be.
-    out << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
-}
-
 double microseconds(double nanoseconds) { return nanoseconds / 1e3; }
 
 Json eventOf(const std::string& name, const char* category, double begin, double duration,
@@ -255,13 +236,13 @@ void printTraceAsJson(std::ostream& out, const TraceReport& report) {
         operations.push_back(
             {{"operation", sum.operation}, {"calls", sum.calls}, {"ns", sum.time.count()}});
     const Totals totals = totalsOf(report);
-    dump(out, {{"library", report.library},
-               {"data", report.data},
-               {"translations", translations},
-               {"operations", operations},
-               {"nsOfCalls", totals.calls.count()},
-               {"nsOutside", jsonOf(totals.outside)},
-               {"ok", report.ok()}});
+    out << printed({{"library", report.library},
+                    {"data", report.data},
+                    {"translations", translations},
+                    {"operations", operations},
+                    {"nsOfCalls", totals.calls.count()},
+                    {"nsOutside", jsonOf(totals.outside)},
+                    {"ok", report.ok()}});
 }
 
 void printTraceEvents(std::ostream& out, const TraceReport& report) {
@@ -270,9 +251,9 @@ void printTraceEvents(std::ostream& out, const TraceReport& report) {
     std::size_t number = 0;
     for (const TracedTranslation& translation : report.translations)
         addEvents(events, translation, time, number);
-    dump(out, {{"traceEvents", events},
-               {"displayTimeUnit", "ns"},
-               {"otherData", {{"library", report.library}, {"data", report.data}}}});
+    out << printed({{"traceEvents", events},
+                    {"displayTimeUnit", "ns"},
+                    {"otherData", {{"library", report.library}, {"data", report.data}}}});
 }
 
 }  // namespace Tolvane::Tools

@@ -2,34 +2,24 @@
 
 #include "tools/inspect/AttributeTree.h"
 #include "tools/node/LeafText.h"
-#include "tools/report/Table.h"
+#include "tools/report/Json.h"
+#include "tools/report/Words.h"
 #include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
 
-#include <cmath>
 #include <iomanip>
 #include <ostream>
 #include <sstream>
 
-#include <nlohmann/json.hpp>
-
 namespace Tolvane::Tools {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Kind = DataShape::Kind;
 
 // Of an array, so many elements are shown to a person.
 constexpr std::size_t kMostElements = 8;
-
-// Short, for people.
-std::string shortText(double number) {
-    std::ostringstream text;
-    text << std::setprecision(6) << number;
-    return text.str();
-}
 
 std::string rowOf(const VMatrix& matrix, unsigned row) {
     std::ostringstream text;
@@ -118,14 +108,11 @@ private:
     std::ostream& m_out;
 };
 
-// JSON has no number that is none.
-Json jsonOf(double number) { return std::isfinite(number) ? Json(number) : Json(textOf(number)); }
-
 Json jsonOf(const VMatrix& matrix) {
     Json rows = Json::array();
     for (unsigned i = 0; i < 4; ++i)
-        rows.push_back({jsonOf(matrix[i][0]), jsonOf(matrix[i][1]), jsonOf(matrix[i][2]),
-                        jsonOf(matrix[i][3])});
+        rows.push_back({jsonNumber(matrix[i][0]), jsonNumber(matrix[i][1]),
+                        jsonNumber(matrix[i][2]), jsonNumber(matrix[i][3])});
     return rows;
 }
 
@@ -159,7 +146,7 @@ Json jsonOf(const FoundData& found) {
         case Kind::String:
             return place.handle.asString().asChar();
         case Kind::Double:
-            return jsonOf(place.handle.asDouble());
+            return jsonNumber(place.handle.asDouble());
         case Kind::Bool:
             return place.handle.asBool();
         case Kind::Int:
@@ -196,8 +183,7 @@ void printValuesAsJson(std::ostream& out, const ValueReport& report, const Found
                       {"written", report.wasWritten},
                       {"hostMessages", Json(report.messages)},
                       {"ok", report.ok()}};
-    // JSON is UTF-8, which texts of the host need not be.
-    out << object.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+    out << printed(object);
 }
 
 }  // namespace Tolvane::Tools

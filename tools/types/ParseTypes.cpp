@@ -11,8 +11,6 @@
 namespace Tolvane::Tools {
 namespace {
 
-using Json = nlohmann::json;
-
 // Descriptions nest half as deep.
 constexpr int kDeepestNesting = 10;
 
@@ -78,16 +76,16 @@ std::string lineAndColumn(std::string_view text, std::size_t bytesRead) {
 
 bool isUtf8(const std::string& text) {
     try {
-        static_cast<void>(Json(text).dump());
+        static_cast<void>(nlohmann::json(text).dump());
         return true;
-    } catch (const Json::type_error&) {
+    } catch (const nlohmann::json::type_error&) {
         return false;
     }
 }
 
 // The parser's message ends with what it found or expected. What it had read by then is left out:
 // it can be the whole file.
-std::string whyNoJson(const Json::parse_error& error) {
+std::string whyNoJson(const nlohmann::json::parse_error& error) {
     const std::string_view message = error.what();
     const std::string_view opening = " - ";
     const std::size_t opened = message.find(opening);
@@ -101,24 +99,25 @@ std::string whyNoJson(const Json::parse_error& error) {
 }
 
 // The parser nests without limit and lets a later member replace one of the same name.
-Json parseJson(const std::string& text) {
+nlohmann::json parseJson(const std::string& text) {
     std::vector<std::set<std::string>> keysOfOpenObjects;
-    const auto check = [&](int depth, Json::parse_event_t event, const Json& parsed) {
+    const auto check = [&](int depth, nlohmann::json::parse_event_t event,
+                           const nlohmann::json& parsed) {
         if (depth > kDeepestNesting) throw Error("nests too deep to describe types");
-        if (event == Json::parse_event_t::object_start) keysOfOpenObjects.emplace_back();
-        if (event == Json::parse_event_t::object_end) keysOfOpenObjects.pop_back();
-        if (event == Json::parse_event_t::key &&
+        if (event == nlohmann::json::parse_event_t::object_start) keysOfOpenObjects.emplace_back();
+        if (event == nlohmann::json::parse_event_t::object_end) keysOfOpenObjects.pop_back();
+        if (event == nlohmann::json::parse_event_t::key &&
             !keysOfOpenObjects.back().insert(parsed.get<std::string>()).second)
             throw Error("has the key " + inQuotes(parsed.get<std::string>()) +
                         " twice in one object");
         return true;
     };
     try {
-        return Json::parse(text, check);
-    } catch (const Json::parse_error& error) {
+        return nlohmann::json::parse(text, check);
+    } catch (const nlohmann::json::parse_error& error) {
         throw Error(lineAndColumn(text, error.byte) + ": " +
                     (isUtf8(text) ? whyNoJson(error) : "is not JSON in UTF-8"));
-    } catch (const Json::out_of_range&) {
+    } catch (const nlohmann::json::out_of_range&) {
         throw Error("has a number that is too big to read");
     }
 }
@@ -126,7 +125,7 @@ Json parseJson(const std::string& text) {
 }  // namespace
 
 TypeDescriptions parseTypes(const std::string& text) {
-    const Json json = parseJson(text);
+    const nlohmann::json json = parseJson(text);
     const JsonPlace document(json);
     document.refuseOtherKeysThan({"structs", "enums"});
     TypeDescriptions types;

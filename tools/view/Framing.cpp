@@ -14,7 +14,7 @@ constexpr std::size_t kSamples = 8;
 // A figure that climbs more than this many of its sizes is followed up, too.
 constexpr double kMostClimb = 4;
 
-Points pointsOf(const Positions& positions) {
+Points pointsAt(const Positions& positions) {
     Points points(positions.size() / 3);
     for (std::size_t i = 0; i < points.size(); ++i) {
         const Vector3 point{positions[3 * i], positions[3 * i + 1], positions[3 * i + 2]};
@@ -28,13 +28,13 @@ std::vector<Points> samplesOf(const Recording& recording) {
     const std::size_t count = recording.frames.size();
     const std::size_t step = (count + kSamples - 1) / kSamples;
     for (std::size_t i = 0; i < count; i += step)
-        samples.push_back(pointsOf(recording.frames[i].wentIn));
+        samples.push_back(pointsAt(recording.frames[i].wentIn));
     return samples;
 }
 
 // The points of the figure alone.
 Points figurePoints(const Positions& positions, const std::vector<bool>& stays) {
-    Points points = pointsOf(positions);
+    Points points = pointsAt(positions);
     for (std::size_t i = 0; i < points.size(); ++i)
         if (!stays[i]) points[i].reset();
     const std::vector<bool> isNear = nearJoints(points);

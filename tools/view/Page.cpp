@@ -1,5 +1,6 @@
 #include "tools/view/Page.h"
 
+#include "tools/report/Json.h"
 #include "tools/report/Report.h"
 #include "tools/view/Base64.h"
 #include "tools/view/Framing.h"
@@ -14,12 +15,8 @@
 #include <map>
 #include <string_view>
 
-#include <nlohmann/json.hpp>
-
 namespace Tolvane::Tools {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kMostMessages = 10;
 // Of more joints nobody reads a list, and browsers take long to show it.
@@ -184,11 +181,10 @@ Json dataOf(const Rig& rig, const std::string& libraryName, const RunResult& res
     return data;
 }
 
-// JSON that can stand within a page, whose markup it must not end. It is UTF-8, which names from
-// files need not be.
+// JSON that can stand within a page, whose markup it must not end.
 std::string textOf(const Json& data) {
     std::string text;
-    for (const char character : data.dump(-1, ' ', false, Json::error_handler_t::replace)) {
+    for (const char character : printed(data, -1)) {
         if (character == '<')
             text += "\\u003c";
         else
