@@ -45,7 +45,8 @@ platforms_from_packages() {
     git ls-files -z --cached --others --exclude-standard -- ':!graph' ':!host' ':!executor' |
         tar -c --null --files-from=- | tar -x -C "$source"
     configure_afresh "$source" "$built" -D CMAKE_BUILD_TYPE=Debug -D CMAKE_CXX_FLAGS_DEBUG=-O0 \
-        -D CMAKE_CXX_COMPILER=clang++ -D TOLVANE_PLATFORM_PACKAGES="Pelmor;OpenVornik;TavrikGraph"
+        -D CMAKE_CXX_COMPILER=clang++ -D CMAKE_UNITY_BUILD=ON -D CMAKE_UNITY_BUILD_BATCH_SIZE=12 \
+        -D TOLVANE_PLATFORM_PACKAGES="Pelmor;OpenVornik;TavrikGraph"
     cmake --build "$built"
     TOLVANE_MODEL_SEQUENCES=200 ctest --test-dir "$built" --output-on-failure -j "$(nproc)" \
         -E '^scripts\.|^Generator\.|FaultyLibraries' | tee "$logs/platforms.ctest"
