@@ -48,9 +48,7 @@ platforms_from_packages() {
         -D CMAKE_CXX_COMPILER=clang++ -D CMAKE_UNITY_BUILD=ON -D CMAKE_UNITY_BUILD_BATCH_SIZE=12 \
         -D TOLVANE_PLATFORM_PACKAGES="Pelmor;OpenVornik;TavrikGraph"
     cmake --build "$built"
-    TOLVANE_MODEL_SEQUENCES=200 ctest --test-dir "$built" --output-on-failure -j "$(nproc)" \
-        -E '^scripts\.|^Generator\.|FaultyLibraries' | tee "$logs/platforms.ctest"
-    figure "$(sed -n 's/.* out of \([0-9]*\)$/\1 tests/p' "$logs/platforms.ctest")"
+    TOLVANE_MODEL_SEQUENCES=200 run_tests "$built" 'Generator.*:*FaultyLibraries*'
     for platform in Pelmor OpenVornik TavrikGraph; do
         configure_afresh "$root" "$logs/with_package_of_$platform" -D BUILD_TESTING=OFF \
             -D TOLVANE_TOOLS=OFF -D TOLVANE_PLATFORM_PACKAGES="$platform"

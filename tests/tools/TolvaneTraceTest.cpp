@@ -40,7 +40,7 @@ protected:
 };
 
 // "asString in.names[] = text"
-std::string inWords(const Json& call) {
+std::string callInWords(const Json& call) {
     const std::string operation = call["operation"];
     return operation.substr(operation.rfind(':') + 1) + " " + call["subject"].get<std::string>() +
            (call["result"].is_null() ? "" : " = " + call["result"].get<std::string>());
@@ -48,7 +48,7 @@ std::string inWords(const Json& call) {
 
 std::vector<std::string> callsOf(const Json& translation) {
     std::vector<std::string> calls;
-    for (const Json& call : translation["calls"]) calls.push_back(inWords(call));
+    for (const Json& call : translation["calls"]) calls.push_back(callInWords(call));
     return calls;
 }
 
@@ -127,13 +127,13 @@ TEST_F(TolvaneTrace, ShowsWhatFollowsACallThatFails) {
     EXPECT_EQ(without["calls"][2]["operation"], "VDataHandle::child");
     EXPECT_EQ(without["calls"][2]["madeToFail"], true);
     EXPECT_EQ(without["calls"][2]["ns"], Json());
-    EXPECT_EQ(inWords(without["calls"][3]), "VArrayDataHandle  = invalid parameter");
-    EXPECT_EQ(inWords(without["calls"][4]), "elementCount  = 0");
+    EXPECT_EQ(callInWords(without["calls"][3]), "VArrayDataHandle  = invalid parameter");
+    EXPECT_EQ(callInWords(without["calls"][4]), "elementCount  = 0");
     EXPECT_EQ(without["ns"], Json()) << "nobody measures an evaluation that fails";
 
     const Json atOnce = callsIf("1");
     EXPECT_EQ(atOnce["calls"][0]["madeToFail"], true);
-    EXPECT_EQ(inWords(atOnce["calls"][2]), "child  = null");
+    EXPECT_EQ(callInWords(atOnce["calls"][2]), "child  = null");
 }
 
 // Out of order, they would hide each other in a viewer.

@@ -51,7 +51,7 @@ std::string anyBytes(std::uint64_t seed) {
     return text;
 }
 
-std::string textOf(Texts texts, std::uint64_t seed) {
+std::string generatedText(Texts texts, std::uint64_t seed) {
     switch (texts) {
         case Texts::Long:
             return letters(seed % 16 == 0 ? 70'000 : 300, seed);
@@ -76,7 +76,7 @@ void fillLeaf(const DataPlace& place, const Content& content) {
     const bool plainNumbers = content.numbers == Numbers::Plain;
     VDataHandle handle = place.handle;
     if (place.shape.kind == DataShape::Kind::String && content.texts != Texts::Plain)
-        handle.setString(textOf(content.texts, content.seed).c_str());
+        handle.setString(generatedText(content.texts, content.seed).c_str());
     else if (place.shape.kind == DataShape::Kind::Double && !plainNumbers)
         handle.setDouble(numberOf(content.numbers, content.seed));
     else if (place.shape.kind == DataShape::Kind::Matrix && !plainNumbers)

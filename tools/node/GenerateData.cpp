@@ -11,7 +11,7 @@ double numberOf(std::uint64_t seed) {
 }
 
 // Hexadecimal digits; sixteen of them, or more than strings keep in place.
-std::string textOf(std::uint64_t seed) {
+std::string generatedText(std::uint64_t seed) {
     std::string digits;
     for (unsigned shift = 0; shift < 64; shift += 4)
         digits += "0123456789abcdef"[(seed >> shift) & 15];
@@ -41,7 +41,7 @@ void generateData(const DataPlace& place, std::uint64_t seed) {
         case DataShape::Kind::Matrix:
             return handle.setMatrix(matrixOf(seed));
         case DataShape::Kind::String:
-            return handle.setString(textOf(seed).c_str());
+            return handle.setString(generatedText(seed).c_str());
         case DataShape::Kind::Double:
             return handle.setDouble(numberOf(seed));
         case DataShape::Kind::Bool:
