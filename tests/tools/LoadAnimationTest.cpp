@@ -40,10 +40,39 @@ TEST_F(LoadAnimation, RoundsARateThatIsAlmostWhole) {
     EXPECT_EQ(loadRig(folder.write("rig.bvh", text)).framesPerSecond, 120);
 }
 
+TEST_F(LoadAnimation, KeepsARateThatIsFarFromAnyUsualOne) {
+    for (const auto& [length, rate] : {std::pair("1.0", 1.), {"2.0", 0.5}, {"0.0005", 2000.}}) {
+        std::string text = sampleBvh();
+        text.replace(text.find("Frame Time: 0.1"), 15, std::string("Frame Time: ") + length);
+        const Rig rig = loadRig(folder.write("rig.bvh", text));
+        EXPECT_EQ(rig.framesPerSecond, rate);
+        EXPECT_EQ(rig.frameCount, 4U);
+    }
+}
+
 TEST_F(LoadAnimation, KeepsARateThatIsNotWhole) {
     std::string text = sampleBvh();
     text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: 0.0333667");
     EXPECT_NEAR(loadRig(folder.write("rig.bvh", text)).framesPerSecond, 29.97, 0.001);
+}
+
+// The modes are: a rate of its own, which is not there, and three that the reader does not know.
+TEST_F(LoadAnimation, TakesTheRateOfTheKeysWhereAnFbxHasNoneThatCanBeRead) {
+    const Rig whole = loadRig(KNOWN_RIGS "/z_up.fbx");
+    const std::string mode = R"("TimeMode", "enum", "", "",)";
+    for (const char* unknown : {"14", "15", "16", "17"}) {
+        std::string text = readFile(KNOWN_RIGS "/z_up.fbx");
+        text.replace(text.find(mode + "6"), mode.size() + 1, mode + unknown);
+        const Rig rig = loadRig(folder.write("rig.fbx", text));
+        EXPECT_EQ(rig.framesPerSecond, 30) << unknown;
+        ASSERT_EQ(rig.frameCount, whole.frameCount) << unknown;
+        RigFrame pose(rig), expected(whole);
+        pose.pose(15);
+        expected.pose(15);
+        for (unsigned column = 0; column < 4; ++column)
+            EXPECT_NEAR(pose.joints()[0].matrices[kWorld][3][column],
+                        expected.joints()[0].matrices[kWorld][3][column], 1e-4);
+    }
 }
 
 TEST_F(LoadAnimation, SamplesAFileWithoutARateAtThirtyFramesPerSecond) {

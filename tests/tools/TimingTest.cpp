@@ -116,6 +116,15 @@ TEST(Timing, CountsTicksAsFramesWhereTheirRateIsUsualForFrames) {
     }
 }
 
+TEST(Timing, CountsTicksAsFramesAtAnyRateWhereTheKindOfFileDoes) {
+    for (const FileKind kind : {FileKind::B3d, FileKind::Bvh, FileKind::Md5})
+        for (const double rate : {0.1, 0.5, 1., 300., 2000.}) {
+            const Timing timing = timed(rate, {0, 1, 2, 3, 4}, std::nullopt, kind);
+            EXPECT_EQ(timing.framesPerSecond, rate);
+            EXPECT_EQ(timing.frameCount, 5);
+        }
+}
+
 TEST(Timing, TakesTheRateOfTheKeysWhereTicksAreFractionsOfASecond) {
     EXPECT_EQ(timed(1000, {0, 40, 80, 120, 160}).framesPerSecond, 25);
     EXPECT_EQ(timed(1, {0, 0.04, 0.08, 0.12, 0.16}).framesPerSecond, 25);

@@ -56,8 +56,11 @@ const aiScene& importScene(Assimp::Importer& importer, const std::string& path,
         const aiScene* scene = importer.ReadFile(path, 0);
         if (scene && scene->mRootNode) {
             // It is the importer's own, which no one else has seen yet.
-            separateSharedBones(const_cast<aiScene&>(*scene));
-            return *scene;
+            auto& own = const_cast<aiScene&>(*scene);
+            separateSharedBones(own);
+            turnTimeForward(own);
+            takeStatedRate(own, filesRead);
+            return own;
         }
     } catch (const std::exception& exception) {
         throw Error(path + ": cannot be read: " + exception.what());

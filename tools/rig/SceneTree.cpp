@@ -144,8 +144,8 @@ FileKind kindOf(const aiScene& scene) {
     for (const auto& [word, kind] :
          {std::pair("Blitz", FileKind::B3d), std::pair("BVH", FileKind::Bvh),
           std::pair("Collada", FileKind::Collada), std::pair("FBX", FileKind::Fbx),
-          std::pair("glTF", FileKind::Gltf), std::pair("SMD", FileKind::Smd),
-          std::pair("XFile", FileKind::X)})
+          std::pair("glTF", FileKind::Gltf), std::pair("MD5", FileKind::Md5),
+          std::pair("SMD", FileKind::Smd), std::pair("XFile", FileKind::X)})
         if (reader.find(word) != std::string_view::npos) return kind;
     return FileKind::Other;
 }

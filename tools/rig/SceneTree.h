@@ -56,7 +56,7 @@ private:
 // The component of a node's transformation that a part of it stands for; empty if it is no part.
 std::string componentOf(const aiNode& node);
 
-enum class FileKind { B3d, Bvh, Collada, Fbx, Gltf, Smd, X, Other };
+enum class FileKind { B3d, Bvh, Collada, Fbx, Gltf, Md5, Smd, X, Other };
 
 // The kind of file that a scene was first read from.
 FileKind kindOf(const aiScene& scene);

@@ -10,7 +10,7 @@ namespace Tolvane::Tools {
 namespace {
 
 constexpr double kDefaultRate = 30;
-// Ticks at such a rate are frames.
+// Ticks at such a rate are frames, whatever the kind of file.
 constexpr double kHighestLikelyRate = 240;
 // Evenly spaced keys at such a rate are one for each frame; further apart, they were set by hand.
 constexpr double kLowestBakedRate = 10;
@@ -41,7 +41,7 @@ bool isRounded(double number, double exact) {
 
 double ticksPerSecondOf(const aiAnimation& animation, FileKind kind, const std::string& path) {
     const double stated = animation.mTicksPerSecond;
-    if (!std::isfinite(stated) || stated < 0)
+    if (!hasTimeUnit(animation))
         throw Error(path + ": has an animation without a valid number of frames per second");
     // These files state none, and their reader makes up another than their makers use.
     if (kind == FileKind::Smd) return 30;
@@ -50,6 +50,19 @@ double ticksPerSecondOf(const aiAnimation& animation, FileKind kind, const std::
     // They count in 160ths of a frame of 1/30 second unless they say otherwise.
     if (kind == FileKind::X) return 4800;
     return kDefaultRate;
+}
+
+// Some kinds of file count time in frames, others in seconds or fractions of one.
+bool countsFrames(FileKind kind, double ticksPerSecond) {
+    switch (kind) {
+        case FileKind::B3d:
+        case FileKind::Bvh:
+        case FileKind::Md5:
+        case FileKind::Smd:
+            return true;
+        default:
+            return ticksPerSecond > 1 && ticksPerSecond <= kHighestLikelyRate;
+    }
 }
 
 template <typename Key>
@@ -121,6 +134,10 @@ std::optional<double> rateOfKeys(const std::vector<double>& times) {
     return std::nullopt;
 }
 
+bool hasTimeUnit(const aiAnimation& animation) {
+    return std::isfinite(animation.mTicksPerSecond) && animation.mTicksPerSecond >= 0;
+}
+
 double usualRate(double rate) {
     if (isWhole(rate, 1e-6 * rate)) return std::round(rate);
     for (const double usual : kUsualRates)
@@ -136,8 +153,7 @@ Timing timingOf(const aiAnimation& animation, const Channels& channels, FileKind
     seconds.reserve(ticks.size());
     for (const double tick : ticks) seconds.push_back(tick / ticksPerSecond);
 
-    // Some kinds of file count time in frames, others in seconds or fractions of one.
-    const bool ticksAreFrames = ticksPerSecond > 1 && ticksPerSecond <= kHighestLikelyRate;
+    const bool ticksAreFrames = countsFrames(kind, ticksPerSecond);
     const double tickRate = ticksAreFrames ? usualRate(ticksPerSecond) : ticksPerSecond;
     const std::optional<double> own =
         ticksAreFrames ? std::optional(tickRate) : rateOfKeys(seconds);

@@ -28,6 +28,9 @@ struct Timing {
 Timing timingOf(const aiAnimation& animation, const Channels& channels, FileKind kind,
                 std::optional<double> rate, const std::string& path);
 
+// Whether it has a valid number of ticks per second, or states none.
+bool hasTimeUnit(const aiAnimation& animation);
+
 // The usual rate that a rate read from a file means. Files give it, or the length of a frame, in
 // few digits, or in single precision.
 double usualRate(double rate);

@@ -105,7 +105,7 @@ def unstated_frames():
 
 def two_files():
     """MD5, whose movement is in another file of the same name. It has z up, which its reader turns to
-    y; the rate is 24. The first of its joints skins nothing, and so counts as what carries them."""
+    y; the rate is 12. The first of its joints skins nothing, and so counts as what carries them."""
     degrees = [10 * i for i in range(5)]
     mesh = """MD5Version 10
 commandline ""
@@ -146,7 +146,7 @@ commandline ""
 
 numFrames {len(degrees)}
 numJoints 3
-frameRate 24
+frameRate 12
 numAnimatedComponents 1
 
 hierarchy {{
@@ -172,7 +172,7 @@ baseframe {{
             "two_files.md5mesh",
             [("upper", None), ("lower", 0)],
             frames=5,
-            fps=24,
+            fps=12,
             joint=1,
             frame=3,
             world=world,
