@@ -41,6 +41,13 @@ TEST_F(LoadRig, TakesTheNodesOfAGltfThatSkinOrMoveAsJoints) {
     EXPECT_EQ(rig.joints[1].parent, 0U);
 }
 
+TEST_F(LoadRig, TakesTheBoneOfTheNameThatIsAskedForAndNotTheMesh) {
+    LoadOptions options;
+    options.root = "Bone";
+    EXPECT_EQ(names(loadRig(KNOWN_RIGS "/objects_among_bones.gltf", options)),
+              (Names{"Bone", "Between", "Bone", "End"}));
+}
+
 TEST_F(LoadRig, TakesAllNodesAsJointsWhereNoneSkinsOrMoves) {
     const Rig rig = load("rig.gltf", R"({"asset": {"version": "2.0"}, "scene": 0,
         "scenes": [{"nodes": [0]}],

@@ -117,6 +117,29 @@ TEST_F(SceneJoints, AreTheBonesAndWhatIsBetweenAndBelow) {
     EXPECT_THAT(nodes(), ElementsAre(hips, between, hand, end));
 }
 
+TEST_F(SceneJoints, AreTheNodesUpToTheLowestAboveAllBonesOfASkin) {
+    aiNode* const body = add("body");
+    aiNode* const armature = add("armature");
+    aiNode* const hips = add(armature, "hips");
+    aiNode* const socket = add(hips, "socket");
+    aiNode* const left = add(socket, "left");
+    aiNode* const plate = add(hips, "plate");
+    aiNode* const right = add(plate, "right");
+    showMesh(plate);
+    skin(body, {{"left", {}}, {"right", {}}});
+    EXPECT_THAT(nodes(), ElementsAre(hips, socket, left, right));
+    EXPECT_EQ(joints()[3].parent, 0U);
+
+    // What is between the bones of different skins, and the root of the scene, are none.
+    aiNode* const sword = add("sword");
+    aiNode* const tail = add(add("stand"), "tail");
+    skin(sword, {{"tail", {}}});
+    EXPECT_THAT(nodes(), ElementsAre(hips, socket, left, right, tail));
+    aiNode* const arm = add("arm");
+    skin(sword, {{"left", {}}, {"arm", {}}});
+    EXPECT_THAT(nodes(), ElementsAre(armature, hips, socket, left, right, tail, arm));
+}
+
 TEST_F(SceneJoints, AreNoMeshesCamerasOrLightsUnlessTheyAreBones) {
     aiNode* const body = add("body");
     aiNode* const hips = add("hips");
@@ -169,6 +192,22 @@ TEST_F(SceneJoints, AreTheSubtreeThatIsAskedFor) {
     EXPECT_THAT(nodes("hips"), ElementsAre(hips));
     EXPECT_THAT(nodes("body"), ElementsAre(body));
     EXPECT_THROW(nodes("none"), Error);
+}
+
+TEST_F(SceneJoints, AreBelowABoneOrWhatIsAnimatedWhereSeveralHaveTheNameThatIsAskedFor) {
+    aiNode* const first = add("arm");
+    aiNode* const second = add("arm");
+    aiNode* const third = add("arm");
+    showMesh(first);
+    EXPECT_THAT(nodes("arm"), ElementsAre(first));
+    second->mTransformation.a4 = 5;
+    move("arm", {0, 0, 0});
+    move("arm", {5, 0, 0});
+    first->mTransformation.a4 = 9;
+    EXPECT_THAT(nodes("arm"), ElementsAre(second));
+    third->mTransformation.b4 = 7;
+    skin(first, {{"arm", {0, 7, 0}}});
+    EXPECT_THAT(nodes("arm"), ElementsAre(third));
 }
 
 TEST_F(SceneJoints, AreTheBonesOwnNodesWhereOthersHaveTheirNames) {

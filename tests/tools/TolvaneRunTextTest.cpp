@@ -4,6 +4,7 @@
 #include "tests/tools/TolvaneRun.h"
 #include "tools/report/ProgressBar.h"
 #include "tools/support/Columns.h"
+#include "tools/support/OneLine.h"
 
 #include <filesystem>
 #include <map>
@@ -42,6 +43,16 @@ TEST_F(TolvaneRunText, ShowsBothValuesOfAWrongNumberAndWhereItIs) {
                           "        came back   10.25\n"
                           "        difference  0.25\n"
                           "    frame 2: outPins.matrices[0] differs in row 3, column 1\n"));
+}
+
+TEST(TolvaneRunHelp, SaysWhichNodesAreJointsInTheWordsOfTheReadme) {
+    const std::string help = oneLine(runTolvane({"run", "--help"}).output);
+    const std::string readme = oneLine(readFile(README));
+    for (const std::string begin : {"Joints are the bones of", "Of several it is"}) {
+        const std::size_t from = readme.find(begin);
+        ASSERT_NE(from, std::string::npos) << begin;
+        EXPECT_THAT(help, HasSubstr(readme.substr(from, readme.find('.', from) - from) + "."));
+    }
 }
 
 TEST_F(TolvaneRunText, ShowsTheFirstTenMismatchesAndTheCount) {

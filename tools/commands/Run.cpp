@@ -8,11 +8,18 @@
 #include "tools/support/Stage.h"
 
 #include <memory>
+#include <string_view>
 
 #include <unistd.h>
 
 namespace Tolvane::Tools {
 namespace {
+
+constexpr std::string_view kJointsRule =
+    "Joints are the bones of skins; where there are no skins, the nodes that an animation moves, "
+    "but for cameras and lights; and what lies below these or between the bones of a skin, without "
+    "meshes, cameras, lights, the scene's root and the end sites of BVH files. Bones are known as "
+    "nodes, not by name. In a file without any of these every node is taken for a joint.";
 
 int runAsAsked(RunArguments& arguments) {
     if (isAboutMany(arguments)) return runMany(arguments);
@@ -31,11 +38,7 @@ Command addRun(CLI::App& app) {
         "Sends each frame of a rig through the plugin and compares what comes back.\n"
         "Exit status: 0 if all is equal, 1 if anything differs or fails, 2 if it cannot run.");
     run.footer(
-        "Joints are the bones of skins; where there are no skins, the nodes that an\n"
-        "animation moves, but for cameras and lights; and what lies between and below\n"
-        "these, without meshes, cameras, lights and the end sites of BVH files. Bones are\n"
-        "known as nodes, not by name. In a file without any of these every node is taken\n"
-        "for a joint.\n\n" +
+        wrapped(kJointsRule, 0) + "\n\n" +
         wrapped(std::string("Each rig is read, and each library tried, in a process of its own. "
                             "With --json an error is an object too, "
                             "{\"error\": {\"stage\", \"what\", \"file\"}}; the stages are ") +
@@ -59,7 +62,8 @@ Command addRun(CLI::App& app) {
                    "Use the animation of this name (default: the first)")
         ->option_text("NAME");
     run.add_option("--root", arguments->root,
-                   "Take the first node of this name, and what is below it, for the joints")
+                   "Take this node, and what is below it. Of several it is a bone, else what "
+                   "moves, else the first.")
         ->option_text("NAME");
     run.add_flag("--churn", arguments->churn,
                  "Change the number of joints and limbs from frame to frame");

@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace Tolvane::Tools {
@@ -122,9 +124,22 @@ private:
     std::set<std::string> m_names;
 };
 
+// Parents have lower numbers, so the climb from the highest is the one that is due; the last that
+// is left is above all.
+void addBetween(const SceneTree& tree, std::set<std::size_t> climbing,
+                std::set<std::size_t>& between) {
+    while (climbing.size() > 1) {
+        const auto highest = std::prev(climbing.end());
+        const std::size_t parent = *tree.nodes()[*highest].parent;
+        climbing.erase(highest);
+        climbing.insert(parent);
+        between.insert(parent);
+    }
+}
+
 }  // namespace
 
-Bones bonesOf(const aiScene& scene, const SceneTree& tree) {
+Bones bonesOf(const aiScene& scene, const SceneTree& tree, std::set<std::size_t>& between) {
     const BoneFinder finder(scene, tree);
     Bones weights;
     for (unsigned mesh = 0; scene.mMeshes && mesh < scene.mNumMeshes; ++mesh) {
@@ -135,6 +150,7 @@ Bones bonesOf(const aiScene& scene, const SceneTree& tree) {
             taken.insert(*node);
             weights[*node] += weightOf(bone);
         });
+        addBetween(tree, std::move(taken), between);
     }
     return weights;
 }

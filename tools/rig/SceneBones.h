@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 
 namespace Tolvane::Tools {
 
@@ -13,6 +14,8 @@ namespace Tolvane::Tools {
 // a name, the bone is the one that the skin's own matrices and the nodes around it tell.
 using Bones = std::map<std::size_t, double>;
 
-Bones bonesOf(const aiScene& scene, const SceneTree& tree);
+// Adds to `between` the nodes between the bones of one skin: those on the ways from these up to the
+// lowest node that is above them all, with that one.
+Bones bonesOf(const aiScene& scene, const SceneTree& tree, std::set<std::size_t>& between);
 
 }  // namespace Tolvane::Tools

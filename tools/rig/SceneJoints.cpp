@@ -23,12 +23,19 @@ std::set<std::size_t> animatedNodes(const aiScene& scene, const SceneTree& tree,
     return nodes;
 }
 
+bool isObject(const SceneNode& node) { return node.isMesh || node.isCameraOrLight; }
+
 std::set<std::size_t> bonesOrAnimated(const Skeleton& skeleton) {
     std::set<std::size_t> nodes;
+    const std::vector<SceneNode>& all = skeleton.tree.nodes();
     for (const auto& [node, weight] : skeleton.bones) nodes.insert(node);
-    if (!nodes.empty()) return nodes;
+    if (!nodes.empty()) {
+        for (const std::size_t node : skeleton.betweenBones)
+            if (all[node].parent && !isObject(all[node])) nodes.insert(node);
+        return nodes;
+    }
     for (const std::size_t node : skeleton.animated)
-        if (!skeleton.tree.nodes()[node].isCameraOrLight) nodes.insert(node);
+        if (!all[node].isCameraOrLight) nodes.insert(node);
     return nodes;
 }
 
@@ -45,7 +52,7 @@ std::vector<std::size_t> withWhatIsBelow(const SceneTree& tree, const std::set<s
         const SceneNode& node = tree.nodes()[i];
         const bool isBelow = node.parent && isInside[*node.parent];
         const bool isSure = sure.count(i) != 0;
-        const bool isOther = node.isMesh || node.isCameraOrLight || isEndSite(node, isBvh);
+        const bool isOther = isObject(node) || isEndSite(node, isBvh);
         isInside[i] = isSure || isBelow;
         if (isSure || (isBelow && !isOther)) joints.push_back(i);
     }
@@ -58,10 +65,15 @@ bool isWithin(const SceneTree& tree, std::size_t node, std::size_t root) {
     return at == root;
 }
 
-std::size_t findRoot(const SceneTree& tree, const std::string& path, const std::string& name) {
-    const std::vector<std::size_t>& nodes = tree.named(name);
+std::size_t findRoot(const Skeleton& skeleton, const std::string& path, const std::string& name) {
+    const std::vector<std::size_t>& nodes = skeleton.tree.named(name);
     if (nodes.empty()) throw Error(path + ": has no node \"" + name + "\" for --root");
-    return nodes.front();
+    const auto likelihood = [&](std::size_t node) {
+        return skeleton.bones.count(node) != 0 ? 2 : skeleton.animated.count(node) != 0 ? 1 : 0;
+    };
+    return *std::max_element(nodes.begin(), nodes.end(), [&](std::size_t a, std::size_t b) {
+        return likelihood(a) < likelihood(b);
+    });
 }
 
 std::vector<std::size_t> allOf(const SceneTree& tree) {
@@ -191,14 +203,14 @@ private:
 
 Skeleton skeletonOf(const aiScene& scene, const std::string& path,
                     const std::optional<std::string>& root) {
-    Skeleton skeleton{SceneTree(scene), {}, {}, {}, true};
+    Skeleton skeleton{SceneTree(scene), {}, {}, {}, {}, true};
     const SceneTree& tree = skeleton.tree;
-    skeleton.bones = bonesOf(scene, tree);
+    skeleton.bones = bonesOf(scene, tree, skeleton.betweenBones);
     skeleton.animated = animatedNodes(scene, tree, skeleton.bones);
 
     std::set<std::size_t> sure = bonesOrAnimated(skeleton);
     if (root) {
-        const std::size_t top = findRoot(tree, path, *root);
+        const std::size_t top = findRoot(skeleton, path, *root);
         std::set<std::size_t> within{top};
         for (const std::size_t node : sure)
             if (isWithin(tree, node, top)) within.insert(node);

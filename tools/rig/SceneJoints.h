@@ -2,8 +2,9 @@
 // matrices.
 //
 // Joints are the bones of skins; in a scene without skins, the nodes that an animation moves, but
-// for cameras and lights; and whatever lies below a joint and is no mesh, camera or light. In a
-// scene without any of these, all nodes are joints.
+// for cameras and lights; and whatever lies below a joint, or between the bones of one skin, and is
+// no mesh, camera or light, nor the scene's root. In a scene without any of these, all nodes are
+// joints.
 #pragma once
 
 #include "tools/rig/Rig.h"
@@ -23,6 +24,7 @@ struct Skeleton {
     SceneTree tree;
     // Their weights, by their nodes.
     Bones bones;
+    std::set<std::size_t> betweenBones;
     // The nodes that any of the scene's animations moves.
     std::set<std::size_t> animated;
     // The nodes of the joints, in the order of Rig::joints.
@@ -31,7 +33,8 @@ struct Skeleton {
     bool isFound = true;
 };
 
-// `root` is the name of a node: it and what is below it are the only joints then. Throws Error,
+// `root` is the name of a node: it and what is below it are the only joints then. Where several
+// have the name, it is a bone, else one that is animated, else the first. Throws Error,
 // which names `path`, if there is no such node, or if there are more joints than any real rig has.
 Skeleton skeletonOf(const aiScene& scene, const std::string& path,
                     const std::optional<std::string>& root);
