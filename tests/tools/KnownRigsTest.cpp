@@ -89,7 +89,7 @@ TEST_P(KnownRig, PutsAJointWhereItIs) {
 }
 
 TEST_P(KnownRig, IsDescribed) {
-    const RigInfo info = readInfo(path);
+    const RigInfo info = loadInfo(path);
     EXPECT_EQ(info.hasSkeleton, expected["hasSkeleton"]);
     EXPECT_EQ(info.joints, expected["joints"].size());
     EXPECT_EQ(info.bones, expected["bones"]);
@@ -102,9 +102,10 @@ TEST_P(KnownRig, IsDescribed) {
     }
     const AnimationInfo& first = info.animations.front();
     EXPECT_EQ(first.name, expected["animation"]);
-    EXPECT_EQ(first.frameCount, expected["frames"]);
-    EXPECT_DOUBLE_EQ(first.framesPerSecond, expected["fps"].get<double>());
-    EXPECT_NEAR(first.seconds, expected["seconds"].get<double>(), 1e-4);
+    ASSERT_TRUE(first.timing.has_value());
+    EXPECT_EQ(first.timing->frameCount, expected["frames"]);
+    EXPECT_DOUBLE_EQ(first.timing->framesPerSecond, expected["fps"].get<double>());
+    EXPECT_NEAR(first.timing->seconds, expected["seconds"].get<double>(), 1e-4);
 }
 
 }  // namespace

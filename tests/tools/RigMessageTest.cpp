@@ -124,6 +124,64 @@ const std::vector<Fault> kFaults{
     {"EndlessFrames", [](Rig& rig) { rig.ticksPerFrame = kInfinity; }, "frames have no length"},
 };
 
+RigInfo sampleInfo() {
+    const TemporaryFolder folder;
+    RigInfo info = loadInfo(folder.write("rig.gltf", sampleGltf()));
+    info.animations[1].timing.reset();
+    info.world.upAxis = 2;
+    return info;
+}
+
+TEST(RigInfoMessage, BringsEverythingAcross) {
+    const RigInfo info = sampleInfo();
+    const RigInfo other = infoOf(messageOf(info));
+    EXPECT_EQ(other.file, info.file);
+    EXPECT_EQ(other.hasSkeleton, info.hasSkeleton);
+    EXPECT_EQ(other.joints, 2U);
+    EXPECT_EQ(other.bones, 2U);
+    EXPECT_EQ(other.animated, 1U);
+    EXPECT_EQ(other.inBetween, 0U);
+    EXPECT_EQ(other.meshes, 1U);
+    EXPECT_EQ(other.skins, 1U);
+    EXPECT_EQ(other.world.upAxis, 2U);
+    EXPECT_EQ(other.world.metresPerUnit, info.world.metresPerUnit);
+    ASSERT_EQ(other.animations.size(), 2U);
+    EXPECT_EQ(other.animations[0].name, "move");
+    EXPECT_EQ(other.animations[0].timing->seconds, 1);
+    EXPECT_EQ(other.animations[0].timing->framesPerSecond, 30);
+    EXPECT_EQ(other.animations[0].timing->frameCount, 31U);
+    EXPECT_FALSE(other.animations[1].timing);
+    EXPECT_EQ(messageOf(other), messageOf(info));
+}
+
+TEST(RigInfoMessage, IsRefusedWhereItCannotBeTrue) {
+    const std::pair<const char*, void (*)(RigInfo&)> faults[] = {
+        {"there are more joints of a sort than of all", [](RigInfo& info) { info.bones = 3; }},
+        {"there are more joints of a sort than of all", [](RigInfo& info) { info.animated = 3; }},
+        {"there are more joints of a sort than of all", [](RigInfo& info) { info.inBetween = 3; }},
+        {"there are more skins than meshes", [](RigInfo& info) { info.skins = 2; }},
+        {"there is no such axis", [](RigInfo& info) { info.world.upAxis = 3; }},
+        {"the unit has no length", [](RigInfo& info) { info.world.metresPerUnit = -1; }},
+        {"an animation has no length",
+         [](RigInfo& info) { info.animations[0].timing->seconds = kNaN; }},
+        {"frames have no length",
+         [](RigInfo& info) { info.animations[0].timing->framesPerSecond = kInfinity; }},
+        {"an animation has no frames",
+         [](RigInfo& info) { info.animations[0].timing->frameCount = 0; }},
+    };
+    for (const auto& [told, inflict] : faults) {
+        RigInfo info = sampleInfo();
+        inflict(info);
+        try {
+            infoOf(messageOf(info));
+            ADD_FAILURE() << "is taken: " << told;
+        } catch (const BadMessage& bad) {
+            EXPECT_STREQ(bad.what(), told);
+        }
+    }
+    EXPECT_THROW(infoOf(messageOf(sampleInfo()) + '\0'), BadMessage);
+}
+
 class RigMessageWithFault : public testing::TestWithParam<Fault> {};
 
 INSTANTIATE_TEST_SUITE_P(Each, RigMessageWithFault, testing::ValuesIn(kFaults),

@@ -59,6 +59,18 @@ TEST_F(TolvaneInfo, LeavesOpenWhatAFileDoesNotSay) {
     EXPECT_THAT(output, HasSubstr("\nUnit        unknown\n"));
 }
 
+TEST_F(TolvaneInfo, LeavesOpenHowLongAnAnimationWithoutAUnitOfTimeIs) {
+    std::string text = sampleBvh();
+    text.replace(text.find("Frame Time: 0.1"), 15, "Frame Time: -1");
+    const std::string file = folder.write("rig.bvh", text);
+    const Json info = jsonOf(file);
+    EXPECT_EQ(info["joints"]["count"], 5);
+    EXPECT_EQ(info["animations"], Json::parse(R"([{"name": "Motion", "seconds": null, "fps": null,
+                                                   "frames": null}])"));
+    EXPECT_THAT(runTolvane({"info", file}).output,
+                HasSubstr("\n\"Motion\"   unknown  unknown     unknown\n"));
+}
+
 TEST_F(TolvaneInfo, FitsEightyColumnsHoweverLongAName) {
     std::string text = sampleGltf();
     std::string name;

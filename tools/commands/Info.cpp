@@ -7,7 +7,6 @@
 
 #include <iostream>
 #include <memory>
-#include <sstream>
 #include <string>
 
 namespace Tolvane::Tools {
@@ -19,16 +18,11 @@ struct InfoArguments {
 };
 
 int sayWhatIsInside(const InfoArguments& arguments) {
-    const auto read = [&] {
-        std::ostringstream text;
-        (arguments.json ? printInfoAsJson : printInfo)(text, readInfo(arguments.file));
-        return text.str();
-    };
     const auto interruptible = [&] {
         const InterruptionGuard guard;
-        return inReadingProcess(arguments.file, Limits(), read);
+        return readInfo(arguments.file, Limits());
     };
-    std::cout << interruptible();
+    (arguments.json ? printInfoAsJson : printInfo)(std::cout, interruptible());
     if (!std::cout.flush())
         throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
     return 0;

@@ -13,6 +13,7 @@
 namespace Tolvane::Tools {
 namespace {
 
+constexpr const char* kUnknown = "unknown";
 constexpr std::array kAxes{"x", "y", "z"};
 // What a table with its other columns leaves of a line.
 constexpr std::size_t kWidestName = 40;
@@ -21,10 +22,13 @@ void printAnimations(std::ostream& out, const RigInfo& info) {
     if (info.animations.empty()) return;
     out << "\n";
     Table table({"Animation", "Seconds", "Frames", "Per second"});
-    for (const AnimationInfo& animation : info.animations)
+    for (const AnimationInfo& animation : info.animations) {
+        const auto& timing = animation.timing;
         table.addRow({shortened('"' + oneLine(animation.name) + '"', kWidestName),
-                      shortText(animation.seconds), grouped(animation.frameCount),
-                      shortText(animation.framesPerSecond)});
+                      timing ? shortText(timing->seconds) : kUnknown,
+                      timing ? grouped(timing->frameCount) : kUnknown,
+                      timing ? shortText(timing->framesPerSecond) : kUnknown});
+    }
     table.print(out);
 }
 
@@ -39,7 +43,7 @@ void printInfo(std::ostream& out, const RigInfo& info) {
         << "Meshes      " << grouped(info.meshes) << ", " << grouped(info.skins) << " with bones\n"
         << "Up axis     " << kAxes[info.world.upAxis] << "\n"
         << "Unit        "
-        << (info.world.metresPerUnit ? shortText(*info.world.metresPerUnit) + " m" : "unknown")
+        << (info.world.metresPerUnit ? shortText(*info.world.metresPerUnit) + " m" : kUnknown)
         << "\n"
         << "Animations  " << grouped(info.animations.size()) << "\n";
     printAnimations(out, info);
@@ -47,11 +51,13 @@ void printInfo(std::ostream& out, const RigInfo& info) {
 
 void printInfoAsJson(std::ostream& out, const RigInfo& info) {
     Json animations = Json::array();
-    for (const AnimationInfo& animation : info.animations)
+    for (const AnimationInfo& animation : info.animations) {
+        const auto& timing = animation.timing;
         animations.push_back({{"name", animation.name},
-                              {"seconds", animation.seconds},
-                              {"fps", animation.framesPerSecond},
-                              {"frames", animation.frameCount}});
+                              {"seconds", timing ? Json(timing->seconds) : Json()},
+                              {"fps", timing ? Json(timing->framesPerSecond) : Json()},
+                              {"frames", timing ? Json(timing->frameCount) : Json()}});
+    }
     const Json report{
         {"file", info.file},
         {"hasSkeleton", info.hasSkeleton},

@@ -5,17 +5,33 @@
 
 namespace Tolvane::Tools {
 
-Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits,
-            const Watch& watch) {
-    const std::string message = inReadingProcess(
-        path, limits, [&] { return messageOf(loadRig(path, options)); }, watch);
+namespace {
+
+// `read` makes a message of what is in the file, `understand` the thing again.
+template <typename Read, typename Understand>
+auto readThing(const std::string& path, const Limits& limits, const Read& read,
+               const Understand& understand, const Watch& watch = {}) {
+    const std::string message = inReadingProcess(path, limits, read, watch);
     try {
-        Rig rig = rigOf(message);
-        rig.file = path;
-        return rig;
+        auto thing = understand(message);
+        thing.file = path;
+        return thing;
     } catch (const BadMessage& bad) {
         throw Error(Stage::Reading, path, path + ": its reader makes no rig of it: " + bad.what());
     }
+}
+
+}  // namespace
+
+Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits,
+            const Watch& watch) {
+    return readThing(
+        path, limits, [&] { return messageOf(loadRig(path, options)); }, &rigOf, watch);
+}
+
+RigInfo readInfo(const std::string& path, const Limits& limits) {
+    return readThing(
+        path, limits, [&] { return messageOf(loadInfo(path)); }, &infoOf);
 }
 
 std::string inReadingProcess(const std::string& path, const Limits& limits,

@@ -7,15 +7,17 @@
 #include "tools/process/Limits.h"
 #include "tools/rig/LoadRig.h"
 #include "tools/rig/Rig.h"
+#include "tools/rig/RigInfo.h"
 
 #include <functional>
 #include <string>
 
 namespace Tolvane::Tools {
 
-// As `loadRig`. Takes some milliseconds more.
+// As `loadRig` and `loadInfo`. Each takes some milliseconds more.
 Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits,
             const Watch& watch = {});
+RigInfo readInfo(const std::string& path, const Limits& limits);
 
 // Calls `read`, which reads `path`, in that process, and returns what it returns. What it prints is
 // dropped. Throws Error, with a line that names the file and the cause, and Interrupted.

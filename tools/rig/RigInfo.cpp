@@ -4,13 +4,11 @@
 #include "tools/rig/SceneJoints.h"
 #include "tools/rig/Timing.h"
 
-#include <algorithm>
-
 namespace Tolvane::Tools {
 namespace {
 
 // More than any file can hold, and still exact in any program that reads it.
-constexpr double kMostFrames = 1e15;
+constexpr double kMostFramesTold = 1e15;
 
 void countJoints(RigInfo& info, const Skeleton& skeleton) {
     for (const std::size_t joint : skeleton.joints) {
@@ -31,25 +29,33 @@ void countMeshes(RigInfo& info, const aiScene& scene) {
     }
 }
 
+TimingInfo inShort(const Timing& timing) {
+    // A number that is none would be more than any.
+    const double frames = timing.frameCount < kMostFramesTold ? timing.frameCount : kMostFramesTold;
+    return {timing.seconds, timing.framesPerSecond, static_cast<std::size_t>(frames)};
+}
+
 void addAnimations(RigInfo& info, const aiScene& scene, const Skeleton& skeleton) {
     for (const aiAnimation* animation : animationsOf(scene)) {
         const Channels channels = channelsOf(*animation, skeleton.tree, skeleton.bones);
-        const Timing timing =
-            timingOf(*animation, channels, kindOf(scene), std::nullopt, info.file);
-        info.animations.push_back(
-            {animation->mName.C_Str(), timing.seconds, timing.framesPerSecond,
-             static_cast<std::size_t>(std::min(timing.frameCount, kMostFrames))});
+        info.animations.push_back({animation->mName.C_Str()});
+        if (hasTimeUnit(*animation))
+            info.animations.back().timing =
+                inShort(timingOf(*animation, channels, kindOf(scene), std::nullopt, info.file));
     }
 }
 
 }  // namespace
 
-RigInfo readInfo(const std::string& path) {
+RigInfo loadInfo(const std::string& path) {
     Assimp::Importer importer;
     std::vector<std::string> filesRead;
     const aiScene& scene = importScene(importer, path, filesRead);
     const Skeleton skeleton = skeletonOf(scene, path, std::nullopt);
-    RigInfo info{path, skeleton.isFound, 0, 0, 0, 0, 0, 0, worldOf(scene), {}};
+    RigInfo info;
+    info.file = path;
+    info.hasSkeleton = skeleton.isFound;
+    info.world = worldOf(scene);
     countJoints(info, skeleton);
     countMeshes(info, scene);
     addAnimations(info, scene, skeleton);

@@ -12,6 +12,7 @@ namespace {
 constexpr std::size_t kMostFiles = 100'000;
 constexpr std::size_t kMostCarriers = 100'000;
 constexpr std::size_t kMostLinks = 100'000;
+constexpr std::size_t kMostAnimations = 1'000'000;
 
 template <typename Message, typename Matrix>
 void exchangeMatrix(Message& message, Matrix& matrix) {
@@ -72,6 +73,12 @@ void exchangeJoint(Message& message, AnyJoint& joint) {
     exchangeParent(message, joint.carrier);
 }
 
+template <typename Message, typename Axis, typename Metres>
+void exchangeWorld(Message& message, Axis& upAxis, Metres& metresPerUnit) {
+    message.number(upAxis);
+    message.optional(metresPerUnit, [&](auto& metres) { message.number(metres); });
+}
+
 template <typename Message, typename AnyRig>
 void exchangeRig(Message& message, AnyRig& rig) {
     message.text(rig.file);
@@ -80,12 +87,33 @@ void exchangeRig(Message& message, AnyRig& rig) {
     message.list(rig.carriers, kMostCarriers,
                  [&](auto& carrier) { exchangeCarrier(message, carrier); });
     message.flag(rig.hasSkeleton);
-    message.number(rig.upAxis);
-    message.optional(rig.metresPerUnit, [&](auto& metres) { message.number(metres); });
+    exchangeWorld(message, rig.upAxis, rig.metresPerUnit);
     message.text(rig.animation);
     message.number(rig.frameCount);
     message.number(rig.framesPerSecond);
     message.number(rig.ticksPerFrame);
+}
+
+template <typename Message, typename AnyAnimation>
+void exchangeAnimation(Message& message, AnyAnimation& animation) {
+    message.text(animation.name);
+    message.optional(animation.timing, [&](auto& timing) {
+        message.number(timing.seconds);
+        message.number(timing.framesPerSecond);
+        message.number(timing.frameCount);
+    });
+}
+
+template <typename Message, typename AnyInfo>
+void exchangeInfo(Message& message, AnyInfo& info) {
+    message.text(info.file);
+    message.flag(info.hasSkeleton);
+    for (auto* count :
+         {&info.joints, &info.bones, &info.animated, &info.inBetween, &info.meshes, &info.skins})
+        message.number(*count);
+    exchangeWorld(message, info.world.upAxis, info.world.metresPerUnit);
+    message.list(info.animations, kMostAnimations,
+                 [&](auto& animation) { exchangeAnimation(message, animation); });
 }
 
 void require(bool holds, const char* otherwise) {
@@ -133,11 +161,29 @@ void checkCarriers(const std::vector<Carrier>& carriers) {
     }
 }
 
+void checkWorld(unsigned upAxis, const std::optional<double>& metresPerUnit) {
+    require(upAxis < 3, "there is no such axis");
+    require(!metresPerUnit || isPositive(*metresPerUnit), "the unit has no length");
+}
+
+void check(const RigInfo& info) {
+    for (const std::size_t part : {info.bones, info.animated, info.inBetween})
+        require(part <= info.joints, "there are more joints of a sort than of all");
+    require(info.skins <= info.meshes, "there are more skins than meshes");
+    checkWorld(info.world.upAxis, info.world.metresPerUnit);
+    for (const AnimationInfo& animation : info.animations) {
+        if (!animation.timing) continue;
+        const TimingInfo& timing = *animation.timing;
+        require(std::isfinite(timing.seconds) && timing.seconds >= 0, "an animation has no length");
+        require(isPositive(timing.framesPerSecond), "frames have no length");
+        require(timing.frameCount > 0, "an animation has no frames");
+    }
+}
+
 void check(const Rig& rig) {
     checkJoints(rig);
     checkCarriers(rig.carriers);
-    require(rig.upAxis < 3, "there is no such axis");
-    require(!rig.metresPerUnit || isPositive(*rig.metresPerUnit), "the unit has no length");
+    checkWorld(rig.upAxis, rig.metresPerUnit);
     require(rig.frameCount > 0 && rig.frameCount <= kMostFrames,
             "there are too many frames, or none");
     require(isPositive(rig.framesPerSecond) && isPositive(rig.ticksPerFrame),
@@ -159,6 +205,21 @@ Rig rigOf(std::string_view bytes) {
     message.end();
     check(rig);
     return rig;
+}
+
+std::string messageOf(const RigInfo& info) {
+    MessageOut message;
+    exchangeInfo(message, info);
+    return message.take();
+}
+
+RigInfo infoOf(std::string_view bytes) {
+    RigInfo info;
+    MessageIn message(bytes);
+    exchangeInfo(message, info);
+    message.end();
+    check(info);
+    return info;
 }
 
 }  // namespace Tolvane::Tools
