@@ -3,6 +3,8 @@
 #include "tools/commands/CommandLine.h"
 #include "tools/process/Interruption.h"
 
+#include <csignal>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -19,6 +21,8 @@ void keepStandardStreamsApart() {
 
 int main(int count, char** arguments) {
     keepStandardStreamsApart();
+    // A limit on the size of files is an error like another.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return Tolvane::Tools::runCommandLine(count, arguments);
     } catch (const Tolvane::Tools::Interrupted& interrupted) {

@@ -264,10 +264,10 @@ TEST(Child, LearnsWhatWasPrintedFirstAndWhere) {
         self.enter(Stage::Loading);
         std::printf("allowed");
         self.allowPrints();
-        self.noticePrintsQuickly();
+        self.noticePrints();
         self.enter(Stage::Names);
         std::printf("first\n");
-        self.noticePrintsQuickly();
+        self.noticePrints();
         self.enter(Stage::Ports);
         std::printf("second\n");
         self.noticePrints();

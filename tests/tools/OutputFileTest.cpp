@@ -138,9 +138,11 @@ TEST_F(OutputFiles, StayAsTheyWereWhereOnlyAPartFits) {
     getrlimit(RLIMIT_FSIZE, &former);
     const rlimit small{1000, former.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
+    const auto formerAction = std::signal(SIGXFSZ, SIG_IGN);
     const std::string cause =
         refusal(path, [&] { OutputFile(path).write(std::string(2000, 'a')); });
     setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, formerAction);
     EXPECT_EQ(cause, "cannot be written: File too large");
     EXPECT_EQ(readFile(path), "former");
     EXPECT_EQ(folder.fileCount(), 1U);

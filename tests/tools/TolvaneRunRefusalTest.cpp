@@ -223,6 +223,21 @@ TEST_F(TolvaneRun, NamesAFullDiskAndLeavesNothingOnIt) {
               "tolvane: " + disk + "/out.svg: cannot be written: no space left on device\n");
 }
 
+// Files may be no longer than 512 bytes there, which is too little for the report.
+TEST_F(TolvaneRun, TakesALimitOnTheSizeOfFilesForAnErrorWhereItIsReached) {
+    const std::string file = rig(), errors = folder.path("errors");
+    const auto run = [&](const std::string& option) {
+        const int result = std::system(("ulimit -f 1; " + quoted(TOLVANE) + " run " + quoted(file) +
+                                        option + " 2>" + quoted(errors))
+                                           .c_str());
+        return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
+    };
+    EXPECT_EQ(run(" -q"), 0);
+    EXPECT_EQ(readFile(errors), "");
+    EXPECT_EQ(run(" >" + quoted(folder.path("report"))), 2);
+    EXPECT_EQ(readFile(folder.path("errors")), "tolvane: standard output: cannot be written to\n");
+}
+
 TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {
     const std::string colours = folder.write("colours.mtl", "newmtl red\nKd 1 0 0\n");
     const std::string file = folder.write(

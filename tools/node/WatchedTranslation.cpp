@@ -43,7 +43,7 @@ bool WatchedTranslation::translateFromHost(const Pelmor::Type& type, Pelmor::Any
                                            const HostContext& context) const noexcept {
     m_process.atPort(portOf(context));
     const bool translated = target().translateFromHost(type, value, context);
-    m_process.noticePrintsQuickly();
+    m_process.noticePrints();
     m_process.atPort("");
     return translated;
 }
@@ -52,7 +52,7 @@ bool WatchedTranslation::translateToHost(const Pelmor::AnyValue& value,
                                          const HostContext& context) const noexcept {
     m_process.atPort(portOf(context));
     const bool translated = target().translateToHost(value, context);
-    m_process.noticePrintsQuickly();
+    m_process.noticePrints();
     m_process.atPort("");
     return translated;
 }

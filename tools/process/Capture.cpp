@@ -11,21 +11,13 @@
 namespace Tolvane::Tools {
 namespace {
 
-// As much is ever looked at. The file begins with this size, so that reading it in memory finds
-// zeros where nothing has been printed.
-constexpr std::size_t kSeen = std::size_t{64} * 1024;
+constexpr std::size_t kLongestText = std::size_t{64} * 1024;
 
 }  // namespace
 
 Capture::Capture() : m_file(memfd_create("prints", MFD_CLOEXEC)) {
-    void* memory = MAP_FAILED;
-    if (m_file.number() >= 0 && ftruncate(m_file.number(), kSeen) == 0)
-        memory = mmap(nullptr, kSeen, PROT_READ, MAP_SHARED, m_file.number(), 0);
-    if (memory == MAP_FAILED) throw Error("no memory is left for what another process prints");
-    m_text = static_cast<const char*>(memory);
+    if (m_file.number() < 0) throw Error("no memory is left for what another process prints");
 }
-
-Capture::~Capture() { munmap(const_cast<char*>(m_text), kSeen); }
 
 void Capture::takeOver() const noexcept {
     const FileDescriptor nothing(::open("/dev/null", O_RDONLY | O_CLOEXEC));
@@ -43,13 +35,12 @@ std::size_t Capture::size() const noexcept {
 }
 
 std::string Capture::textFrom(std::size_t start) const {
-    std::string text;
-    for (std::size_t i = start; i < std::min(size(), kSeen); ++i) text += m_text[i];
+    const std::size_t end = size();
+    std::string text(std::min(end - std::min(start, end), kLongestText), '\0');
+    const ssize_t count =
+        pread(m_file.number(), text.data(), text.size(), static_cast<off_t>(start));
+    text.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     return text;
-}
-
-bool Capture::looksWrittenAt(std::size_t start) const noexcept {
-    return start < kSeen ? m_text[start] != '\0' : size() > start;
 }
 
 }  // namespace Tolvane::Tools

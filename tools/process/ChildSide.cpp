@@ -40,10 +40,6 @@ void ChildSide::noticePrints() noexcept {
     m_firstPrint = Print{place(), m_capture.textFrom(m_allowed)};
 }
 
-void ChildSide::noticePrintsQuickly() noexcept {
-    if (!m_firstPrint && m_capture.looksWrittenAt(m_allowed)) noticePrints();
-}
-
 void ChildSide::allowPrints() {
     m_allowedText += m_capture.textFrom(m_allowed);
     m_allowed = m_capture.size();

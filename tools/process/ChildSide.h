@@ -32,10 +32,8 @@ public:
     // How much of the whole work is done. `total` is not 0.
     void progress(std::size_t done, std::size_t total) noexcept;
 
-    // Keeps what was printed since the last call, and where; only the first such print counts. The
-    // quick one, for between the calls of an evaluation, does not see what begins with a zero byte.
+    // Keeps what was printed since the last call, and where; only the first such print counts.
     void noticePrints() noexcept;
-    void noticePrintsQuickly() noexcept;
     const std::optional<Print>& firstPrint() const noexcept { return m_firstPrint; }
     // What was printed up to now was asked for.
     void allowPrints();

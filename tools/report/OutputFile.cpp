@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -71,18 +70,6 @@ mode_t permissionsFor(const std::string& target) {
     umask(mask);
     return 0666 & ~mask;
 }
-
-// A limit on the size of files is an error like another.
-class FileSizeSignalIgnored {
-public:
-    FileSizeSignalIgnored() : m_former(std::signal(SIGXFSZ, SIG_IGN)) {}
-    FileSizeSignalIgnored(const FileSizeSignalIgnored&) = delete;
-    FileSizeSignalIgnored& operator=(const FileSizeSignalIgnored&) = delete;
-    ~FileSizeSignalIgnored() { std::signal(SIGXFSZ, m_former); }
-
-private:
-    void (*m_former)(int);
-};
 
 // A new file beside the target, which goes with its owner unless it has taken the target's place.
 class PartialFile {
@@ -152,7 +139,6 @@ bool OutputFile::isSameFileAs(const OutputFile& other) const {
 }
 
 void OutputFile::write(std::string_view text) const {
-    const FileSizeSignalIgnored ignored;
     PartialFile file(m_target);
     file.write(text);
     file.replace(m_target);

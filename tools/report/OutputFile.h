@@ -22,7 +22,7 @@ public:
     const std::string& path() const noexcept { return m_path; }
 
     // On failure, and where it is interrupted, leaves the file as it was, and throws Error or
-    // Interrupted.
+    // Interrupted. Who may meet a limit on the size of files has to ignore its signal.
     void write(std::string_view text) const;
 
 private:
