@@ -44,16 +44,30 @@ const std::vector<RigFormat>& rigFormats() {
         {"x3d", "x3d", Readable::Motion, Readable::Pose},
         {"3mf", "3mf", Readable::Motion, Readable::Pose},
         {"collada", "dae", Readable::Pose, Readable::Pose},
-        {"fbx", "fbx", Readable::Motion, Readable::Nothing},
+        {"fbxb", "fbx", Readable::Motion, Readable::Motion, "in_binary"},
+        {"b3d", "b3d", Readable::Motion, Readable::Motion, "unstated_frames"},
+        {"md5mesh", "md5mesh", Readable::Motion, Readable::Motion, "two_files"},
+        {"md5anim", "md5anim", Readable::Motion, Readable::Motion, "two_files"},
+        {"smd", "smd", Readable::Motion, Readable::Motion, "unstated_rate"},
+        {"obj", "obj", Readable::Pose, Readable::Pose, "no_skeleton"},
+        {"skinnedX", "x", Readable::Motion, Readable::Motion, "unstated_ticks"},
+        {"skinnedCollada", "dae", Readable::Motion, Readable::Motion, "centimetres"},
+        {"skinnedGltf", "gltf", Readable::Motion, Readable::Motion, "objects_among_bones"},
     };
     return s_formats;
 }
 
 std::string writeExample(const RigFormat& format, const std::string& folder) {
     const std::string path = (fs::path(folder) / "walk.").string() + format.extension;
-    if (fs::path(WALK).extension().string() == std::string(".") + format.extension)
+    if (format.known) {
+        for (const auto& entry : fs::directory_iterator(KNOWN_RIGS))
+            if (entry.path().stem() == format.known)
+                fs::copy_file(entry.path(),
+                              fs::path(path).replace_extension(entry.path().extension()));
+    } else if (fs::path(WALK).extension().string() == std::string(".") + format.extension) {
         fs::copy_file(WALK, path);
-    else
+    } else {
         exportExample(format, path);
+    }
     return path;
 }

@@ -1,13 +1,14 @@
-"""FBX in text: z up, centimetres and inches, turns before turns, a take that begins late."""
+"""FBX: z up, centimetres and inches, turns before turns, a take that begins late."""
 
 from expect import expected
+from fbx_binary import binary
 from linear import by_columns, inverse_rigid, move, product, turn
 
 SECOND = 46186158000
 
 
 def rigs():
-    return [z_up(), named_as_its_mesh(), pivots()]
+    return [z_up(), in_binary(), named_as_its_mesh(), pivots()]
 
 
 class Fbx:
@@ -166,6 +167,16 @@ def z_up():
             metresPerUnit=0.01,
             weights=[0.75, 0.25, 0],
         ),
+    }
+
+
+def in_binary():
+    """The same in binary."""
+    rig = z_up()
+    expectation = dict(rig["expected"], file="in_binary.fbx")
+    return {
+        "files": {"in_binary.fbx": binary(rig["files"]["z_up.fbx"])},
+        "expected": expectation,
     }
 
 
