@@ -95,6 +95,23 @@ TEST_F(OutputFiles, AreRefusedWhereTheyCannotBeWritten) {
     EXPECT_EQ(refusal(folder.path("device")), "is not a regular file, and will not be replaced");
 }
 
+TEST_F(OutputFiles, AreRefusedWhereALinkLeadsToAPipe) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    EXPECT_EQ(refusal("/dev/fd/" + std::to_string(ends[1])),
+              "is not a regular file, and will not be replaced");
+    for (const int end : ends) close(end);
+}
+
+TEST_F(OutputFiles, AreRefusedWhereTheyArePrograms) {
+    const std::string program = folder.write("program", "\177ELF\2\1\1");
+    fs::create_symlink(program, folder.path("link"));
+    for (const std::string& path : {program, folder.path("link")})
+        EXPECT_EQ(refusal(path), "is a program or a library, and will not be replaced");
+    for (const char* other : {"", "\177EL", "\177elf"})
+        EXPECT_EQ(refusal(folder.write("other", other)), "");
+}
+
 TEST_F(OutputFiles, AreRefusedWhereTheyAreRead) {
     const std::string read = folder.write("read", "precious");
     fs::create_symlink(read, folder.path("symbolic"));

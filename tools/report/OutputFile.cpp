@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -30,10 +31,20 @@ constexpr std::size_t kPart = std::size_t{1} << 20;
                    (error == ENOSPC ? "no space left on device" : std::strerror(error)));
 }
 
+bool isProgram(const std::string& path) {
+    char begin[4] = {};
+    return std::ifstream(path, std::ios::binary).read(begin, sizeof begin) &&
+           std::string_view(begin, sizeof begin) == "\177ELF";
+}
+
 // What a path leads to, which need not exist.
 fs::path withoutLinks(const std::string& path) {
     fs::path target = path;
     std::error_code ignored;
+    // Renaming would replace a device by a file. What the link of a pipe says is no path at all.
+    const fs::file_status status = fs::status(target, ignored);
+    if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status))
+        fail(path, "is not a regular file, and will not be replaced");
     for (int i = 0; fs::is_symlink(fs::symlink_status(target, ignored)); ++i) {
         if (i == kMostLinks) failToWrite(path, ELOOP);
         target = target.parent_path() / fs::read_symlink(target, ignored);
@@ -51,9 +62,8 @@ void refuseTarget(const std::string& path, const std::string& target) {
     const fs::file_status status = fs::status(target, ignored);
     if (fs::is_directory(status) || !fs::path(target).has_filename())
         fail(path, "is a folder, not a file to write to");
-    // Renaming would replace a device or a pipe by a file.
-    if (fs::exists(status) && !fs::is_regular_file(status))
-        fail(path, "is not a regular file, and will not be replaced");
+    // A mistyped path must not cost somebody a library.
+    if (isProgram(target)) fail(path, "is a program or a library, and will not be replaced");
     if (fs::exists(status) && access(target.c_str(), W_OK) != 0)
         fail(path, "cannot be written: it is protected");
     if (!fs::is_directory(folderOf(target), ignored))
