@@ -99,9 +99,13 @@ int overflow(int depth) {
     return depth == -1 ? 0 : overflow(depth + 1) + frame[0];
 }
 
+const std::string kLongThrown = "throws \"" + std::string(900, 'p') + ": why\"";
+
 const std::vector<BadEnd> kBadEnds{
     {"Throws", [] { throw std::runtime_error("it\nwould not do"); }, "throws \"it would not do\""},
     {"ThrowsALot", [] { throw std::runtime_error(std::string(5000, 'a')); }, "throws \"aaa"},
+    {"ThrowsAPathAndItsCause", [] { throw std::runtime_error(std::string(900, 'p') + ": why"); },
+     kLongThrown.c_str()},
     {"ThrowsANumber", [] { throw 7; }, "throws something that is no exception"},
     {"ThrowsOutOfWhereNothingMayBeThrown", &throwNothingOut, "throws \"it would not do\""},
     {"Terminates", [] { std::terminate(); }, "calls std::terminate"},

@@ -26,9 +26,9 @@ TEST(Markup, ReplacesBytesThatAreNoText) {
     EXPECT_EQ(markup("\xf4\x90\x80\x80"), bad + bad + bad + bad) << "beyond the last";
 }
 
-TEST(Markup, DropsControlCharactersAndThoseThatTurnTheTextAround) {
+TEST(Markup, HasBlanksForControlCharactersAndThoseThatTurnTheTextAround) {
     EXPECT_EQ(markup("a\x01\tb\nc"), "a b c");
-    EXPECT_EQ(markup("a\u0085b\u202ec\uffffd\u2066e"), "abcde");
+    EXPECT_EQ(markup("a\u0085b\u202ec\uffffd\u2066e"), "a b c d e");
     EXPECT_EQ(markup(std::string("a\0b", 3)), "a b");
 }
 

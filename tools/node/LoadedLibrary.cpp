@@ -36,7 +36,7 @@ std::unique_ptr<TranslationLibrary> load(const std::string& path) {
         throw Error(Stage::Loading, path, error.what());
     } catch (const std::exception& exception) {
         throw Error(Stage::Loading, path,
-                    path + ": throws " + inQuotes(exception.what()) + " while it is loaded");
+                    path + ": throws " + inQuotesWhole(exception.what()) + " while it is loaded");
     } catch (...) {
         throw Error(Stage::Loading, path,
                     path + ": throws something that is no exception while it is loaded");

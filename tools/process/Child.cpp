@@ -34,7 +34,7 @@ Error noProcess() {
 
 std::string thrown(const SharedBlock& block) {
     if (block.ending == SharedBlock::kThrew)
-        return "throws " + inQuotes(oneLine(stored(block.thrown)));
+        return "throws " + inQuotesWhole(oneLine(stored(block.thrown)));
     return block.ending == SharedBlock::kTerminated ? "calls std::terminate"
                                                     : "throws something that is no exception";
 }

@@ -36,11 +36,9 @@ Character firstCharacter(std::string_view text, std::size_t& size) {
     return {kReplacementBytes, kReplacement};
 }
 
-// XML has no such character, not even escaped; or it is invisible and turns the text around it.
+// Neither Unicode nor XML has such a character, not even escaped.
 bool isForbidden(char32_t code) {
-    return code < ' ' || (code >= 0x7f && code < 0xa0) || (code & 0xfffe) == 0xfffe ||
-           (code >= 0xfdd0 && code <= 0xfdef) || (code >= 0x202a && code <= 0x202e) ||
-           (code >= 0x2066 && code <= 0x2069);
+    return (code & 0xfffe) == 0xfffe || (code >= 0xfdd0 && code <= 0xfdef);
 }
 
 void append(std::string& result, const Character& character) {

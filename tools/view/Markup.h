@@ -8,7 +8,7 @@
 namespace Tolvane::Tools {
 
 // Text of valid XML, in UTF-8 whatever the bytes: those that are no UTF-8 become U+FFFD, control
-// characters a blank or nothing, and what means something to markup is escaped. What is longer than
+// characters a blank, and what means something to markup is escaped. What is longer than
 // `mostCharacters` ends in "…".
 std::string markup(std::string_view text, std::size_t mostCharacters = 1000);
 
