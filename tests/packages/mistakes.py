@@ -1,17 +1,19 @@
 #!/usr/bin/env python3
-"""Checks that what an author of a translation does wrong by accident does not build, and why it does
-not: mistakes.py SOURCE PREFIX FOLDER
+"""Checks that what an author of a translation does wrong by accident does not build, or does not run,
+and why it does not: mistakes.py SOURCE PREFIX FOLDER
 
 The numbers are those of mistakes/Mistake.cpp. A line for each that was caught is left in
 FOLDER/caught."""
 
 import subprocess
 import sys
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 CROSSES = "each member that crosses is a Math::double4x4, a Pelmor::String, a double"
 NAME = 'the typeName of a page is the graph\'s: identifiers, joined by "::"'
-SAYS = {
+CPP_NAME = "the typeName of a page is its struct's name in C++"
+BUILD_SAYS = {
     1: CROSSES,
     2: CROSSES,
     3: "a page lists a member twice",
@@ -22,32 +24,67 @@ SAYS = {
     8: "two records of the list have one typeName",
     9: "createTavrikTypeTranslation",
     10: "a page lists a member twice",
+    11: CPP_NAME,
+    12: CPP_NAME,
 }
+RUN_SAYS = {13: "a new element has no array in numbers: is it initialised with Tolvane::newArray?"}
+
+
+def run(command):
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    return done.returncode, " ".join(done.stdout.replace('\\"', '"').split())
 
 
 def build(folder, number):
-    command = ["cmake", "--build", folder, "--target", f"mistake_{number}"]
-    return subprocess.run(command, capture_output=True, text=True)
+    return run(["cmake", "--build", folder, "--target", f"mistake_{number}"])
+
+
+def try_out(source, prefix, folder, number):
+    """What each of the commands that try a library makes of it."""
+    library = Path(folder, f"mistake_{number}.so")
+    for command in (
+        ["run", "--frames", "0:0", "--plugin", library],
+        ["check", "--only", "^values/carried$", library],
+    ):
+        program = [Path(prefix, "bin/tolvane"), *command, "--types", Path(source, "types.json")]
+        yield command[0], *run(program)
+
+
+def expect_right(what, status, said):
+    if status != 0:
+        sys.exit(f"{what}: it has no mistake, and fails:\n{said}")
+
+
+def expect_mistake(what, words, status, said):
+    if status == 0 or words not in said:
+        sys.exit(f"{what}: it ends with {status} and should say: {words}\n{said}")
+    return f"{what}: {words}\n"
+
+
+def try_all(source, prefix, folder, compiler):
+    built = Path(folder, compiler)
+    configure = ["cmake", "--fresh", "-S", source, "-B", built, "-G", "Ninja"]
+    configure += [f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_PREFIX_PATH={prefix}"]
+    subprocess.run(configure, check=True)
+    for number in (0, *RUN_SAYS):
+        expect_right(f"{compiler} {number}, built", *build(built, number))
+    for command, *result in try_out(source, prefix, built, 0):
+        expect_right(f"{compiler} 0, {command}", *result)
+    for number, words in RUN_SAYS.items():
+        for command, *result in try_out(source, prefix, built, number):
+            yield expect_mistake(f"{compiler} {number}, {command}", words, *result)
+    for number, words in BUILD_SAYS.items():
+        yield expect_mistake(f"{compiler} {number}, built", words, *build(built, number))
 
 
 def main():
     source, prefix, folder = sys.argv[1:]
-    caught = []
-    for compiler in ("g++", "clang++"):
-        built = Path(folder, compiler)
-        configure = ["cmake", "--fresh", "-S", source, "-B", built, "-G", "Ninja"]
-        configure += [f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_PREFIX_PATH={prefix}"]
-        subprocess.run(configure, check=True)
-        if right := build(built, 0).returncode:
-            sys.exit(f"{compiler}: what has no mistake does not build either ({right})")
-        for number, words in SAYS.items():
-            run = build(built, number)
-            said = run.stdout.replace('\\"', '"')
-            if run.returncode == 0:
-                sys.exit(f"{compiler}: mistake {number} builds")
-            if words not in said:
-                sys.exit(f"{compiler}: mistake {number} does not say: {words}\n{said}")
-            caught.append(f"{compiler} {number}: {words}\n")
+    with ThreadPoolExecutor() as both:
+        tries = [
+            both.submit(lambda compiler: list(try_all(source, prefix, folder, compiler)), each)
+            for each in ("g++", "clang++")
+        ]
+    caught = [line for each in tries for line in each.result()]
     Path(folder, "caught").write_text("".join(caught))
 
 

@@ -6,8 +6,32 @@
 
 #include <gtest/gtest.h>
 
+namespace GraphLayoutTests {
+
+struct Forgetful {
+    bool flag = false;
+    Rigging::Module::Pins pins;
+    Pelmor::SharedArray<double> weights;
+};
+struct Nesting {
+    Pelmor::SharedArray<double> numbers = Tolvane::newArray;
+    Forgetful inner;
+};
+
+}  // namespace GraphLayoutTests
+
+template <>
+struct Tolvane::Page<GraphLayoutTests::Forgetful> {
+    static constexpr std::tuple members{&GraphLayoutTests::Forgetful::weights};
+};
+template <>
+struct Tolvane::Page<GraphLayoutTests::Nesting> {
+    static constexpr std::tuple members{&GraphLayoutTests::Nesting::inner};
+};
+
 namespace {
 
+using namespace GraphLayoutTests;
 using namespace Tolvane::Tools;
 using namespace Rigging::Module;
 
@@ -58,9 +82,9 @@ TEST(GraphLayout, PadsMembersAsTheCompilerDoes) {
 }
 
 template <typename Held>
-std::string check(const Held& held, const char* typeName) {
+std::string check(const Held& held, const char* typeName, const Pelmor::Library& library = {}) {
     const auto value = Pelmor::AnyValue::holding(held);
-    return ElementLayout(Pelmor::Library().getType(typeName)).misfitOf(value).value_or("");
+    return ElementLayout(library.getType(typeName)).misfitOf(value).value_or("");
 }
 
 TEST(GraphLayout, FindsElementsOfAnotherSize) {
@@ -73,6 +97,21 @@ TEST(GraphLayout, FindsElementsOfAnotherSize) {
     EXPECT_NE(check(outputs, "array<Rigging::Module::Pins>"), "");
     EXPECT_EQ(check(outputs, "Rigging::Module::Pins"), "");
     EXPECT_EQ(check(outputs, "array<double>"), "");
+}
+
+TEST(GraphLayout, FindsArraysThatNewElementsLack) {
+    Pelmor::Library library;
+    const auto numbers = library.getType("array<double>");
+    library.defineStruct("Forgetful", {{"flag", library.getType("bool")},
+                                       {"pins", library.getType("Rigging::Module::Pins")},
+                                       {"weights", numbers}});
+    library.defineStruct("Nesting",
+                         {{"numbers", numbers}, {"inner", library.getType("Forgetful")}});
+    EXPECT_EQ(check(Pelmor::makePtr<Pelmor::Array<Forgetful>>(), "array<Forgetful>", library),
+              "a new element has no array in weights: is it initialised with Tolvane::newArray?");
+    EXPECT_EQ(check(Pelmor::makePtr<Pelmor::Array<Nesting>>(1U), "array<Nesting>", library),
+              "a new element has no array in inner.weights: is it initialised with "
+              "Tolvane::newArray?");
 }
 
 TEST(GraphLayout, TakesNothingForAnArrayThatIsNone) {

@@ -133,6 +133,15 @@ TEST_F(ReadTypes, RefusesMembersOfUnknownTypes) {
                          "A: its member a is of the unknown type '" + type + "'"}});
 }
 
+// For the graph, they would end there.
+TEST_F(ReadTypes, RefusesNamesWithANul) {
+    const std::string nul = "\\u0000";
+    expectRefusals(
+        {{file(aStruct("A" + nul)), "structs[0].name: has a NUL in it"},
+         {file(aStruct("A", "a" + nul + " int")), "structs[0].members[0].name: has a NUL in it"},
+         {file(aStruct("A", "a double" + nul)), "structs[0].members[0].type: has a NUL in it"}});
+}
+
 TEST_F(ReadTypes, RefusesAStructThatContainsItself) {
     expectRefusals({{file(aStruct("A", "a A")), "A: contains itself"},
                     {file(aStruct("A", "a array<array<A>>")), "A: contains itself"},

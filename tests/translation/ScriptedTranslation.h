@@ -8,16 +8,24 @@
 #include <functional>
 #include <string>
 #include <tuple>
+#include <type_traits>
 #include <vector>
+
+namespace Tests {
+
+struct First {
+    double value = 0;
+};
+struct Second {
+    double value = 0;
+};
+
+}  // namespace Tests
 
 namespace TranslationTests {
 
-template <int number>
-struct Scripted {
-    double value = 0;
-};
-using First = Scripted<1>;
-using Second = Scripted<2>;
+using Tests::First;
+using Tests::Second;
 
 class ScriptedTranslation : public Tolvane::RecordTranslation<Tolvane::RecordList<First, Second>> {
 public:
@@ -44,33 +52,50 @@ struct Script {
 
 }  // namespace TranslationTests
 
-template <int number>
-struct Tolvane::Page<TranslationTests::Scripted<number>> {
-    using Record = TranslationTests::Scripted<number>;
-    static constexpr const char* typeName = number == 1 ? "Tests::First" : "Tests::Second";
-    static constexpr std::tuple members{&Record::value};
+template <>
+struct Tolvane::Page<Tests::First> {
+    static constexpr const char* typeName = "Tests::First";
+    static constexpr std::tuple members{&Tests::First::value};
+};
+template <>
+struct Tolvane::Page<Tests::Second> {
+    static constexpr const char* typeName = "Tests::Second";
+    static constexpr std::tuple members{&Tests::Second::value};
 };
 
-template <int number>
-struct Tolvane::Translators<TranslationTests::Scripted<number>> {
-    using Record = TranslationTests::Scripted<number>;
-    using Script = TranslationTests::Script;
+namespace TranslationTests {
 
+template <typename Record>
+struct ScriptedTranslators {
     static void readValue(Pelmor::AnyValue& value, VDataHandle& handle, const VPlug& plug) {
-        Script::s_current->called.push_back(number == 1 ? "first" : "second");
+        noteCall("");
         Script::s_current->read(value, handle, plug);
     }
     static void readArrayValue(Pelmor::AnyValue& value, VDataHandle& handle, const VPlug& plug) {
-        Script::s_current->called.push_back(number == 1 ? "first array" : "second array");
+        noteCall(" array");
         Script::s_current->read(value, handle, plug);
     }
     static void write(const Record& record, VDataHandle& handle, VPlug& plug) {
-        Script::s_current->called.push_back(number == 1 ? "first" : "second");
+        noteCall("");
         Script::s_current->write(&record, handle, plug);
     }
     static void writeArray(const Pelmor::SharedArray<Record>& array, VDataHandle& handle,
                            VPlug& plug) {
-        Script::s_current->called.push_back(number == 1 ? "first array" : "second array");
+        noteCall(" array");
         Script::s_current->write(&array, handle, plug);
     }
+
+private:
+    static void noteCall(const std::string& suffix) {
+        const char* name = std::is_same_v<Record, First> ? "first" : "second";
+        Script::s_current->called.push_back(name + suffix);
+    }
+};
+
+}  // namespace TranslationTests
+
+template <>
+struct Tolvane::Translators<Tests::First> : TranslationTests::ScriptedTranslators<Tests::First> {};
+template <>
+struct Tolvane::Translators<Tests::Second> : TranslationTests::ScriptedTranslators<Tests::Second> {
 };

@@ -124,7 +124,7 @@ TEST_F(TranslateToHost, IsFalseForAValueThatIsNotCarriedAfterTheOutputIsTaken) {
     EXPECT_FALSE(translate(AnyValue::holding(2.5)));
     EXPECT_FALSE(translate(AnyValue::holding(SharedArray<double>())));
     EXPECT_FALSE(translate(AnyValue::holding(Math::double4x4())));
-    EXPECT_FALSE(translate(AnyValue::holding(Scripted<3>())));
+    EXPECT_FALSE(translate(AnyValue::holding(Core::Transform::Transform())));
     EXPECT_EQ(calls.take(), CallRecorder::Lines(6, "VDataBlock::outputValue node node.port"));
     EXPECT_TRUE(script.called.empty());
     EXPECT_FALSE(port.isClean());

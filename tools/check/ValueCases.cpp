@@ -2,6 +2,7 @@
 #include "tools/check/Passage.h"
 #include "tools/check/Trial.h"
 #include "tools/node/GenerateData.h"
+#include "tools/node/GraphLayout.h"
 
 #include <initializer_list>
 #include <string>
@@ -43,7 +44,14 @@ void carry(Trial& trial, std::initializer_list<Content> contents) {
     }
 }
 
-void carried(Trial& trial) { carry(trial, {elements(3)}); }
+void carried(Trial& trial) {
+    carry(trial, {elements(3)});
+    for (const Pelmor::Type& type : trial.carried()) {
+        const Pelmor::AnyValue value = Passage(trial, type).fillAndRead(elements(3));
+        if (const auto misfit = ElementLayout(type).misfitOf(value))
+            trial.fail("elements of " + nameOf(type) + " are as the graph has them", *misfit);
+    }
+}
 
 void emptyArrays(Trial& trial) { carry(trial, {elements(3), elements(0), elements(0)}); }
 

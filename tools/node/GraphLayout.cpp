@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 
 namespace Tolvane::Tools {
 namespace {
@@ -27,11 +28,15 @@ std::size_t roundedUp(std::size_t size, std::size_t alignment) {
     return (size + alignment - 1) / alignment * alignment;
 }
 
-Layout layoutOfStruct(const Pelmor::StructType& type) {
+// Calls `visit(member, offset)` for each member.
+template <typename Visit>
+Layout walkMembers(const Pelmor::StructType& type, const Visit& visit) {
     Layout whole{0, 1};
     for (auto member = type.begin(); member != type.end(); ++member) {
         const Layout layout = layoutOf(member->getType());
-        whole.size = roundedUp(whole.size, layout.alignment) + layout.size;
+        const std::size_t offset = roundedUp(whole.size, layout.alignment);
+        visit(*member, offset);
+        whole.size = offset + layout.size;
         whole.alignment = std::max(whole.alignment, layout.alignment);
     }
     // Even a struct without members takes a byte.
@@ -41,7 +46,7 @@ Layout layoutOfStruct(const Pelmor::StructType& type) {
 Layout layoutOf(const Pelmor::Type& type) {
     switch (type.getTypeKind()) {
         case Pelmor::TypeKind::Struct:
-            return layoutOfStruct(Pelmor::StructType(type));
+            return walkMembers(Pelmor::StructType(type), [](const auto&, std::size_t) {});
         case Pelmor::TypeKind::Matrix:
             return kLayoutOf<Math::double4x4>;
         case Pelmor::TypeKind::String:
@@ -73,7 +78,7 @@ static_assert(sizeof(ArrayWords) == sizeof(Pelmor::Array<double>));
 
 // The library's own identity of the array cannot be known here, but it need not: the holder gives
 // the address of a shared pointer, whose first word points to the array.
-std::optional<std::size_t> elementSizeOf(const Pelmor::AnyValue& value) {
+std::optional<Pelmor::Internal::UntypedTypeRep> elementRepIn(const Pelmor::AnyValue& value) {
     if (!value.hasValue() || value.type().arrayDepth != 1) return std::nullopt;
     Pelmor::AnyValueRequest request{Pelmor::AnyValueOp::Get,
                                     const_cast<Pelmor::AnyValueWords*>(&value.words()), nullptr,
@@ -84,7 +89,7 @@ std::optional<std::size_t> elementSizeOf(const Pelmor::AnyValue& value) {
     if (!address) return std::nullopt;
     ArrayWords array;
     std::memcpy(&array, address, sizeof array);
-    return array.elementRep.elementSize;
+    return array.elementRep;
 }
 
 }  // namespace
@@ -97,15 +102,44 @@ ElementLayout::ElementLayout(const Pelmor::Type& type) {
     if (element.getTypeKind() != Pelmor::TypeKind::Struct) return;
     m_elementName = element.getFullyQualifiedName().c_str();
     m_size = sizeOf(element);
+    findArrays(element, "", 0);
+}
+
+void ElementLayout::findArrays(const Pelmor::Type& type, const std::string& path,
+                               std::size_t offset) {
+    if (type.getTypeKind() == Pelmor::TypeKind::Array) m_arrays.push_back({path, offset});
+    if (type.getTypeKind() != Pelmor::TypeKind::Struct) return;
+    walkMembers(Pelmor::StructType(type), [&](const auto& member, std::size_t offsetInStruct) {
+        findArrays(member.getType(), path + (path.empty() ? "" : ".") + member.getName().c_str(),
+                   offset + offsetInStruct);
+    });
 }
 
 std::optional<std::string> ElementLayout::misfitOf(const Pelmor::AnyValue& value) const {
     if (m_elementName.empty()) return std::nullopt;
-    const auto actual = elementSizeOf(value);
-    if (!actual || *actual == m_size) return std::nullopt;
-    return "an element has " + std::to_string(*actual) + " bytes, and the graph's " +
-           m_elementName + " has " + std::to_string(m_size) +
-           ": is the struct declared as the graph has it?";
+    const auto actual = elementRepIn(value);
+    if (!actual) return std::nullopt;
+    if (actual->elementSize != m_size)
+        return "an element has " + std::to_string(actual->elementSize) +
+               " bytes, and the graph's " + m_elementName + " has " + std::to_string(m_size) +
+               ": is the struct declared as the graph has it?";
+    if (!actual->operations) return std::nullopt;
+    const std::string null = nullArrayOfNewElement(actual->operations);
+    if (null.empty()) return std::nullopt;
+    return "a new element has no array in " + null + ": is it initialised with Tolvane::newArray?";
+}
+
+std::string ElementLayout::nullArrayOfNewElement(Pelmor::ElementOperations operations) const {
+    const auto element = std::make_unique<std::byte[]>(m_size);
+    operations(Pelmor::ElementOperation::DefaultConstruct, element.get(), nullptr, 1);
+    const auto null = std::find_if(m_arrays.begin(), m_arrays.end(), [&](const Array& array) {
+        const void* address;
+        std::memcpy(&address, element.get() + array.offset, sizeof address);
+        return !address;
+    });
+    const std::string path = null == m_arrays.end() ? "" : null->path;
+    operations(Pelmor::ElementOperation::Destroy, element.get(), nullptr, 1);
+    return path;
 }
 
 }  // namespace Tolvane::Tools

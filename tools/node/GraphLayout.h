@@ -3,11 +3,13 @@
 #pragma once
 
 #include <Pelmor/AnyValue.h>
+#include <Pelmor/ElementTraits.h>
 #include <Pelmor/Type.h>
 
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Tolvane::Tools {
 
@@ -20,15 +22,26 @@ class ElementLayout {
 public:
     explicit ElementLayout(const Pelmor::Type& type);
 
-    // What is wrong if `value` is an array whose elements have another size than those of the type.
-    // Nothing also where the size cannot be told: a record that is held by itself says nothing of
-    // its size.
+    // What is wrong if `value` is an array whose elements have another size than those of the type,
+    // or, when they are new, null where the graph expects an array. Nothing also where that cannot
+    // be told: a record that is held by itself says nothing of its size.
     std::optional<std::string> misfitOf(const Pelmor::AnyValue& value) const;
 
 private:
+    // An array in an element.
+    struct Array {
+        std::string path;
+        std::size_t offset;
+    };
+
+    void findArrays(const Pelmor::Type& type, const std::string& path, std::size_t offset);
+    // The path of the first; empty if there is none.
+    std::string nullArrayOfNewElement(Pelmor::ElementOperations operations) const;
+
     // Empty of any other type.
     std::string m_elementName;
     std::size_t m_size = 0;
+    std::vector<Array> m_arrays;
 };
 
 }  // namespace Tolvane::Tools

@@ -29,7 +29,10 @@ std::vector<JsonPlace> JsonPlace::elements() const {
 
 std::string JsonPlace::text() const {
     if (!m_value.is_string()) refuse("is not a string");
-    return m_value.get<std::string>();
+    std::string text = m_value.get<std::string>();
+    // The graph takes C text, and would not see what follows.
+    if (text.find('\0') != std::string::npos) refuse("has a NUL in it");
+    return text;
 }
 
 std::int32_t JsonPlace::integer() const {

@@ -22,6 +22,7 @@ public:
     // None if this object has no member of that name.
     std::vector<JsonPlace> elementsIfAny(const char* key) const;
     std::vector<JsonPlace> elements() const;
+    // Without a NUL.
     std::string text() const;
     std::int32_t integer() const;
 

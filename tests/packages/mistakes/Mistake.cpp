@@ -1,9 +1,14 @@
 // A translation with one slip of its author's: MISTAKE says which; 0 is none.
 #include <Tolvane/Translation.h>
 
+namespace Studio {
+
 struct Inner {
     double number = 0;
 };
+
+}  // namespace Studio
+using Studio::Inner;
 
 #if MISTAKE == 10
 #define INNER_MEMBERS &Inner::number, &Inner::number
@@ -11,15 +16,36 @@ struct Inner {
 #define INNER_MEMBERS &Inner::number
 #endif
 
+#if MISTAKE == 4
+#define INNER_NAME "Studio: :Inner"
+#elif MISTAKE == 5
+#define INNER_NAME ""
+#elif MISTAKE == 6
+#define INNER_NAME "array<Inner>"
+#else
+#define INNER_NAME "Studio::Inner"
+#endif
+
 template <>
 struct Tolvane::Page<Inner> {
-    static constexpr const char* typeName = "Studio::Inner";
+    static constexpr const char* typeName = INNER_NAME;
     static constexpr std::tuple members{INNER_MEMBERS};
 };
+
+#if MISTAKE == 11
+namespace Stduio {
+#else
+namespace Studio {
+#endif
 
 struct Record {
     double number = 0;
     Inner inner;
+#if MISTAKE == 13
+    Pelmor::SharedArray<double> numbers;
+#else
+    Pelmor::SharedArray<double> numbers = Tolvane::newArray;
+#endif
 #if MISTAKE == 1
     float other = 0;
 #elif MISTAKE == 2
@@ -29,18 +55,21 @@ struct Record {
 #endif
 };
 
-#if MISTAKE == 3
-#define MEMBERS &Record::number, &Record::inner, &Record::other, &Record::number
+}  // namespace Studio or, by mistake, another
+#if MISTAKE == 11
+using Stduio::Record;
 #else
-#define MEMBERS &Record::number, &Record::inner, &Record::other
+using Studio::Record;
 #endif
 
-#if MISTAKE == 4
-#define NAME "Studio: :Record"
-#elif MISTAKE == 5
-#define NAME ""
-#elif MISTAKE == 6
-#define NAME "array<Record>"
+#if MISTAKE == 3
+#define MEMBERS &Record::number, &Record::inner, &Record::numbers, &Record::other, &Record::number
+#else
+#define MEMBERS &Record::number, &Record::inner, &Record::numbers, &Record::other
+#endif
+
+#if MISTAKE == 12
+#define NAME "double"
 #else
 #define NAME "Studio::Record"
 #endif

@@ -43,6 +43,8 @@ void forEachChild(VDataHandle& handle, VPlug& plug, const Visit& visit) {
                   "each member that crosses is a Math::double4x4, a Pelmor::String, a double, a "
                   "record with a Tolvane::Page, or a shared array of transforms or plain values");
     static_assert(areDistinct(Page<Record>::members), "a page lists a member twice");
+    static_assert(isGraphName(Page<Record>::typeName),
+                  "the typeName of a page is the graph's: identifiers, joined by \"::\"");
     std::apply(
         [&](auto first, auto... others) {
             VPlug childPlug = plug.child(0, nullptr);

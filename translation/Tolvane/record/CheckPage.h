@@ -29,6 +29,17 @@ constexpr bool isGraphName(std::string_view name) {
     return !begins;
 }
 
+// Whether a struct has this name in C++, with its namespaces.
+template <typename Struct>
+constexpr bool isNameInCpp(std::string_view name) {
+    // The compiler writes "... [with Struct = NAME; ...]" or "... [Struct = NAME]".
+    const std::string_view function = __PRETTY_FUNCTION__;
+    const std::string_view before = "Struct = ";
+    const std::size_t begin = function.find(before) + before.size();
+    return function.substr(begin, name.size()) == name &&
+           std::string_view(";]").find(function[begin + name.size()]) != std::string_view::npos;
+}
+
 template <typename A, typename B>
 constexpr bool isSame(A a, B b) {
     if constexpr (std::is_same_v<A, B>)

@@ -13,8 +13,9 @@ namespace Tolvane {
 template <typename... Records>
 struct RecordList {
     static_assert((kIsRecord<Records> && ...), "each type of the list needs a Tolvane::Page");
-    static_assert((isGraphName(Page<Records>::typeName) && ...),
-                  "the typeName of a page is the graph's: identifiers, joined by \"::\"");
+    // Values are told apart by the C++ name of their type, which is its name in the graph.
+    static_assert((isNameInCpp<Records>(Page<Records>::typeName) && ...),
+                  "the typeName of a page is its struct's name in C++, as in the graph");
     static_assert(areDistinct(std::tuple{std::string_view(Page<Records>::typeName)...}),
                   "two records of the list have one typeName");
 };
