@@ -15,9 +15,12 @@ foreach(platform IN LISTS TOLVANE_PLATFORM_PACKAGES)
     endif()
 endforeach()
 
+set(TOLVANE_PLATFORMS_OF_TREE ${TOLVANE_PLATFORMS})
+list(REMOVE_ITEM TOLVANE_PLATFORMS_OF_TREE "" ${TOLVANE_PLATFORM_PACKAGES})
 foreach(platform IN LISTS TOLVANE_PLATFORMS)
     if(platform IN_LIST TOLVANE_PLATFORM_PACKAGES)
-        find_package(${platform} REQUIRED)
+        # A project that this one is a part of links the platforms, too.
+        find_package(${platform} REQUIRED GLOBAL)
         tolvane_check_platform(${platform})
     else()
         add_subdirectory(${${platform}_folder})

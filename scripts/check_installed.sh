@@ -26,34 +26,88 @@ configure_afresh() {
     cmake -S "$1" -B "$2" -G Ninja -D CMAKE_PREFIX_PATH="$prefix" "${@:3}"
 }
 
+# consume_with COMPILER [CMAKE_OPTION...]
+consume_with() {
+    local folder=$logs/consumer
+    configure_afresh "$packages_tests/consumer" "$folder" -D CMAKE_CXX_COMPILER="$1" "${@:2}"
+    cmake --build "$folder"
+    "$folder/consumer"
+}
+
 consume() {
-    local compiler folder
-    for compiler in g++ clang++; do
-        folder=$logs/consumer_$compiler
-        configure_afresh "$packages_tests/consumer" "$folder" -D CMAKE_CXX_COMPILER="$compiler"
-        cmake --build "$folder"
-        "$folder/consumer"
-    done
+    consume_with g++
+    consume_with clang++
     figure "four packages found and used, with g++ and clang++"
 }
 
-# All platforms from packages, without their folders in the tree, and then each alone.
+# without_folders NAME FOLDER...: a copy of the tree without these, in $logs/NAME.
+without_folders() {
+    rm -rf "${logs:?}/$1"
+    mkdir -p "$logs/$1"
+    git ls-files -z --cached --others --exclude-standard -- "${@:2}" |
+        tar -c --null --files-from=- | tar -x -C "$logs/$1"
+}
+
+# The platforms from packages, without their folders in the tree: all, and then each alone.
 platforms_from_packages() {
-    local source=$logs/without_platforms/source built=$logs/without_platforms/build platform
-    rm -rf "$source"
-    mkdir -p "$source"
-    git ls-files -z --cached --others --exclude-standard -- ':!graph' ':!host' ':!executor' |
-        tar -c --null --files-from=- | tar -x -C "$source"
-    configure_afresh "$source" "$built" -D CMAKE_BUILD_TYPE=Debug -D CMAKE_CXX_FLAGS_DEBUG=-O0 \
-        -D CMAKE_CXX_COMPILER=clang++ -D CMAKE_UNITY_BUILD=ON -D CMAKE_UNITY_BUILD_BATCH_SIZE=12 \
+    local all=$logs/all_from_packages host=$logs/host_from_package
+    all_from_packages
+    host_from_package
+    graph_from_package
+    without_folders without_executor ':!executor'
+    configure_afresh "$logs/without_executor" "$logs/executor_from_package" -D BUILD_TESTING=OFF \
+        -D TOLVANE_TOOLS=OFF -D TOLVANE_PLATFORM_PACKAGES=TavrikGraph
+    cmake --build "$logs/executor_from_package"
+    figure "$(cat {"$all","$host"}/tests.[01] | awk '/^\[  PASSED  \]/ { sum += $4 } END { print sum " tests" }')"
+}
+
+# configure_quickly SOURCE BUILD [CMAKE_OPTION...]: for what is built once, and run but briefly.
+configure_quickly() {
+    configure_afresh "$1" "$2" -D CMAKE_BUILD_TYPE=Debug -D CMAKE_CXX_FLAGS_DEBUG=-O0 \
+        -D CMAKE_CXX_COMPILER=clang++ -D CMAKE_UNITY_BUILD=ON -D CMAKE_UNITY_BUILD_BATCH_SIZE=12 "${@:3}"
+}
+
+# A studio's host cannot be watched.
+all_from_packages() {
+    local sdk=$logs/sdk there=$logs/beside_sdk
+    rm -rf "$sdk" "$there"
+    cp -r "$prefix" "$sdk"
+    rm -r "$sdk/include/OpenVornik/Testing"
+    sed -i '/OBSERVATION/d' "$sdk/lib/cmake/OpenVornik/OpenVornikConfig.cmake"
+    without_folders without_platforms ':!graph' ':!host' ':!executor'
+    configure_quickly "$logs/without_platforms" "$all" -D CMAKE_PREFIX_PATH="$sdk" \
         -D TOLVANE_PLATFORM_PACKAGES="Pelmor;OpenVornik;TavrikGraph"
+    cmake --build "$all"
+    run_tests "$all" ''
+    cmake --install "$all" --prefix "$there"
+    "$there/bin/tolvane" run --frames 0:9
+    cmake --build "$all" --target package
+    python3 "$packages_tests/dependencies.py" --without-platforms "$all"/*.deb
+}
+
+# With what watches the host, and the tests that do. Left out are sequences of calls that nobody makes,
+# and libraries at fault: they are so wherever the platforms are from, and take long.
+host_from_package() {
+    without_folders without_host ':!host'
+    configure_quickly "$logs/without_host" "$host" -D TOLVANE_PLATFORM_PACKAGES=OpenVornik
+    cmake --build "$host" --target TolvanePlugin tolvane \
+        {attributes,check,convert,faults,model,translation}_tests
+    TOLVANE_MODEL_SEQUENCES=200 run_tests "$host" 'Generator.*:*FaultyLibraries*'
+}
+
+# Installed as one compiler optimises across sources, and consumed with the other.
+graph_from_package() {
+    local built=$logs/graph_from_package there=$logs/beside_graph
+    rm -rf "$there"
+    without_folders without_graph ':!graph'
+    configure_afresh "$logs/without_graph" "$built" -D BUILD_TESTING=OFF -D TOLVANE_TOOLS=OFF \
+        -D CMAKE_BUILD_TYPE=Release -D CMAKE_INTERPROCEDURAL_OPTIMIZATION=ON \
+        -D CMAKE_CXX_COMPILER=clang++ -D TOLVANE_PLATFORM_PACKAGES=Pelmor
     cmake --build "$built"
-    TOLVANE_MODEL_SEQUENCES=200 run_tests "$built" 'Generator.*:*FaultyLibraries*'
-    for platform in Pelmor OpenVornik TavrikGraph; do
-        configure_afresh "$root" "$logs/with_package_of_$platform" -D BUILD_TESTING=OFF \
-            -D TOLVANE_TOOLS=OFF -D TOLVANE_PLATFORM_PACKAGES="$platform"
-        cmake --build "$logs/with_package_of_$platform"
-    done
+    cmake --install "$built" --prefix "$there"
+    # What is beside the graph library is found before what came along with it.
+    consume_with g++ -D CMAKE_PREFIX_PATH="$there;$prefix" -D WITHOUT_PROGRAM=ON
+    readelf -d "$logs/consumer/consumer" | grep -q "beside_graph/lib"
 }
 
 # Packages of the platforms, each with one thing taken out; and one of the host that has no more than
@@ -64,17 +118,18 @@ lacking_sdks() {
 }
 
 subproject() {
-    local way folder command
-    for way in ON OFF; do
+    local way folder command built packages
+    for way in add_subdirectory FetchContent from_packages; do
         folder=$logs/subproject_$way
-        configure_afresh "$packages_tests/subproject" "$folder" -D FETCH=$way -D TOLVANE="$root" \
-            -D CMAKE_EXPORT_COMPILE_COMMANDS=ON
+        built='libTavrikExecutor.so libPelmor.so libOpenVornik.so' packages=
+        if [[ $way == from_packages ]]; then built='' packages='Pelmor;OpenVornik;TavrikGraph'; fi
+        configure_afresh "$packages_tests/subproject" "$folder" -D WAY=$way -D TOLVANE="$root" \
+            -D TOLVANE_PLATFORM_PACKAGES="$packages" -D CMAKE_EXPORT_COMPILE_COMMANDS=ON
         cmake --build "$folder"
         "$folder/outer"
         cmake --install "$folder" --prefix "$folder/prefix"
         [[ $(cd "$folder/prefix" && find . -type f) == ./bin/outer ]]
-        [[ $(find "$folder" -name '*.so' | sort | xargs -n 1 basename | xargs) == \
-            'libTavrikExecutor.so libPelmor.so libOpenVornik.so' ]]
+        [[ $(find "$folder" -name '*.so' -printf '%P\n' | sort | sed 's,.*/,,' | xargs) == "$built" ]]
         [[ -z $(find "$folder" -name '*.a' -o -name 'tolvane' -type f -o -name '*_tests') ]]
         [[ $(ctest --test-dir "$folder" -N) == *'Total Tests: 0'* ]]
         cmake --build "$folder" --target face
@@ -83,7 +138,7 @@ subproject() {
         command=$(grep '"command".*subproject/main.cpp' "$folder/compile_commands.json")
         [[ $command != *' -W'* ]]
     done
-    figure "by add_subdirectory and by FetchContent"
+    figure "by add_subdirectory, by FetchContent, and with platforms from packages"
 }
 
 # Every command of the page, and every mistake that the page says is caught.
@@ -109,13 +164,15 @@ tolvane_check() {
     figure "two fit libraries, $(sed -n 's/^\[  PASSED  \] \([0-9]*\) tests*\.$/\1/p' "$logs/faulty.tests") faulty ones found"
 }
 
-# The packages, unpacked into an empty root by the system's own tools.
+# The packages, unpacked into an empty root by the system's own tools, which refuse those that are no
+# good together. Their scripts, which need the root of a real system, are not run.
 packages() {
-    local there=$logs/packages file
+    local there=$logs/packages
     rm -rf "$there" build/dev/_CPack_Packages build/dev/*.deb build/dev/*.tar.gz
-    mkdir -p "$there/deb" "$there/tar"
+    mkdir -p "$there"/deb/var/lib/dpkg/{info,triggers,updates} "$there/tar"
+    : >"$there/deb/var/lib/dpkg/status"
     cmake --build build/dev --target package
-    for file in build/dev/*.deb; do dpkg-deb --extract "$file" "$there/deb"; done
+    dpkg --root="$there/deb" --force-not-root --log=/dev/null --unpack build/dev/*.deb
     tar -x -C "$there/tar" --strip-components=1 -f build/dev/*.tar.gz
     diff -r "$there/deb/usr" "$there/tar"
     "$there/deb/usr/bin/tolvane" run --frames 0:9
