@@ -188,6 +188,22 @@ TEST(Child, IsToldToHaveTakenTooMuchMemory) {
     }
 }
 
+// And not what it does to clean up.
+TEST(Child, NotesAtWhatItTookTooMuchMemory) {
+    struct Cleaner {
+        ~Cleaner() { self.enter(Stage::Unloading); }
+        ChildSide& self;
+    };
+    if (kIsSanitized) GTEST_SKIP() << "a sanitizer ends the process itself";
+    const Outcome outcome = run([](ChildSide& self) {
+        const Cleaner cleaner{self};
+        self.enter(Stage::Ports);
+        return std::string(std::size_t{1} << 30, 'a');
+    });
+    EXPECT_EQ(outcome.end, End::OutOfMemory);
+    EXPECT_EQ(outcome.place.stage, Stage::Ports);
+}
+
 TEST(Child, MayTakeWhatItIsAllowed) {
     const auto work = [](ChildSide&) {
         return std::to_string(std::string(100'000'000, 'a').size());

@@ -1,7 +1,10 @@
 // `tolvane run` for several rigs and folders of rigs in one call.
+#include "tests/tools/Terminal.h"
 #include "tests/tools/TolvaneRun.h"
 
 #include <algorithm>
+#include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -16,6 +19,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 using Json = nlohmann::ordered_json;
@@ -68,6 +72,62 @@ TEST_F(TolvaneRunMany, GoesOnBehindARigThatCannotBeRead) {
                             StartsWith("tolvane: " + broken + ": "),
                             StartsWith("tolvane: " + broken + ": "),
                             "tolvane: " + folder.path("none.bvh") + ": there is no such file"));
+}
+
+TEST_F(TolvaneRunMany, GoesOnBehindAFolderWithoutRigs) {
+    const std::string empty = folder.path("empty"), line = empty +
+                                                           ": holds no file with the name"
+                                                           " of a rig";
+    fs::create_directory(empty);
+    const TolvaneProcess process = runTolvane({"run", empty, rigs});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_EQ(process.errors, "tolvane: " + line + "\n");
+    EXPECT_THAT(linesOf(process.output)[1], testing::MatchesRegex("not run( +-){4}   .*"));
+    EXPECT_THAT(process.output, EndsWith("\n3 rigs: 2 came back as they went in, 1 could not be "
+                                         "run.\n"));
+
+    const TolvaneProcess json = runTolvane({"run", empty, "--json"});
+    EXPECT_EQ(json.status, 2);
+    EXPECT_EQ(Json::parse(json.output),
+              (Json{{"file", empty},
+                    {"error", {{"stage", "reading"}, {"what", line}, {"file", empty}}}}));
+}
+
+TEST_F(TolvaneRunMany, MarksThoseWithoutASkeleton) {
+    folder.write("rigs/point.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+    const auto lines = linesOf(runTolvane({"run", rigs, "--jobs", "1"}).output);
+    ASSERT_EQ(lines.size(), 7U);
+    EXPECT_THAT(lines[2], testing::MatchesRegex("equal +2 +31 .*"));
+    EXPECT_THAT(lines[3], testing::MatchesRegex("equal +[0-9]+\\* +1 .*point.obj"));
+    EXPECT_EQ(lines[6], "* no skeleton: every node taken for a joint");
+}
+
+// Of two, with the first done.
+TEST_F(TolvaneRunMany, ShowsTheProgressOfAllInATerminal) {
+    const std::string printed = printedInTerminal(80, {"run", rigs, "--jobs", "1"});
+    EXPECT_THAT(printed, HasSubstr("/b.bvh\r\n\r\033[K[" + std::string(20, '=') +
+                                   std::string(20, ' ') + "] 50 %\r"));
+    EXPECT_THAT(printed, Not(HasSubstr("%\r\n")));
+}
+
+// The other one sleeps in its second frame, which the quick one has not.
+TEST_F(TolvaneRunMany, PrintsALineOfJsonAsSoonAsItsRigIsDone) {
+    const std::string quick = folder.write("quick.bvh", stillBvh());
+    const std::string command =
+        "echo $$; TOLVANE_TEST_FAULT='sleeps writing' exec " + quoted(TOLVANE) +
+        " run --json --jobs 2 --time-limit 5 --plugin " MISBEHAVING_LIBRARY " " + quoted(rig()) +
+        " " + quoted(quick);
+    FILE* const pipe = popen(command.c_str(), "r");
+    int process = 0;
+    ASSERT_EQ(std::fscanf(pipe, "%d\n", &process), 1);
+    std::string line;
+    for (int byte; (byte = std::fgetc(pipe)) != EOF && byte != '\n';)
+        line += static_cast<char>(byte);
+    kill(process, SIGTERM);
+    EXPECT_EQ(Json::parse(line)["file"], quick);
+    EXPECT_EQ(std::fgetc(pipe), EOF);
+    const int status = pclose(pipe);
+    EXPECT_TRUE(WIFSIGNALED(status)) << "it has gone on";
 }
 
 TEST_F(TolvaneRunMany, PrintsOnlyWhatFailsWhereItIsToBeQuiet) {
@@ -152,10 +212,6 @@ TEST_F(TolvaneRunMany, RefusesAtOnceWhatMakesNoSenseForAnyRig) {
                       "--svg and --html are for one rig, and several may be meant");
     expectRefusal({"run", rigs, "--plugin", "none.so"}, "none.so: there is no such file");
     expectRefusal({"run", rigs, "--frames", "3:1"}, "--frames 3:1: ends before it begins");
-    fs::create_directory(folder.path("empty"));
-    expectRefusal({"run", folder.path("empty"), rig()},
-                  folder.path("empty") + ": holds no file with the name of a rig");
-    EXPECT_EQ(runTolvane({"run", rigs, "--jobs", "0"}).status, 2);
 }
 
 // This machine stands for all.

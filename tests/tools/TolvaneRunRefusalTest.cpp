@@ -44,10 +44,6 @@ void expectRefusal(std::vector<std::string> arguments, const std::string& culpri
     EXPECT_EQ(report["error"]["file"], stage == "usage" ? Json() : Json(culprit));
 }
 
-TEST_F(TolvaneRun, RefusesAnUnknownOption) {
-    expectRefusal({"run", rig(), "--fast"}, "--fast", "not expected", "usage");
-}
-
 TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
     for (const char* option :
          {"--frames", "--fps", "--svg", "--html", "--plugin", "--animation", "--types"}) {
@@ -56,14 +52,6 @@ TEST_F(TolvaneRun, RefusesAnOptionWithoutItsValue) {
         EXPECT_EQ(process.output, "");
         EXPECT_THAT(process.errors, HasSubstr(option));
     }
-}
-
-TEST_F(TolvaneRun, RefusesAMissingFile) {
-    expectRefusal({"run", folder.path("none.bvh")}, folder.path("none.bvh"), "no such file");
-}
-
-TEST_F(TolvaneRun, RefusesAFolderWithoutRigs) {
-    expectRefusal({"run", folder.path("")}, folder.path(""), "no file with the name of a rig");
 }
 
 TEST_F(TolvaneRun, RefusesADevice) {
@@ -130,22 +118,9 @@ TEST_F(TolvaneRun, RefusesAReversedOrMalformedRange) {
     expectRefusal({"run", rig(), "--frames", ""}, "--frames", "A:B", "usage");
 }
 
-TEST_F(TolvaneRun, RefusesARateThatIsNotPositive) {
-    for (const char* rate : {"0", "-5", "nan", "inf", "fast", "5x", ""})
-        expectRefusal({"run", rig(), std::string("--fps=") + rate}, "--fps", "", "usage");
-}
-
 TEST_F(TolvaneRun, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {
     const std::string file = folder.write("rig.gltf", sampleGltf());
     expectRefusal({"run", file, "--animation", "run"}, file, "only \"move\", \"still\"");
-}
-
-TEST_F(TolvaneRun, RefusesAMissingLibrary) {
-    expectRefusal({"run", rig(), "--plugin", "none.so"}, "none.so", "no such file", "loading");
-}
-
-TEST_F(TolvaneRun, RefusesAFileThatIsNotALibrary) {
-    expectRefusal({"run", rig(), "--plugin", rig()}, rig(), "cannot be loaded", "loading");
 }
 
 TEST_F(TolvaneRun, RefusesALibraryWithoutTheFactory) {

@@ -5,10 +5,11 @@
 #include "tools/process/Child.h"
 #include "tools/process/Interruption.h"
 #include "tools/process/Message.h"
+#include "tools/report/Report.h"
+#include "tools/report/StandardOutput.h"
 #include "tools/support/OneLine.h"
 
 #include <iostream>
-#include <optional>
 
 namespace Tolvane::Tools {
 namespace {
@@ -24,6 +25,7 @@ struct Reply {
 template <typename Message, typename AnyReply>
 void exchangeReply(Message& message, AnyReply& reply) {
     message.flag(reply.answer.ok);
+    message.flag(reply.answer.isJson);
     message.text(reply.answer.text);
     message.text(reply.printed);
     message.optional(reply.misdeed, [&](auto& line) { message.text(line); });
@@ -36,10 +38,12 @@ std::string askInChild(const std::string& path, const LibraryQuestion& question,
         self.enter(Stage::Evaluating);
         reply.answer = question(library.translation(), self);
     }
+    self.enter(Stage::Reporting);
     reply.printed = self.allowedPrints();
-    if (const auto& print = self.firstPrint())
-        reply.misdeed =
-            path + ": prints " + inQuotes(oneLine(print->text)) + " " + inWords(print->place);
+    if (const auto misdeed = misdeedOf(path, self)) {
+        reply.misdeed = misdeed->what();
+        if (reply.answer.isJson) reply.answer.text = withError(reply.answer.text, *misdeed);
+    }
     MessageOut message;
     exchangeReply(message, reply);
     return message.take();
@@ -64,17 +68,28 @@ Reply replyOf(const std::string& path, const Limits& limits, const LibraryQuesti
 bool askLibrary(const std::string& path, const Limits& limits, const LibraryQuestion& question) {
     const Reply reply = replyOf(path, limits, question);
     std::cerr << reply.printed;
-    std::cout << reply.answer.text;
-    if (!std::cout.flush())
-        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+    print(reply.answer.text);
     if (reply.misdeed) std::cerr << "tolvane: " << oneLine(*reply.misdeed) << "\n";
     return reply.answer.ok && !reply.misdeed;
 }
 
 Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits) {
-    return {outcome.place.stage, path,
-            path + ": " + inWords(outcome, limits) + " " + inWords(outcome.place),
-            outcome.place.stage == Stage::Loading ? 2 : 1};
+    const Stage stage = outcome.place.stage;
+    const std::string how = inWords(outcome, limits);
+    const bool isTooMuch =
+        outcome.end == Outcome::End::OutOfMemory || outcome.end == Outcome::End::AnsweredTooMuch;
+    if (isTooMuch && stage == Stage::Usage) return {stage, "", "what is asked for " + how};
+    if (isTooMuch && stage == Stage::Reporting) return {stage, "", "the report " + how};
+    return {stage, path, path + ": " + how + " " + inWords(outcome.place),
+            stage == Stage::Loading ? 2 : 1};
+}
+
+std::optional<Error> misdeedOf(const std::string& path, const ChildSide& self) {
+    const auto& print = self.firstPrint();
+    if (!print) return std::nullopt;
+    return Error(print->place.stage, path,
+                 path + ": prints " + inQuotes(oneLine(print->text)) + " " + inWords(print->place),
+                 1);
 }
 
 }  // namespace Tolvane::Tools

@@ -9,6 +9,7 @@
 #include <TavrikGraph/Executor/TypeTranslation.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace Tolvane::Tools {
@@ -18,6 +19,8 @@ struct LibraryAnswer {
     bool ok = true;
     // What is printed on standard output.
     std::string text;
+    // Whether that is a JSON object, which then says too what the library does that it should not.
+    bool isJson = false;
 };
 
 // Runs in the process of the library, which is loaded.
@@ -30,7 +33,11 @@ using LibraryQuestion =
 bool askLibrary(const std::string& path, const Limits& limits, const LibraryQuestion& question);
 
 // A line that names the library and says what it was doing when it brought its process down. One
-// that goes down as it is loaded has not been tried at all.
+// that goes down as it is loaded has not been tried at all. What the program itself takes, for the
+// data that it makes (at the stage of usage) and for its report, is not put down to the library.
 Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits);
+
+// What the library has done that it should not; nothing if it has behaved.
+std::optional<Error> misdeedOf(const std::string& path, const ChildSide& self);
 
 }  // namespace Tolvane::Tools

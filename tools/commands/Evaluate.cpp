@@ -6,7 +6,6 @@
 #include "tools/process/Message.h"
 #include "tools/report/Report.h"
 #include "tools/support/Error.h"
-#include "tools/support/OneLine.h"
 #include "tools/view/Page.h"
 #include "tools/view/Picture.h"
 
@@ -28,6 +27,7 @@ void exchangeEvaluation(Message& message, AnyEvaluation& evaluation) {
     message.optional(evaluation.misdeed, text);
     message.text(evaluation.printed);
     message.text(evaluation.row);
+    message.flag(evaluation.hasSkeleton);
 }
 
 // What the run and the library have left once the library is gone.
@@ -78,14 +78,6 @@ Findings useLibrary(const Rig& rig, const RunArguments& arguments, const RunOpti
     return findings;
 }
 
-void noteMisdeed(Findings& findings, const std::string& path, const ChildSide& self) {
-    const auto& print = self.firstPrint();
-    if (!print) return;
-    findings.run.misdeed =
-        Error(print->place.stage, path,
-              path + ": prints " + inQuotes(oneLine(print->text)) + " " + inWords(print->place), 1);
-}
-
 std::string reportOf(const Findings& findings, const Rig& rig, const RunArguments& arguments) {
     const TextOptions options{arguments.verbose, arguments.inColour};
     std::ostringstream report;
@@ -101,7 +93,7 @@ std::string reportOf(const Findings& findings, const Rig& rig, const RunArgument
 std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
                             const RunOptions& options, ChildSide& self) {
     Findings findings = useLibrary(rig, arguments, options, self);
-    noteMisdeed(findings, arguments.plugin, self);
+    findings.run.misdeed = misdeedOf(arguments.plugin, self);
     self.enter(Stage::Reporting);
     Evaluation evaluation;
     evaluation.ok = findings.run.ok();
@@ -110,6 +102,7 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     if (arguments.page) evaluation.page = makePage(rig, findings.plugin.name, findings.run);
     if (findings.run.misdeed) evaluation.misdeed = findings.run.misdeed->what();
     evaluation.row = rowOf(summarise(rig), findings.run);
+    evaluation.hasSkeleton = rig.hasSkeleton;
     evaluation.printed = self.allowedPrints();
     MessageOut message;
     exchangeEvaluation(message, evaluation);

@@ -27,6 +27,7 @@ struct Evaluation {
     std::string printed;
     // The run in one line of a table.
     std::string row;
+    bool hasSkeleton = true;
 };
 
 // Throws Error if the library cannot be loaded or brings its process down, with a line that names

@@ -6,6 +6,7 @@
 #include "tools/process/Message.h"
 #include "tools/report/ProgressBar.h"
 #include "tools/report/Report.h"
+#include "tools/report/StandardOutput.h"
 #include "tools/rig/RigFiles.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
@@ -28,6 +29,8 @@ struct Row {
     // For standard output and, if it is not empty, for standard error.
     std::string text;
     std::string error;
+    // As a Rig has it.
+    bool hasSkeleton = true;
 };
 
 template <typename Message, typename AnyRow>
@@ -35,6 +38,7 @@ void exchangeRow(Message& message, AnyRow& row) {
     message.number(row.status);
     message.text(row.text);
     message.text(row.error);
+    message.flag(row.hasSkeleton);
 }
 
 std::string jsonOf(const Error& error) {
@@ -63,7 +67,8 @@ Row run(const RunArguments& arguments, ChildSide& self) {
         return {
             evaluation.ok ? 0 : 1,
             arguments.json ? jsonLine(arguments.file, evaluation.report) : evaluation.row + "\n",
-            evaluation.misdeed ? lineOf(arguments, *evaluation.misdeed) : ""};
+            evaluation.misdeed ? lineOf(arguments, *evaluation.misdeed) : "",
+            evaluation.hasSkeleton};
     } catch (const Error& error) {
         return rowOfError(arguments, error);
     }
@@ -107,8 +112,8 @@ Row rowOfOutcome(const RunArguments& arguments, const Outcome& outcome) {
 
 class Runs {
 public:
-    Runs(const RunArguments& arguments, std::vector<std::string> files)
-        : m_arguments(arguments), m_files(std::move(files)) {}
+    Runs(const RunArguments& arguments, std::vector<FoundRig> rigs)
+        : m_arguments(arguments), m_rigs(std::move(rigs)) {}
 
     // Returns the exit status.
     int toTheEnd();
@@ -123,41 +128,48 @@ private:
     void waitForAny();
     std::vector<Row> takeThoseThatEnded();
     void showProgress();
-    void print(const std::vector<Row>& rows);
+    void printRows(const std::vector<Row>& rows);
 
     const RunArguments& m_arguments;
-    std::vector<std::string> m_files;
+    std::vector<FoundRig> m_rigs;
     std::size_t m_started = 0;
     std::vector<Run> m_running;
     // How many ended with the status 0, 1 and 2.
     std::size_t m_ended[3] = {};
+    // Whether a row was printed that has the mark of a rig without a skeleton.
+    bool m_hasMarked = false;
     std::optional<InterruptionGuard> m_guard;
     std::optional<ProgressBar> m_progress;
 };
 
 int Runs::toTheEnd() {
-    const unsigned jobs =
+    const std::size_t jobs =
         m_arguments.jobs.value_or(std::max(1U, std::thread::hardware_concurrency()));
-    if (!m_arguments.json && !m_arguments.quiet) std::cout << headOfRows() << std::endl;
+    if (!m_arguments.json && !m_arguments.quiet) print(headOfRows() + "\n");
     m_guard.emplace();
-    while (m_started < m_files.size() || !m_running.empty()) {
-        while (m_started < m_files.size() && m_running.size() < jobs) startNext();
+    const auto startMore = [&] {
+        while (m_started < m_rigs.size() && m_running.size() < jobs) startNext();
+    };
+    for (startMore(); !m_running.empty(); startMore()) {
         waitForAny();
         const std::vector<Row> rows = takeThoseThatEnded();
-        if (!rows.empty()) print(rows);
+        if (!rows.empty()) printRows(rows);
         showProgress();
     }
     m_progress.reset();
     m_guard.reset();
     const bool isWorthTelling = !m_arguments.quiet || m_ended[1] + m_ended[2] != 0;
     if (!m_arguments.json && isWorthTelling)
-        std::cout << "\n" << sumOf(m_ended[0], m_ended[1], m_ended[2]) << std::endl;
+        print("\n" + sumOf(m_ended[0], m_ended[1], m_ended[2]) + "\n" +
+              (m_hasMarked ? noteOnSkeletons() + "\n" : ""));
     return m_ended[2] != 0 ? 2 : m_ended[1] != 0 ? 1 : 0;
 }
 
 void Runs::startNext() {
+    const FoundRig& rig = m_rigs[m_started++];
     Run run{m_arguments, nullptr};
-    run.arguments.file = m_files[m_started++];
+    run.arguments.file = rig.path;
+    if (rig.failure) return printRows({rowOfError(run.arguments, *rig.failure)});
     const auto work = [&](ChildSide& self) { return runInMessage(run.arguments, self); };
     run.child = std::make_unique<Child>(work, limitsOfRun());
     m_running.push_back(std::move(run));
@@ -188,32 +200,33 @@ void Runs::showProgress() {
     for (const Run& run : m_running)
         if (run.child->total() != 0) done += kWhole * run.child->done() / run.child->total();
     if (!m_progress) m_progress.emplace();
-    m_progress->show(done, m_files.size() * kWhole);
+    m_progress->show(done, m_rigs.size() * kWhole);
 }
 
 // The bar makes room for the rows, and nobody who interrupts has to wait for them to be printed.
-void Runs::print(const std::vector<Row>& rows) {
+void Runs::printRows(const std::vector<Row>& rows) {
     m_progress.reset();
     m_guard.reset();
     for (const Row& row : rows) {
         ++m_ended[row.status];
-        if (m_arguments.json || !m_arguments.quiet || row.status != 0) std::cout << row.text;
-        if (!std::cout.flush())
-            throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+        if (m_arguments.json || !m_arguments.quiet || row.status != 0) {
+            print(row.text);
+            m_hasMarked = m_hasMarked || !row.hasSkeleton;
+        }
         if (!row.error.empty()) std::cerr << "tolvane: " << row.error << "\n";
     }
     m_guard.emplace();
 }
 
-std::vector<std::string> rigsOf(const RunArguments& arguments) {
-    std::vector<std::string> rigs;
+std::vector<FoundRig> rigsOf(const RunArguments& arguments) {
+    std::vector<FoundRig> rigs;
     for (const std::string& file : arguments.files) {
         std::error_code ignored;
         if (!std::filesystem::is_directory(file, ignored)) {
-            rigs.push_back(file);
+            rigs.push_back({file, {}});
             continue;
         }
-        const std::vector<std::string> inFolder = rigFilesIn(file);
+        const std::vector<FoundRig> inFolder = rigsIn(file);
         rigs.insert(rigs.end(), inFolder.begin(), inFolder.end());
     }
     return rigs;
@@ -231,8 +244,7 @@ int runMany(const RunArguments& arguments) {
     refuseSenseless(arguments);
     if (arguments.picture || arguments.page)
         throw Error(Stage::Usage, "", "--svg and --html are for one rig, and several may be meant");
-    std::vector<std::string> rigs = rigsOf(arguments);
-    return Runs(arguments, std::move(rigs)).toTheEnd();
+    return Runs(arguments, rigsOf(arguments)).toTheEnd();
 }
 
 }  // namespace Tolvane::Tools

@@ -11,6 +11,8 @@ void count(std::atomic<std::uint64_t>& moves) noexcept {
 }  // namespace
 
 void ChildSide::enter(Stage stage) noexcept {
+    // What comes then is cleaning up, and not what took the memory.
+    if (m_block.memoryRanOut != 0) return;
     m_block.stage = static_cast<std::uint32_t>(stage);
     m_block.hasFrame = 0;
     m_block.port[0] = '\0';

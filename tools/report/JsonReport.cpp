@@ -104,6 +104,13 @@ std::string jsonLine(const std::string& file, const std::string& object) {
     return printed(line, -1);
 }
 
+std::string withError(const std::string& object, const Error& error) {
+    Json report = Json::parse(object);
+    if (report.contains("ok")) report["ok"] = false;
+    report["error"] = jsonOf(error);
+    return printed(report);
+}
+
 void printJson(std::ostream& out, const Error& error) {
     out << printed({{"error", jsonOf(error)}});
 }

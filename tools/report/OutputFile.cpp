@@ -2,12 +2,12 @@
 
 #include "tools/process/FileDescriptor.h"
 #include "tools/process/Interruption.h"
+#include "tools/report/StandardOutput.h"
 #include "tools/support/Error.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -24,11 +24,6 @@ constexpr std::size_t kPart = std::size_t{1} << 20;
 
 [[noreturn]] void fail(const std::string& path, const std::string& cause) {
     throw Error(Stage::Writing, path, path + ": " + cause);
-}
-
-[[noreturn]] void failToWrite(const std::string& path, int error) {
-    fail(path, std::string("cannot be written: ") +
-                   (error == ENOSPC ? "no space left on device" : std::strerror(error)));
 }
 
 bool isProgram(const std::string& path) {

@@ -62,9 +62,14 @@ std::string headOfRows();
 std::string rowOf(const RigSummary& rig, const RunResult& result);
 std::string rowOf(const std::string& file, const Error& error);
 std::string sumOf(std::size_t equal, std::size_t failed, std::size_t notRun);
+// Says what the mark means that the row of a rig without a skeleton has.
+std::string noteOnSkeletons();
 
 // The object of one of many rigs, in one line that begins with the name of its file.
 std::string jsonLine(const std::string& file, const std::string& object);
+
+// The object of a report, which says now that `error` kept all from being well.
+std::string withError(const std::string& object, const Error& error);
 
 // Where nothing can be reported, one object that says why.
 void printJson(std::ostream& out, const Error& error);

@@ -5,6 +5,8 @@
 namespace Tolvane::Tools {
 namespace {
 
+constexpr const char* kMark = "*";
+
 // The rows of many rigs are printed one by one, so that their widths are the same whatever follows.
 std::string row(const std::string& verdict, const std::vector<std::string>& numbers,
                 const std::string& file) {
@@ -26,8 +28,8 @@ std::string headOfRows() {
 
 std::string rowOf(const RigSummary& rig, const RunResult& result) {
     return row(result.ok() ? "equal" : "FAILED",
-               {grouped(rig.joints), grouped(rig.frames), grouped(result.leavesCompared()),
-                grouped(result.mismatches())},
+               {grouped(rig.joints) + (rig.hasSkeleton ? "" : kMark), grouped(rig.frames),
+                grouped(result.leavesCompared()), grouped(result.mismatches())},
                rig.file);
 }
 
@@ -41,6 +43,10 @@ std::string sumOf(std::size_t equal, std::size_t failed, std::size_t notRun) {
     return text + grouped(equal) + " came back as they went in" +
            (failed == 0 ? "" : ", " + grouped(failed) + " FAILED") +
            (notRun == 0 ? "" : ", " + grouped(notRun) + " could not be run") + ".";
+}
+
+std::string noteOnSkeletons() {
+    return std::string(kMark) + " no skeleton: every node taken for a joint";
 }
 
 }  // namespace Tolvane::Tools
