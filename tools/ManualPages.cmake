@@ -9,10 +9,13 @@ endif()
 set(pages "")
 function(tolvane_manual_page name command what)
     set(page ${PROJECT_BINARY_DIR}/share/man/man1/${name}.1)
-    add_custom_command(OUTPUT ${page} DEPENDS tolvane
+    # By itself the page of a command would bear the name of the program.
+    set(heading ${CMAKE_CURRENT_BINARY_DIR}/${name}.h2m)
+    file(CONFIGURE OUTPUT ${heading} CONTENT "[NAME]\n${name} \\- ${what}\n" @ONLY)
+    add_custom_command(OUTPUT ${page} DEPENDS tolvane ${heading}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/share/man/man1
         COMMAND ${HELP2MAN} --no-info --no-discard-stderr --version-string=${PROJECT_VERSION}
-            --manual=TolvanePlugin --source=TolvanePlugin --name=${what} --output=${page}
+            --manual=TolvanePlugin --source=TolvanePlugin --include=${heading} --output=${page}
             "$<TARGET_FILE:tolvane> ${command}"
         VERBATIM)
     set(pages ${pages} ${page} PARENT_SCOPE)

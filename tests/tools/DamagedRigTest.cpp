@@ -101,7 +101,7 @@ void tellOfDamaged(const std::string& file) {
     limits.processorTime = 2;
     std::string ending = "told of nevertheless";
     try {
-        const Tolvane::Tools::RigInfo info = Tolvane::Tools::readInfo(file, limits);
+        const Tolvane::Tools::RigInfo info = Tolvane::Tools::readInfo(file, {}, limits);
         std::ostringstream report, json;
         printInfo(report, info);
         printInfoAsJson(json, info);

@@ -93,14 +93,6 @@ TEST_F(TolvaneInfo, FitsEightyColumnsHoweverLongAName) {
     EXPECT_TRUE(isCut);
 }
 
-TEST_F(TolvaneInfo, RefusesAFileThatCannotBeRead) {
-    const TolvaneProcess process = runTolvane({"info", folder.path("none.bvh")});
-    EXPECT_EQ(process.status, 2);
-    EXPECT_EQ(process.output, "");
-    EXPECT_EQ(process.errors, "tolvane: " + folder.path("none.bvh") + ": there is no such file\n");
-    EXPECT_EQ(runTolvane({"info"}).status, 2);
-}
-
 TEST_F(TolvaneInfo, NeedsNoPlugin) {
     const std::string file = folder.write("rig.bvh", sampleBvh());
     const std::string program = folder.path("tolvane");

@@ -10,7 +10,7 @@
 
 namespace {
 
-using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
 using Json = nlohmann::ordered_json;
@@ -115,13 +115,37 @@ TEST(TolvaneInspect, FitsAScreenOf80Columns) {
     while (std::getline(lines, line)) EXPECT_LE(Tolvane::Tools::columnsOf(line), 80U) << line;
 }
 
-TEST(TolvaneInspect, TellsInOneLineWhichLibraryGoesDown) {
-    const TolvaneProcess process =
-        runTolvane({"inspect", MISBEHAVING_LIBRARY}, "TOLVANE_TEST_FAULT=crashes names");
-    EXPECT_EQ(process.status, 1);
-    EXPECT_EQ(process.output, "");
-    EXPECT_THAT(process.errors, AllOf(HasSubstr(MISBEHAVING_LIBRARY), HasSubstr("crashes"),
-                                      HasSubstr("while it is asked for its names\n")));
+TEST(TolvaneInspect, TellsLibraryAndTypesApart) {
+    const std::string pins = "Rigging::Module::Pins", inputs = "Rigging::Module::Inputs";
+    const auto seen = [](const std::vector<std::string>& arguments) {
+        const Json inspection = inspected(arguments);
+        std::vector<std::string> names{inspection["name"]};
+        for (const Json& type : inspection["types"]) names.push_back(type["name"]);
+        return names;
+    };
+    const std::string plugin = "Rigging Translation Table", faulty = "Faulty";
+    EXPECT_THAT(seen({pins}), ElementsAre(plugin, pins));
+    EXPECT_THAT(seen({inputs, pins, inputs}), ElementsAre(plugin, inputs, pins));
+    EXPECT_THAT(seen({FAULTY_LIBRARY, pins}), ElementsAre(faulty, pins));
+    EXPECT_THAT(seen({"--plugin", FAULTY_LIBRARY, pins, inputs}),
+                ElementsAre(faulty, pins, inputs));
+    EXPECT_THAT(seen({pins, "--plugin", FAULTY_LIBRARY}), ElementsAre(faulty, pins));
+}
+
+TEST(TolvaneInspect, ShowsATypeOnceThatIsNamedTwice) {
+    const std::vector<std::string> arguments{"inspect", FAULTY_LIBRARY};
+    const std::string fault = "TOLVANE_TEST_FAULT=names a type twice";
+    const std::string output = runTolvane(arguments, fault).output;
+    EXPECT_THAT(output, HasSubstr("\nTypes    14\n"));
+    const std::size_t found = output.find("\nRigging::Module::Pins, named twice\n");
+    EXPECT_NE(found, std::string::npos);
+    EXPECT_EQ(output.find("\nRigging::Module::Pins"), found);
+    EXPECT_EQ(output.find("\nRigging::Module::Pins", found + 1), std::string::npos);
+    const Json types =
+        Json::parse(runTolvane({"inspect", FAULTY_LIBRARY, "--json"}, fault).output)["types"];
+    ASSERT_THAT(types, SizeIs(14));
+    for (const Json& type : types)
+        EXPECT_EQ(type["timesNamed"], type["name"] == "Rigging::Module::Pins" ? 2 : 1);
 }
 
 }  // namespace

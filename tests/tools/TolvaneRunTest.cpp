@@ -218,13 +218,6 @@ TEST_F(TolvaneRun, WritesAPageOfWhatWentInWhereNoSkeletonComesBack) {
     EXPECT_THAT(readFile(page), HasSubstr("shown is the skeleton that went in"));
 }
 
-TEST_F(TolvaneRun, FailsIfTheReportCannotBeWritten) {
-    const std::string command =
-        quoted(TOLVANE) + " run " + quoted(rig()) + " >/dev/full 2>" + quoted(folder.path("err"));
-    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 2);
-    EXPECT_EQ(readFile(folder.path("err")), "tolvane: standard output: cannot be written to\n");
-}
-
 TEST_F(TolvaneRun, DoesWithoutStandardStreams) {
     const std::string picture = folder.path("out.svg");
     const std::string command =

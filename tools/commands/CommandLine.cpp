@@ -1,6 +1,7 @@
 #include "tools/commands/CommandLine.h"
 
 #include "tools/commands/Check.h"
+#include "tools/commands/CommonOptions.h"
 #include "tools/commands/HelpText.h"
 #include "tools/commands/Info.h"
 #include "tools/commands/Inspect.h"
@@ -8,12 +9,14 @@
 #include "tools/commands/Show.h"
 #include "tools/commands/Trace.h"
 #include "tools/report/Report.h"
+#include "tools/report/StandardOutput.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
 
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,9 +29,10 @@ int carryOut(int count, const char* const* arguments) {
     CLI::App app("Runs rigs through TolvanePlugin, from the host into the graph and back.");
     app.name("tolvane");
     app.formatter(std::make_shared<HelpText>());
-    app.set_version_flag("-V,--version", "tolvane " TOLVANE_VERSION);
+    addVersion(app);
     const std::vector<Command> commands{addRun(app),     addInfo(app),  addCheck(app),
                                         addInspect(app), addTrace(app), addShow(app)};
+    for (const Command& command : commands) addVersion(*command.options);
 
     const auto named = [&] {
         return std::find_if(commands.begin(), commands.end(),
@@ -37,7 +41,9 @@ int carryOut(int count, const char* const* arguments) {
     try {
         app.parse(count, arguments);
     } catch (const CLI::Success& helpOrVersion) {
-        app.exit(helpOrVersion);
+        std::ostringstream text;
+        app.exit(helpOrVersion, text, text);
+        print(text.str());
         return 0;
     } catch (const CLI::ParseError& error) {
         const std::string name =
@@ -51,10 +57,33 @@ int carryOut(int count, const char* const* arguments) {
     return named()->carryOut();
 }
 
+// Whether "--json", or what is set behind it, such as "=false", means that it is wanted.
+bool isTrue(std::string_view argument) {
+    const std::size_t equals = argument.find('=');
+    if (equals == std::string_view::npos) return true;
+    bool value = true;
+    CLI::detail::lexical_cast(std::string(argument.substr(equals + 1)), value);
+    return value;
+}
+
 // Also where the arguments make no sense otherwise.
 bool wantsJson(int count, const char* const* arguments) {
-    return std::any_of(arguments, arguments + count,
-                       [](std::string_view argument) { return argument == "--json"; });
+    constexpr std::string_view kJson = "--json", kFormat = "--format";
+    const auto is = [](std::string_view argument, std::string_view option) {
+        return argument.substr(0, argument.find('=')) == option;
+    };
+    bool wanted = false;
+    for (int i = 1; i < count && arguments[i] != std::string_view("--"); ++i) {
+        std::string_view argument = arguments[i];
+        if (is(argument, kJson)) wanted = wanted || isTrue(argument);
+        if (!is(argument, kFormat)) continue;
+        if (argument != kFormat)
+            argument.remove_prefix(kFormat.size() + 1);
+        else if (i + 1 < count)
+            argument = arguments[++i];
+        wanted = wanted || argument == "json" || argument == "trace-event";
+    }
+    return wanted;
 }
 
 int tell(const Error& error, bool json) {

@@ -1,8 +1,11 @@
 #include "tools/commands/CommonOptions.h"
 
+#include "tools/report/Words.h"
 #include "tools/support/Error.h"
+#include "tools/support/OneLine.h"
 #include "tools/types/ReadTypes.h"
 
+#include <charconv>
 #include <cstddef>
 #include <filesystem>
 #include <system_error>
@@ -20,16 +23,68 @@ std::string besideProgram(const char* relativePath) {
     return (program.parent_path() / relativePath).lexically_normal().string();
 }
 
+std::string shown(std::uint64_t number) { return grouped(number); }
+std::string shown(double number) {
+    return number < 1 ? shortText(number) : grouped(static_cast<std::uint64_t>(number));
+}
+
+template <typename Number, typename Range>
+CLI::Option* addNumberOf(CLI::App& command, const std::string& name, const char* kind,
+                         const Range& range, const std::function<void(Number)>& take,
+                         const std::string& help) {
+    const auto read = [=](const std::string& text) {
+        Number number{};
+        const char* const end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        // A NaN is in no range.
+        const bool isWithin = number >= range.least && number <= range.most;
+        if (error != std::errc() || stop != end || !isWithin)
+            throw CLI::ValidationError(name + " " + inQuotes(oneLine(text)) + ": is not a " + kind +
+                                       " from " + shown(range.least) + " to " + shown(range.most));
+        take(number);
+    };
+    return command.add_option_function<std::string>(name, read, help)->option_text("N");
+}
+
 }  // namespace
 
 std::string bundledWalk() { return besideProgram("../share/tolvane/examples/walk.bvh"); }
 std::string bundledPlugin() { return besideProgram("../lib/TolvanePlugin.so"); }
 
+CLI::Option* addRig(CLI::App& command, std::string& file) {
+    file = bundledWalk();
+    return command
+        .add_option("FILE", file,
+                    "A rig: BVH, glTF, GLB, FBX, COLLADA, ... (default: the bundled walk)")
+        ->option_text(" ");
+}
+
+void addRigOptions(CLI::App& command, LoadOptions& options) {
+    addNumber(command, "--fps", NumberRange{0.001, 1e6}, into(options.framesPerSecond),
+              "Sample N frames per second (default: the animation's)");
+    command
+        .add_option("--animation", options.animation,
+                    "Use the animation of this name (default: the first)")
+        ->option_text("NAME");
+    addRoot(command, options.root);
+}
+
+void addRoot(CLI::App& command, std::optional<std::string>& root) {
+    command
+        .add_option("--root", root,
+                    "Take this node, and what is below it. Of several it is a bone, else what "
+                    "moves, else the first.")
+        ->option_text("NAME");
+}
+
+CLI::Option* addFrame(CLI::App& command, std::size_t& frame) {
+    return addNumber(command, "--frame", WholeRange{0, kMostCounted}, into(frame),
+                     "Take this frame, counted from 0 (default: 0)");
+}
+
 void addPlugin(CLI::App& command, std::string& plugin) {
     plugin = bundledPlugin();
-    command
-        .add_option("--plugin", plugin,
-                    "Load this translation library (default: the plugin that comes with tolvane)")
+    command.add_option("--plugin", plugin, "Load this library (default: tolvane's own plugin)")
         ->option_text("LIBRARY");
 }
 
@@ -41,23 +96,40 @@ void addTypes(CLI::App& command, std::optional<std::string>& types) {
 }
 
 void addLimits(CLI::App& command, Limits& limits) {
-    command
-        .add_option_function<double>(
-            "--memory-limit",
-            [&limits](double gibibytes) {
-                limits.memory = static_cast<std::size_t>(gibibytes * (std::size_t{1} << 30));
-            },
-            "Let no reader and no library take more than N GiB (default: 4)")
-        ->option_text("N")
-        ->check(CLI::Range(0.001, 1e6));
-    command
-        .add_option_function<unsigned>(
-            "--time-limit",
-            [&limits](unsigned seconds) { limits.processorTime = limits.silence = seconds; },
-            "Give up on a rig after N seconds of processor time, and on a library that makes no\n"
-            "progress for N seconds (default: 60)")
-        ->option_text("N")
-        ->check(CLI::Range(1U, 1'000'000U));
+    addNumber(
+        command, "--memory-limit", NumberRange{0.001, 1e6},
+        [&limits](double gibibytes) {
+            limits.memory = static_cast<std::size_t>(gibibytes * (std::size_t{1} << 30));
+        },
+        "Let no reader and no library take more than N GiB (default: 4)");
+    addNumber(
+        command, "--time-limit", WholeRange{1, 1'000'000},
+        [&limits](std::uint64_t seconds) {
+            limits.processorTime = limits.silence = static_cast<unsigned>(seconds);
+        },
+        "Give up on a rig after N seconds of processor time, and on a library that makes no\n"
+        "progress for N seconds (default: 60)");
+}
+
+void addVersion(CLI::App& command) {
+    command.set_version_flag("-V,--version", "tolvane " TOLVANE_VERSION,
+                             "Print the program's version and exit");
+}
+
+CLI::Option* addQuiet(CLI::App& command, bool& quiet) {
+    // A text of its own keeps the help from saying what the option excludes.
+    return command.add_flag("-q,--quiet", quiet, "Print nothing but the verdict of a failure")
+        ->option_text(" ");
+}
+
+CLI::Option* addNumber(CLI::App& command, const std::string& name, WholeRange range,
+                       const std::function<void(std::uint64_t)>& take, const std::string& help) {
+    return addNumberOf(command, name, "whole number", range, take, help);
+}
+
+CLI::Option* addNumber(CLI::App& command, const std::string& name, NumberRange range,
+                       const std::function<void(double)>& take, const std::string& help) {
+    return addNumberOf(command, name, "number", range, take, help);
 }
 
 Pelmor::Library typesOf(const std::optional<std::string>& file) {

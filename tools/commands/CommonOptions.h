@@ -2,9 +2,12 @@
 #pragma once
 
 #include "tools/process/Limits.h"
+#include "tools/rig/LoadRig.h"
 
 #include <Pelmor/Library.h>
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,11 +19,45 @@ namespace Tolvane::Tools {
 std::string bundledWalk();
 std::string bundledPlugin();
 
+// A command's rig, and how it is read.
+CLI::Option* addRig(CLI::App& command, std::string& file);
+void addRigOptions(CLI::App& command, LoadOptions& options);
+// Of those, the one that also counts where nothing is evaluated.
+void addRoot(CLI::App& command, std::optional<std::string>& root);
+// Of one frame, counted from 0.
+CLI::Option* addFrame(CLI::App& command, std::size_t& frame);
+
 void addPlugin(CLI::App& command, std::string& plugin);
 void addTypes(CLI::App& command, std::optional<std::string>& types);
 void addLimits(CLI::App& command, Limits& limits);
+void addVersion(CLI::App& command);
+CLI::Option* addQuiet(CLI::App& command, bool& quiet);
 
 // The types that the graph knows: its own, and those of the file if there is one. Throws Error.
 Pelmor::Library typesOf(const std::optional<std::string>& file);
+
+// Options whose value is a number, both ends of the range included. Whatever else is given is
+// refused in words that name the option and the range.
+struct WholeRange {
+    std::uint64_t least;
+    std::uint64_t most;
+};
+struct NumberRange {
+    double least;
+    double most;
+};
+CLI::Option* addNumber(CLI::App& command, const std::string& name, WholeRange range,
+                       const std::function<void(std::uint64_t)>& take, const std::string& help);
+CLI::Option* addNumber(CLI::App& command, const std::string& name, NumberRange range,
+                       const std::function<void(double)>& take, const std::string& help);
+
+// Something that keeps the number of such an option in `target`.
+template <typename Target>
+auto into(Target& target) {
+    return [&target](auto number) { target = number; };
+}
+
+// So many frames, or calls of the host, no run has.
+constexpr std::uint64_t kMostCounted = 1'000'000'000;
 
 }  // namespace Tolvane::Tools

@@ -6,6 +6,7 @@
 #include "tools/report/InspectionReport.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -15,12 +16,29 @@ namespace Tolvane::Tools {
 namespace {
 
 struct InspectArguments {
+    std::optional<std::string> plugin;
     std::string library;
+    // Until it is told apart, the library may be the first of them.
     std::vector<std::string> typeNames;
     std::optional<std::string> types;
     bool json = false;
+    bool quiet = false;
     Limits limits;
 };
+
+bool isType(const std::string& name, const Pelmor::Library& types) {
+    std::error_code ignored;
+    return !std::filesystem::exists(name, ignored) && types.findType(name.c_str());
+}
+
+void tellLibraryFromTypes(InspectArguments& arguments, const Pelmor::Library& types) {
+    auto& names = arguments.typeNames;
+    arguments.library = arguments.plugin.value_or(bundledPlugin());
+    if (!arguments.plugin && !names.empty() && !isType(names.front(), types)) {
+        arguments.library = names.front();
+        names.erase(names.begin());
+    }
+}
 
 LibraryAnswer inspect(const TavrikGraph::Executor::TypeTranslation& translation,
                       const Pelmor::Library& types, const InspectArguments& arguments,
@@ -30,13 +48,16 @@ LibraryAnswer inspect(const TavrikGraph::Executor::TypeTranslation& translation,
     std::ostringstream text;
     if (arguments.json)
         printInspectionAsJson(text, inspection);
+    else if (arguments.quiet)
+        text << verdictOf(inspection);
     else
         printInspection(text, inspection);
-    return {inspection.ok(), text.str()};
+    return {inspection.ok(), text.str(), arguments.json};
 }
 
-bool carryOut(const InspectArguments& arguments) {
+bool carryOut(InspectArguments& arguments) {
     const Pelmor::Library types = typesOf(arguments.types);
+    tellLibraryFromTypes(arguments, types);
     // Makes libraries tell their version as they are loaded.
     setenv("QUELMAR_DUMP_VERSION_INFO", "1", 1);
     return askLibrary(arguments.library, arguments.limits, [&](auto& translation, ChildSide& self) {
@@ -50,17 +71,20 @@ bool carryOut(const InspectArguments& arguments) {
 
 Command addInspect(CLI::App& app) {
     const auto arguments = std::make_shared<InspectArguments>();
-    arguments->library = bundledPlugin();
     CLI::App& inspect = *app.add_subcommand(
         "inspect",
         "Shows what a translation library says of itself, and the attributes of its types.\n"
         "Exit status: 0 if every type gets its ports, 1 if not, 2 if it cannot be inspected.");
-    inspect.add_option("LIBRARY", arguments->library,
-                       "A translation library (default: the plugin that comes with tolvane)");
-    inspect.add_option("TYPE", arguments->typeNames,
-                       "Show these types only, even if the library does not name them");
+    inspect
+        .add_option("LIBRARY", arguments->typeNames,
+                    "A translation library (default: tolvane's own plugin), and types of which\n"
+                    "to show these only, even if the library does not name them")
+        ->option_text("[TYPE...]");
+    inspect.add_option("--plugin", arguments->plugin, "The same as LIBRARY")
+        ->option_text("LIBRARY");
     addTypes(inspect, arguments->types);
     inspect.add_flag("--json", arguments->json, "Print one JSON object instead of the trees");
+    addQuiet(inspect, arguments->quiet);
     addLimits(inspect, arguments->limits);
     return {&inspect, [arguments] { return carryOut(*arguments) ? 0 : 1; }};
 }

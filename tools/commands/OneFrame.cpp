@@ -7,9 +7,10 @@
 
 namespace Tolvane::Tools {
 
-Rig readRigWithFrame(const std::string& file, std::size_t frame, const Limits& limits) {
+Rig readRigWithFrame(const std::string& file, const LoadOptions& options, std::size_t frame,
+                     const Limits& limits) {
     const InterruptionGuard guard;
-    Rig rig = readRig(file, {}, limits);
+    Rig rig = readRig(file, options, limits);
     during(Stage::Usage, "", [&] { framesOf(rig, FrameRange{frame, frame}); });
     return rig;
 }

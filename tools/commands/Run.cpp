@@ -49,22 +49,11 @@ Command addRun(CLI::App& app) {
            "Rigs (BVH, glTF, GLB, FBX, COLLADA, ...) and folders of rigs (default: the\n"
            "bundled walk). Of several, each gets a row or, with --json, an object in a line.")
         ->option_text("...");
-    run.add_option("--jobs", arguments->jobs,
-                   "Run N of several rigs at once (default: one for each processor)")
-        ->option_text("N")
-        ->check(CLI::Range(1U, 10'000U));
+    addNumber(run, "--jobs", WholeRange{1, 10'000}, into(arguments->jobs),
+              "Run N of several rigs at once (default: one for each processor)");
     run.add_option("--frames", arguments->frames, "Run frames A to B only, counted from 0")
         ->option_text("A:B");
-    run.add_option("--fps", arguments->framesPerSecond,
-                   "Sample N frames per second (default: the rate of the animation)")
-        ->option_text("N");
-    run.add_option("--animation", arguments->animation,
-                   "Use the animation of this name (default: the first)")
-        ->option_text("NAME");
-    run.add_option("--root", arguments->root,
-                   "Take this node, and what is below it. Of several it is a bone, else what "
-                   "moves, else the first.")
-        ->option_text("NAME");
+    addRigOptions(run, arguments->load);
     run.add_flag("--churn", arguments->churn,
                  "Change the number of joints and limbs from frame to frame");
     run.add_option("--svg", arguments->picture, "Draw the skeleton as it came back")
@@ -73,10 +62,7 @@ Command addRun(CLI::App& app) {
                    "Make a page that plays the skeleton as it came back over the one that went in")
         ->option_text("OUT.html");
     run.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
-    // A text of its own keeps the help from saying what an option excludes.
-    CLI::Option* quiet =
-        run.add_flag("-q,--quiet", arguments->quiet, "Print nothing but the verdict of a failure")
-            ->option_text(" ");
+    CLI::Option* quiet = addQuiet(run, arguments->quiet);
     run.add_flag("--verbose", arguments->verbose, "Name all types and ports, and shorten no name")
         ->option_text(" ")
         ->excludes(quiet);

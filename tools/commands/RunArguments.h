@@ -2,7 +2,9 @@
 #pragma once
 
 #include "tools/process/Limits.h"
+#include "tools/rig/LoadRig.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,15 +15,13 @@ struct RunArguments {
     // Each is a rig or a folder of rigs. At least one.
     std::vector<std::string> files;
     // How many rigs are run at once. If set, a single one is treated like many too.
-    std::optional<unsigned> jobs;
+    std::optional<std::size_t> jobs;
     // The rig that a run is about.
     std::string file;
     std::string plugin;
     std::optional<std::string> types;
     std::optional<std::string> frames;
-    std::optional<std::string> framesPerSecond;
-    std::optional<std::string> animation;
-    std::optional<std::string> root;
+    LoadOptions load;
     bool churn = false;
     std::optional<std::string> picture;
     std::optional<std::string> page;

@@ -5,35 +5,19 @@
 #include "tools/process/Interruption.h"
 #include "tools/report/OutputFile.h"
 #include "tools/report/ProgressBar.h"
+#include "tools/report/StandardOutput.h"
 #include "tools/rig/FrameRange.h"
 #include "tools/rig/ReadRig.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
 #include "tools/types/ReadTypes.h"
 
-#include <cmath>
 #include <iostream>
 #include <utility>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 namespace Tolvane::Tools {
 namespace {
-
-double parseRate(const std::string& text) {
-    double rate = 0;
-    if (CLI::detail::lexical_cast(text, rate) && std::isfinite(rate) && rate > 0) return rate;
-    throw Error("--fps " + text + ": is not a positive number of frames per second");
-}
-
-LoadOptions loadOptions(const RunArguments& arguments) {
-    LoadOptions options;
-    options.animation = arguments.animation;
-    options.root = arguments.root;
-    if (arguments.framesPerSecond) options.framesPerSecond = parseRate(*arguments.framesPerSecond);
-    return options;
-}
 
 RunOptions runOptions(const RunArguments& arguments) {
     RunOptions options;
@@ -67,20 +51,16 @@ OutputFiles outputs(const RunArguments& arguments) {
 }  // namespace
 
 void refuseSenseless(const RunArguments& arguments) {
-    during(Stage::Usage, "", [&] {
-        loadOptions(arguments);
-        runOptions(arguments);
-    });
+    during(Stage::Usage, "", [&] { runOptions(arguments); });
     refuseNoLibrary(arguments.plugin);
 }
 
 Evaluation carryOut(const RunArguments& arguments, const Watch& watch) {
     const OutputFiles files = outputs(arguments);
-    const LoadOptions load = during(Stage::Usage, "", [&] { return loadOptions(arguments); });
     const RunOptions options = during(Stage::Usage, "", [&] { return runOptions(arguments); });
     refuseNoLibrary(arguments.plugin);
 
-    const Rig rig = readRig(arguments.file, load, arguments.limits, watch);
+    const Rig rig = readRig(arguments.file, arguments.load, arguments.limits, watch);
     during(Stage::Usage, "", [&] { framesOf(rig, options.frames); });
     files.refuseToReplace(rig.filesRead);
     Evaluation evaluation = evaluate(rig, arguments, options, watch);
@@ -100,9 +80,7 @@ bool runRig(const RunArguments& arguments) {
     };
     const Evaluation evaluation = interruptible();
     std::cerr << evaluation.printed;
-    std::cout << evaluation.report;
-    if (!std::cout.flush())
-        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+    print(evaluation.report);
     if (evaluation.misdeed) std::cerr << "tolvane: " << oneLine(*evaluation.misdeed) << "\n";
     return evaluation.ok;
 }

@@ -6,7 +6,6 @@
 #include "tools/inspect/TypedNode.h"
 #include "tools/node/WatchedTranslation.h"
 #include "tools/report/ValueReport.h"
-#include "tools/support/OneLine.h"
 
 #include <OpenVornik/VErrorListener.h>
 
@@ -19,10 +18,12 @@ namespace {
 
 struct ShowArguments {
     std::string file;
+    LoadOptions load;
     std::string port;
     std::string path;
     std::size_t frame = 0;
     bool json = false;
+    bool quiet = false;
     std::string plugin;
     std::optional<std::string> types;
     Limits limits;
@@ -37,32 +38,38 @@ void evaluate(TypedNode& node, ValueReport& report) {
 }
 
 LibraryAnswer show(const TavrikGraph::Executor::TypeTranslation& translation,
-                   const Pelmor::Type& type, const Rig& rig, const ShowArguments& arguments) {
+                   const Pelmor::Type& type, const Rig& rig, const ShowArguments& arguments,
+                   ChildSide& self) {
     TypedNode node(translation, type);
-    if (!node.hasBothPorts())
-        throw Error(Stage::Ports, arguments.plugin,
-                    arguments.plugin + ": ports of " + arguments.port + " get no attribute", 1);
+    node.requirePorts(arguments.plugin);
+    self.enter(Stage::Usage);
     fillFromRig(node.inputPlace(), rig, arguments.frame);
     ValueReport report{arguments.plugin,
                        arguments.file + ", frame " + std::to_string(arguments.frame),
                        arguments.port, arguments.path};
+    self.enter(Stage::Evaluating);
+    self.atFrame(arguments.frame);
     evaluate(node, report);
+    self.enter(Stage::Reporting);
     const FoundData found = findData(node.outputPlace(), arguments.path);
     std::ostringstream text;
     if (arguments.json)
         printValuesAsJson(text, report, found);
+    else if (arguments.quiet)
+        text << verdictOf(report);
     else
         printValues(text, report, found);
-    return {report.ok(), text.str()};
+    return {report.ok(), text.str(), arguments.json};
 }
 
 bool carryOut(const ShowArguments& arguments) {
     const Pelmor::Library types = typesOf(arguments.types);
     const Pelmor::Type type = typeNamed(arguments.port, types);
-    const Rig rig = readRigWithFrame(arguments.file, arguments.frame, arguments.limits);
+    const Rig rig =
+        readRigWithFrame(arguments.file, arguments.load, arguments.frame, arguments.limits);
     return askLibrary(arguments.plugin, arguments.limits, [&](auto& translation, ChildSide& self) {
         const WatchedTranslation watched(translation, self);
-        return show(watched, type, rig, arguments);
+        return show(watched, type, rig, arguments, self);
     });
 }
 
@@ -74,16 +81,17 @@ Command addShow(CLI::App& app) {
         "show",
         "Shows the values of an attribute after one frame of a rig came back in it.\n"
         "Exit status: 0 if the value was carried, 1 if not, 2 if there is nothing to show.");
-    show.add_option("FILE", arguments->file, "A rig: BVH, glTF, GLB, FBX, COLLADA, ...")
-        ->required();
+    addRig(show, arguments->file);
     show.add_option("PATH", arguments->path,
-                    "Show this part only: names[3], or [2].names in an array (default: all)");
+                    "Show this part only: names[3], or [2].names in an array (default: all)")
+        ->option_text(" ");
     show.add_option("--port", arguments->port, "The type whose port it is")
         ->option_text("TYPE")
         ->required();
-    show.add_option("--frame", arguments->frame, "Take this frame, counted from 0 (default: 0)")
-        ->option_text("N");
+    addFrame(show, arguments->frame);
+    addRigOptions(show, arguments->load);
     show.add_flag("--json", arguments->json, "Print one JSON object instead of the tree");
+    addQuiet(show, arguments->quiet);
     addPlugin(show, arguments->plugin);
     addTypes(show, arguments->types);
     addLimits(show, arguments->limits);

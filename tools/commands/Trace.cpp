@@ -5,8 +5,10 @@
 #include "tools/commands/CommonOptions.h"
 #include "tools/commands/OneFrame.h"
 #include "tools/inspect/TypedNode.h"
+#include "tools/node/WatchedTranslation.h"
 #include "tools/report/TraceReport.h"
 
+#include <limits>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -15,8 +17,12 @@
 namespace Tolvane::Tools {
 namespace {
 
+// Each element is some calls, and each call is kept.
+constexpr std::uint64_t kMostElements = 1'000'000;
+
 struct TraceArguments {
-    std::optional<std::string> file;
+    std::string file;
+    LoadOptions load;
     std::optional<std::string> generated;
     std::optional<std::string> port;
     std::size_t frame = 0;
@@ -24,33 +30,38 @@ struct TraceArguments {
     std::uint64_t seed = Content().seed;
     std::string direction = "both";
     std::optional<std::size_t> fail;
-    std::string format = "text";
+    std::optional<std::string> format;
     bool json = false;
+    bool quiet = false;
     std::string plugin;
     std::optional<std::string> types;
     Limits limits;
 };
 
-void refuseContradictions(const TraceArguments& arguments) {
-    if (arguments.file.has_value() == arguments.generated.has_value())
-        throw Error(Stage::Usage, "", "trace: needs a FILE, or --generated and a type");
-    if (arguments.generated && arguments.port)
-        throw Error(Stage::Usage, "", "--port is for the data of a rig; --generated names a type");
-}
-
 std::string textOf(const TraceReport& report, const TraceArguments& arguments) {
     std::ostringstream text;
-    if (arguments.json || arguments.format == "json")
+    if (arguments.format == "json")
         printTraceAsJson(text, report);
     else if (arguments.format == "trace-event")
         printTraceEvents(text, report);
-    else
+    else if (!arguments.quiet)
         printTrace(text, report);
+    // What was made to fail may.
+    if (arguments.format == "text" && !arguments.fail) text << verdictOf(report);
     return text.str();
 }
 
-bool carryOut(const TraceArguments& arguments) {
-    refuseContradictions(arguments);
+// What `format` is to be where it is not given.
+void settleFormat(TraceArguments& arguments) {
+    const std::string otherwise = arguments.json ? "json" : "text";
+    if (arguments.json && arguments.format.value_or(otherwise) != otherwise)
+        throw Error(Stage::Usage, "",
+                    "--json and --format " + *arguments.format + " exclude each other");
+    if (!arguments.format) arguments.format = otherwise;
+}
+
+bool carryOut(TraceArguments& arguments) {
+    settleFormat(arguments);
     const Pelmor::Library types = typesOf(arguments.types);
     const auto& only = arguments.generated ? arguments.generated : arguments.port;
     std::vector<Pelmor::Type> wanted;
@@ -58,10 +69,10 @@ bool carryOut(const TraceArguments& arguments) {
 
     TraceReport report{arguments.plugin, "", {}};
     FillPort fill;
-    if (arguments.file) {
+    if (!arguments.generated) {
         const auto rig = std::make_shared<Rig>(
-            readRigWithFrame(*arguments.file, arguments.frame, arguments.limits));
-        report.data = *arguments.file + ", frame " + std::to_string(arguments.frame);
+            readRigWithFrame(arguments.file, arguments.load, arguments.frame, arguments.limits));
+        report.data = arguments.file + ", frame " + std::to_string(arguments.frame);
         fill = [rig, frame = arguments.frame](const DataPlace& port) {
             fillFromRig(port, *rig, frame);
         };
@@ -73,13 +84,16 @@ bool carryOut(const TraceArguments& arguments) {
         fill = [content](const DataPlace& port) { Tools::fill(port, content); };
     }
 
-    const TraceOptions options{arguments.direction != "out", arguments.direction != "in",
-                               arguments.fail};
-    return askLibrary(arguments.plugin, arguments.limits, [&](const auto& translation, ChildSide&) {
-        const auto all = only ? wanted : carriedTypes(translation, types);
-        report.translations = traceEvaluation(translation, all, fill, options);
-        // What was made to fail may.
-        return LibraryAnswer{arguments.fail || report.ok(), textOf(report, arguments)};
+    TraceOptions options{arguments.direction != "out", arguments.direction != "in", arguments.fail};
+    if (!arguments.generated) options.frame = arguments.frame;
+    return askLibrary(arguments.plugin, arguments.limits, [&](auto& translation, ChildSide& self) {
+        const WatchedTranslation watched(translation, self);
+        const auto all = only ? wanted : carriedTypes(watched, types);
+        report.translations =
+            traceEvaluation({arguments.plugin, translation, self}, all, fill, options);
+        self.enter(Stage::Reporting);
+        return LibraryAnswer{arguments.fail || report.ok(), textOf(report, arguments),
+                             arguments.format != "text"};
     });
 }
 
@@ -91,37 +105,41 @@ Command addTrace(CLI::App& app) {
         "trace",
         "Lists every host call of one evaluation, with what it gave and what it took.\n"
         "Exit status: 0 if every value was carried, 1 if not, 2 if nothing can be traced.");
-    trace.add_option("FILE", arguments->file, "A rig: BVH, glTF, GLB, FBX, COLLADA, ...");
-    trace
-        .add_option("--generated", arguments->generated,
-                    "Trace a port of this type with generated data instead of a rig's")
-        ->option_text("TYPE");
-    trace
-        .add_option("--elements", arguments->elements,
-                    "Generate so many elements in each array (default: 3)")
-        ->option_text("N");
-    trace.add_option("--seed", arguments->seed, "Generate other data (default: 1)")
-        ->option_text("N");
-    trace
-        .add_option("--port", arguments->port,
-                    "Trace a port of this type (default: of all that the library names)")
-        ->option_text("TYPE");
-    trace.add_option("--frame", arguments->frame, "Take this frame, counted from 0 (default: 0)")
-        ->option_text("N");
+    CLI::Option* const file = addRig(trace, arguments->file);
+    // A text of its own keeps the help from saying what an option excludes.
+    CLI::Option* const generated =
+        trace
+            .add_option("--generated", arguments->generated,
+                        "Trace a port of this type with generated data instead of a rig's")
+            ->option_text("TYPE");
+    addNumber(trace, "--elements", WholeRange{0, kMostElements}, into(arguments->elements),
+              "Generate so many elements in each array (default: 3)")
+        ->needs(generated);
+    addNumber(trace, "--seed", WholeRange{0, std::numeric_limits<std::uint64_t>::max()},
+              into(arguments->seed), "Generate other data (default: 1)")
+        ->needs(generated);
+    CLI::Option* const port =
+        trace
+            .add_option("--port", arguments->port,
+                        "Trace a port of this type (default: of all that the library names)")
+            ->option_text("TYPE");
+    CLI::Option* const frame = addFrame(trace, arguments->frame);
+    addRigOptions(trace, arguments->load);
+    generated->excludes(file, port, frame, "--fps", "--animation", "--root");
     trace
         .add_option("--direction", arguments->direction,
                     "Trace values on their way into the graph, out of it, or both (default)")
         ->option_text("in|out|both")
         ->check(CLI::IsMember({"in", "out", "both"}));
-    trace.add_option("--fail", arguments->fail, "Make call N fail, and show what follows")
-        ->option_text("N")
-        ->check(CLI::PositiveNumber);
+    addNumber(trace, "--fail", WholeRange{1, kMostCounted}, into(arguments->fail),
+              "Make call N fail, and show what follows");
     trace
         .add_option("--format", arguments->format,
                     "text (default), json, or trace-event for viewers of timelines")
         ->option_text("FORMAT")
         ->check(CLI::IsMember({"text", "json", "trace-event"}));
     trace.add_flag("--json", arguments->json, "The same as --format json");
+    addQuiet(trace, arguments->quiet);
     addPlugin(trace, arguments->plugin);
     addTypes(trace, arguments->types);
     addLimits(trace, arguments->limits);

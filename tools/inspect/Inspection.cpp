@@ -3,6 +3,7 @@
 #include "tools/inspect/TypedNode.h"
 
 #include <algorithm>
+#include <set>
 
 namespace Tolvane::Tools {
 namespace {
@@ -32,10 +33,11 @@ void addPorts(TypeInspection& inspection, const TavrikGraph::Executor::TypeTrans
 
 }  // namespace
 
-bool Inspection::ok() const {
-    return std::all_of(types.begin(), types.end(), [](const TypeInspection& type) {
-        return !type.isNamed || !type.isKnown || (type.input && type.output);
-    });
+std::size_t Inspection::failed() const {
+    return static_cast<std::size_t>(
+        std::count_if(types.begin(), types.end(), [](const TypeInspection& type) {
+            return type.timesNamed > 0 && type.isKnown && !(type.input && type.output);
+        }));
 }
 
 std::vector<TypeInspection> inspectTypes(const TavrikGraph::Executor::TypeTranslation& translation,
@@ -44,10 +46,12 @@ std::vector<TypeInspection> inspectTypes(const TavrikGraph::Executor::TypeTransl
     const std::vector<std::string> named = namesOf(translation);
     for (const std::string& name : types) typeNamed(name, library);
     std::vector<TypeInspection> inspections;
+    std::set<std::string> seen;
     for (const std::string& name : types.empty() ? named : types) {
+        if (!seen.insert(name).second) continue;
         const auto type = library.findType(name.c_str());
-        const bool isNamed = std::find(named.begin(), named.end(), name) != named.end();
-        TypeInspection inspection{name, isNamed, type.has_value()};
+        const auto times = std::count(named.begin(), named.end(), name);
+        TypeInspection inspection{name, static_cast<std::size_t>(times), type.has_value()};
         if (type) addPorts(inspection, translation, *type);
         inspections.push_back(std::move(inspection));
     }

@@ -6,6 +6,7 @@
 #include <Pelmor/Library.h>
 #include <TavrikGraph/Executor/TypeTranslation.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,9 +15,9 @@ namespace Tolvane::Tools {
 
 struct TypeInspection {
     std::string name;
-    // Whether the library names it, and the graph knows it. Of a type that the graph does not know
-    // there is nothing more.
-    bool isNamed;
+    // How many times the library names it, and whether the graph knows it. Of a type that the graph
+    // does not know there is nothing more.
+    std::size_t timesNamed;
     bool isKnown;
     // The attributes that ports get; nothing where they get none.
     std::optional<AttributeTree> input = {};
@@ -33,10 +34,13 @@ struct Inspection {
     std::vector<TypeInspection> types;
 
     // Whether each type that the library names gets its ports, as far as the graph knows it.
-    bool ok() const;
+    bool ok() const { return failed() == 0; }
+    // How many do not.
+    std::size_t failed() const;
 };
 
-// Of these types or, if there are none, of all that the library names, in its order. Throws Error
+// Of these types or, if there are none, of all that the library names, in its order, each once.
+// Throws Error
 // if the graph does not know one of `types`.
 std::vector<TypeInspection> inspectTypes(const TavrikGraph::Executor::TypeTranslation& translation,
                                          const Pelmor::Library& library,

@@ -1,8 +1,8 @@
 #include "tools/inspect/Trace.h"
 
 #include "tools/inspect/TypedNode.h"
+#include "tools/node/WatchedTranslation.h"
 #include "tools/support/Error.h"
-#include "tools/support/OneLine.h"
 
 #include <OpenVornik/VErrorListener.h>
 
@@ -19,7 +19,6 @@
 namespace Tolvane::Tools {
 namespace {
 
-using TavrikGraph::Executor::TypeTranslation;
 using Clock = std::chrono::steady_clock;
 using Trace = std::vector<TracedTranslation>;
 using Nodes = std::vector<std::unique_ptr<TypedNode>>;
@@ -33,33 +32,45 @@ std::chrono::nanoseconds median(Durations durations) {
     return *middle;
 }
 
-// A node of each type, with data in its input.
-Nodes nodesOf(const TypeTranslation& translation, const std::vector<Pelmor::Type>& types,
+// A node of each type, with data in its input. Values are carried by the library alone, for
+// whoever watched would be in the times, and in the calls.
+Nodes nodesOf(const TracedLibrary& library, const std::vector<Pelmor::Type>& types,
               const FillPort& fill) {
+    const WatchedTranslation watched(library.translation, library.process);
     Nodes nodes;
     for (const Pelmor::Type& type : types) {
-        nodes.push_back(std::make_unique<TypedNode>(translation, type));
-        TypedNode& node = *nodes.back();
-        if (!node.hasBothPorts())
-            throw Error(
-                Stage::Ports, "",
-                "ports of " + oneLine(type.getFullyQualifiedName().c_str()) + " get no attribute");
-        fill(node.inputPlace());
+        nodes.push_back(std::make_unique<TypedNode>(watched, library.translation, type));
+        nodes.back()->requirePorts(library.path);
+        library.process.enter(Stage::Usage);
+        fill(nodes.back()->inputPlace());
     }
     return nodes;
 }
 
-// Calls `carry(node, isInput, carry it out)` for each value of an evaluation, in order.
+void noteEvaluation(ChildSide& process, const TraceOptions& options, bool isInput) {
+    process.enter(Stage::Evaluating);
+    if (options.frame) process.atFrame(*options.frame);
+    process.atPort(isInput ? "in" : "out");
+}
+
+// Calls `carry(node, isInput, carry it out)` for each value of an evaluation, in order, and has
+// the library's process note which it is.
 template <typename Carry>
-void evaluate(const Nodes& nodes, const Carry& carry) {
+void evaluate(const Nodes& nodes, ChildSide& process, const TraceOptions& options,
+              const Carry& carry) {
+    const auto carryNoted = [&](std::size_t i, bool isInput, const auto& work) {
+        noteEvaluation(process, options, isInput);
+        carry(i, isInput, work);
+        process.noticePrints();
+    };
     std::vector<Pelmor::AnyValue> values(nodes.size());
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        carry(i, true, [&] {
+        carryNoted(i, true, [&] {
             const bool wasRead = nodes[i]->read(values[i]);
             return std::pair(wasRead, values[i].hasValue());
         });
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        carry(i, false, [&] {
+        carryNoted(i, false, [&] {
             const bool hasValue = values[i].hasValue();
             return std::pair(nodes[i]->write(values[i]), hasValue);
         });
@@ -81,23 +92,29 @@ std::string withoutNode(const char* text) {
 
 class Tracer : public OpenVornik::Testing::CallObserver {
 public:
-    // The call of this number fails, counted from 1.
-    Tracer(std::vector<TracedCall>& calls, std::optional<std::size_t> fails)
-        : m_calls(calls), m_fails(fails) {}
+    // The call of this number fails, counted from 1. `note` says what the library is at.
+    Tracer(std::vector<TracedCall>& calls, std::optional<std::size_t> fails, ChildSide& process,
+           const std::function<void()>& note)
+        : m_calls(calls), m_fails(fails), m_process(process), m_note(note) {}
 
 private:
     VStatus::Code called(const OpenVornik::Testing::Call& told) override {
+        // What the list takes is not the library's.
+        m_process.enter(Stage::Usage);
         ObservedCall call{std::string(told.operation), withoutNode(told.subject.asChar()),
                           told.index, withoutNode(told.argument.asChar())};
         // What is made of nothing belongs to what came before.
         if (!call.subject.empty() && call.subject != "node") m_depth = depthOf(call.subject);
         TracedCall& traced = m_calls.emplace_back(TracedCall{std::move(call), m_depth});
         traced.wasMadeToFail = m_calls.size() == m_fails;
+        m_note();
         return traced.wasMadeToFail ? VStatus::kFailure : VStatus::kSuccess;
     }
 
     std::vector<TracedCall>& m_calls;
     std::optional<std::size_t> m_fails;
+    ChildSide& m_process;
+    const std::function<void()>& m_note;
     std::size_t m_depth = 0;
 };
 
@@ -105,7 +122,8 @@ private:
 
 class Tracer {
 public:
-    Tracer(std::vector<TracedCall>&, std::optional<std::size_t>) {
+    Tracer(std::vector<TracedCall>&, std::optional<std::size_t>, ChildSide&,
+           const std::function<void()>&) {
         throw Error("the host that this program was built with does not let its calls be watched");
     }
 };
@@ -132,13 +150,13 @@ void addAnswers(TracedTranslation& traced, const VObject& twin) {
     }
 }
 
-Trace traceOnce(const TypeTranslation& translation, const std::vector<Pelmor::Type>& types,
+Trace traceOnce(const TracedLibrary& library, const std::vector<Pelmor::Type>& types,
                 const FillPort& fill, const TraceOptions& options) {
-    const Nodes nodes = nodesOf(translation, types, fill);
-    const Nodes twins = nodesOf(translation, types, fill);
+    const Nodes nodes = nodesOf(library, types, fill);
+    const Nodes twins = nodesOf(library, types, fill);
     Trace trace;
     std::size_t before = 0;
-    evaluate(nodes, [&](std::size_t i, bool isInput, const auto& carry) {
+    evaluate(nodes, library.process, options, [&](std::size_t i, bool isInput, const auto& carry) {
         if (!(isInput ? options.in : options.out)) {
             carry();
             return;
@@ -151,9 +169,14 @@ Trace traceOnce(const TypeTranslation& translation, const std::vector<Pelmor::Ty
         const VErrorListener listener(
             [&](const VString& message) { traced.messages.emplace_back(message.asChar()); });
         {
-            const Tracer tracer(traced.calls, fails);
+            const std::function<void()> note = [&] {
+                noteEvaluation(library.process, options, isInput);
+            };
+            const Tracer tracer(traced.calls, fails, library.process, note);
             std::tie(traced.wasTranslated, traced.hasValue) = carry();
         }
+        library.process.noticePrints();
+        library.process.enter(Stage::Usage);
         addAnswers(traced, twins[i]->hostNode());
         before += traced.calls.size();
     });
@@ -161,13 +184,13 @@ Trace traceOnce(const TypeTranslation& translation, const std::vector<Pelmor::Ty
 }
 
 // In the order of the trace.
-Durations durationsOnce(const TypeTranslation& translation, const std::vector<Pelmor::Type>& types,
+Durations durationsOnce(const TracedLibrary& library, const std::vector<Pelmor::Type>& types,
                         const FillPort& fill, const TraceOptions& options) {
-    const Nodes nodes = nodesOf(translation, types, fill);
+    const Nodes nodes = nodesOf(library, types, fill);
     // Whoever reads the trace has seen the messages.
     const VErrorListener listener([](const VString&) {});
     Durations durations;
-    evaluate(nodes, [&](std::size_t, bool isInput, const auto& carry) {
+    evaluate(nodes, library.process, options, [&](std::size_t, bool isInput, const auto& carry) {
         const Clock::time_point begin = Clock::now();
         carry();
         const Clock::duration duration = Clock::now() - begin;
@@ -211,12 +234,12 @@ std::optional<std::chrono::nanoseconds> TracedTranslation::durationOutside() con
     return std::max(*duration - durationOfCalls(), std::chrono::nanoseconds::zero());
 }
 
-std::vector<TracedTranslation> traceEvaluation(const TypeTranslation& translation,
+std::vector<TracedTranslation> traceEvaluation(const TracedLibrary& library,
                                                const std::vector<Pelmor::Type>& types,
                                                const FillPort& fill, const TraceOptions& options) {
     // What a library does but once is done in the first.
-    durationsOnce(translation, types, fill, options);
-    Trace trace = traceOnce(translation, types, fill, options);
+    durationsOnce(library, types, fill, options);
+    Trace trace = traceOnce(library, types, fill, options);
     if (options.fail && *options.fail > callsOf(trace))
         throw Error(Stage::Usage, "",
                     "--fail " + std::to_string(*options.fail) + ": there are only " +
@@ -224,10 +247,10 @@ std::vector<TracedTranslation> traceEvaluation(const TypeTranslation& translatio
     std::vector<Trace> others;
     std::vector<Durations> durations(trace.size());
     for (std::size_t time = 0; time < kTimes; ++time) {
-        Trace other = traceOnce(translation, types, fill, options);
+        Trace other = traceOnce(library, types, fill, options);
         if (haveSameCalls(trace, other)) others.push_back(std::move(other));
         if (options.fail) continue;
-        const Durations once = durationsOnce(translation, types, fill, options);
+        const Durations once = durationsOnce(library, types, fill, options);
         for (std::size_t i = 0; i < trace.size(); ++i) durations[i].push_back(once[i]);
     }
     takeMedians(trace, others);

@@ -3,6 +3,7 @@
 
 #include "tools/inspect/HostMirror.h"
 #include "tools/node/DataShape.h"
+#include "tools/process/ChildSide.h"
 
 #include <Pelmor/Type.h>
 #include <TavrikGraph/Executor/TypeTranslation.h>
@@ -49,17 +50,27 @@ struct TraceOptions {
     bool out = true;
     // The call that is made to fail, counted from 1 over the whole trace.
     std::optional<std::size_t> fail = {};
+    // That of the rig which the data are of.
+    std::optional<std::size_t> frame = {};
 };
 
 // Puts data into the attribute of an input port.
 using FillPort = std::function<void(const DataPlace& port)>;
 
+// Whose calls are traced: a library in the process that it runs in, which notes what the library is
+// at, but not within the times that are taken.
+struct TracedLibrary {
+    std::string path;
+    TavrikGraph::Executor::TypeTranslation& translation;
+    ChildSide& process;
+};
+
 // First the values of all types are read, then all are written. Times are the median of several
 // evaluations, each on new nodes. Throws Error if the host's calls cannot be watched, if a type
 // gets no ports, and if there is no call that could fail.
-std::vector<TracedTranslation> traceEvaluation(
-    const TavrikGraph::Executor::TypeTranslation& translation,
-    const std::vector<Pelmor::Type>& types, const FillPort& fill, const TraceOptions& options);
+std::vector<TracedTranslation> traceEvaluation(const TracedLibrary& library,
+                                               const std::vector<Pelmor::Type>& types,
+                                               const FillPort& fill, const TraceOptions& options);
 
 // All of them together.
 std::size_t callsOf(const std::vector<TracedTranslation>& trace);

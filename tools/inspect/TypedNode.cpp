@@ -14,30 +14,43 @@ namespace Tolvane::Tools {
 using namespace TavrikGraph::Executor;
 
 TypedNode::TypedNode(const TypeTranslation& translation, const Pelmor::Type& type)
-    : m_translation(translation),
+    : TypedNode(translation, translation, type) {}
+
+TypedNode::TypedNode(const TypeTranslation& ports, const TypeTranslation& values,
+                     const Pelmor::Type& type)
+    : m_values(values),
       m_type(type),
       m_node(VFnDependencyNode().create("node")),
       m_data(VFnDependencyNode(m_node).dataBlock()),
-      m_input(addPort("in", PortDirection::Input)),
-      m_output(addPort("out", PortDirection::Output)) {}
+      m_input(addPort(ports, "in", PortDirection::Input)),
+      m_output(addPort(ports, "out", PortDirection::Output)) {}
+
+void TypedNode::requirePorts(const std::string& library) const {
+    if (m_input.shape && m_output.shape) return;
+    throw Error(Stage::Ports, library,
+                library + ": ports of " + oneLine(m_type.getFullyQualifiedName().c_str()) +
+                    " get no attribute",
+                1);
+}
 
 bool TypedNode::read(Pelmor::AnyValue& value) {
     const HostContext context{this, &m_input.shape->plug, &m_data};
-    return m_translation.translateFromHost(m_type, value, context);
+    return m_values.translateFromHost(m_type, value, context);
 }
 
 bool TypedNode::write(const Pelmor::AnyValue& value) {
     const HostContext context{this, &m_output.shape->plug, &m_data};
-    return m_translation.translateToHost(value, context);
+    return m_values.translateToHost(value, context);
 }
 
-TypedNode::Port TypedNode::addPort(const char* name, PortDirection direction) {
+TypedNode::Port TypedNode::addPort(const TypeTranslation& translation, const char* name,
+                                   PortDirection direction) {
     Port port;
     const VErrorListener listener(
         [&](const VString& message) { port.messages.emplace_back(message.asChar()); });
     VDGModifier modifier;
     NodeEditContext context{this, m_node, nullptr, &modifier};
-    if (!m_translation.portAdded(name, direction, m_type, 0, 0, &context)) return port;
+    if (!translation.portAdded(name, direction, m_type, 0, 0, &context)) return port;
     const VPlug plug = VFnDependencyNode(m_node).findPlug(name);
     if (!plug.isNull()) port.shape = shapeOf(plug);
     return port;

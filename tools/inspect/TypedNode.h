@@ -26,6 +26,10 @@ public:
 
     // `translation` must outlive the node.
     TypedNode(const TavrikGraph::Executor::TypeTranslation& translation, const Pelmor::Type& type);
+    // Gets its ports from `ports` and its values carried by `values`: the same translation, of
+    // which the one may be watched and the other not.
+    TypedNode(const TavrikGraph::Executor::TypeTranslation& ports,
+              const TavrikGraph::Executor::TypeTranslation& values, const Pelmor::Type& type);
 
     const Pelmor::Type& type() const noexcept { return m_type; }
     const VObject& hostNode() const noexcept { return m_node; }
@@ -33,7 +37,8 @@ public:
     // They are called "in" and "out".
     const Port& input() const noexcept { return m_input; }
     const Port& output() const noexcept { return m_output; }
-    bool hasBothPorts() const noexcept { return m_input.shape && m_output.shape; }
+    // Throws Error, which names the library, unless both have an attribute.
+    void requirePorts(const std::string& library) const;
 
     // The data of a port that has an attribute.
     DataPlace inputPlace() { return place(*m_input.shape); }
@@ -44,10 +49,11 @@ public:
     bool write(const Pelmor::AnyValue& value);
 
 private:
-    Port addPort(const char* name, TavrikGraph::Executor::PortDirection direction);
+    Port addPort(const TavrikGraph::Executor::TypeTranslation& translation, const char* name,
+                 TavrikGraph::Executor::PortDirection direction);
     DataPlace place(const DataShape& shape) { return {shape, m_data.outputValue(shape.plug)}; }
 
-    const TavrikGraph::Executor::TypeTranslation& m_translation;
+    const TavrikGraph::Executor::TypeTranslation& m_values;
     Pelmor::Type m_type;
     VObject m_node;
     VDataBlock m_data;

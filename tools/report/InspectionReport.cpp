@@ -82,7 +82,10 @@ const TypeInspection* elementOf(const TypeInspection& array, const Inspection& i
 }
 
 void printType(std::ostream& out, const TypeInspection& type, const Inspection& inspection) {
-    out << "\n" << oneLine(type.name) << (type.isNamed ? "" : ", which the library does not name");
+    out << "\n" << oneLine(type.name);
+    if (type.timesNamed == 0) out << ", which the library does not name";
+    if (type.timesNamed > 1)
+        out << ", named " << (type.timesNamed == 2 ? "twice" : grouped(type.timesNamed) + " times");
     if (!type.isKnown) {
         out << "\n  The graph does not know it (see --types).\n";
         return;
@@ -142,13 +145,21 @@ void printInspection(std::ostream& out, const Inspection& inspection) {
                0)
         << "\n";
     for (const TypeInspection& type : inspection.types) printType(out, type, inspection);
+    if (!inspection.ok()) out << "\n" << verdictOf(inspection);
+}
+
+std::string verdictOf(const Inspection& inspection) {
+    if (inspection.ok()) return {};
+    return "FAILED: ports of " + counted(inspection.failed(), "type", "types") +
+           " get no attribute.\n";
 }
 
 void printInspectionAsJson(std::ostream& out, const Inspection& inspection) {
     Json types = Json::array();
     for (const TypeInspection& type : inspection.types)
         types.push_back({{"name", type.name},
-                         {"named", type.isNamed},
+                         {"named", type.timesNamed > 0},
+                         {"timesNamed", type.timesNamed},
                          {"known", type.isKnown},
                          {"input", jsonOf(type.input)},
                          {"output", jsonOf(type.output)},

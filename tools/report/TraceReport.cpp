@@ -186,9 +186,10 @@ void addEvents(Json& events, const TracedTranslation& translation, double& time,
 
 }  // namespace
 
-bool TraceReport::ok() const {
-    return std::all_of(translations.begin(), translations.end(),
-                       [](const TracedTranslation& each) { return each.wasTranslated; });
+std::size_t TraceReport::failed() const {
+    return static_cast<std::size_t>(
+        std::count_if(translations.begin(), translations.end(),
+                      [](const TracedTranslation& each) { return !each.wasTranslated; }));
 }
 
 void printTrace(std::ostream& out, const TraceReport& report) {
@@ -214,6 +215,11 @@ void printTrace(std::ostream& out, const TraceReport& report) {
                " take a little longer than among others.",
                0)
         << "\n";
+}
+
+std::string verdictOf(const TraceReport& report) {
+    if (report.ok()) return {};
+    return "FAILED: " + counted(report.failed(), "value was", "values were") + " not carried.\n";
 }
 
 void printTraceAsJson(std::ostream& out, const TraceReport& report) {

@@ -4,6 +4,7 @@
 
 #include "tools/inspect/Trace.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -17,11 +18,15 @@ struct TraceReport {
     std::vector<TracedTranslation> translations;
 
     // Whether each value was translated.
-    bool ok() const;
+    bool ok() const { return failed() == 0; }
+    // How many were not.
+    std::size_t failed() const;
 };
 
 void printTrace(std::ostream& out, const TraceReport& report);
 void printTraceAsJson(std::ostream& out, const TraceReport& report);
+// A line that says what failed; empty if nothing did.
+std::string verdictOf(const TraceReport& report);
 // Calls lie as far apart as they do on average, for it is known how long each takes, but of what is
 // between them only the sum.
 void printTraceEvents(std::ostream& out, const TraceReport& report);

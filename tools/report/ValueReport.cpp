@@ -169,8 +169,13 @@ void printValues(std::ostream& out, const ValueReport& report, const FoundData& 
     Tree(out).print(found, report.path.empty() ? "port" : report.path, 0);
     for (const std::string& message : report.messages)
         out << "\n" << wrapped("The host displayed: " + oneLine(message), 0) << "\n";
-    if (!report.wasRead) out << "\nFAILED: the value was not read.\n";
-    if (!report.wasWritten) out << "\nFAILED: the value was not written.\n";
+    if (!report.ok()) out << "\n" << verdictOf(report);
+}
+
+std::string verdictOf(const ValueReport& report) {
+    if (report.ok()) return {};
+    return std::string("FAILED: the value was not ") + (report.wasRead ? "written" : "read") +
+           ".\n";
 }
 
 void printValuesAsJson(std::ostream& out, const ValueReport& report, const FoundData& found) {

@@ -28,5 +28,7 @@ struct ValueReport {
 
 void printValues(std::ostream& out, const ValueReport& report, const FoundData& found);
 void printValuesAsJson(std::ostream& out, const ValueReport& report, const FoundData& found);
+// A line that says what failed; empty if nothing did.
+std::string verdictOf(const ValueReport& report);
 
 }  // namespace Tolvane::Tools

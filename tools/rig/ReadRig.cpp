@@ -29,9 +29,10 @@ Rig readRig(const std::string& path, const LoadOptions& options, const Limits& l
         path, limits, [&] { return messageOf(loadRig(path, options)); }, &rigOf, watch);
 }
 
-RigInfo readInfo(const std::string& path, const Limits& limits) {
+RigInfo readInfo(const std::string& path, const std::optional<std::string>& root,
+                 const Limits& limits) {
     return readThing(
-        path, limits, [&] { return messageOf(loadInfo(path)); }, &infoOf);
+        path, limits, [&] { return messageOf(loadInfo(path, root)); }, &infoOf);
 }
 
 std::string inReadingProcess(const std::string& path, const Limits& limits,

@@ -17,7 +17,8 @@ namespace Tolvane::Tools {
 // As `loadRig` and `loadInfo`. Each takes some milliseconds more.
 Rig readRig(const std::string& path, const LoadOptions& options, const Limits& limits,
             const Watch& watch = {});
-RigInfo readInfo(const std::string& path, const Limits& limits);
+RigInfo readInfo(const std::string& path, const std::optional<std::string>& root,
+                 const Limits& limits);
 
 // Calls `read`, which reads `path`, in that process, and returns what it returns. What it prints is
 // dropped. Throws Error, with a line that names the file and the cause, and Interrupted.

@@ -47,11 +47,11 @@ void addAnimations(RigInfo& info, const aiScene& scene, const Skeleton& skeleton
 
 }  // namespace
 
-RigInfo loadInfo(const std::string& path) {
+RigInfo loadInfo(const std::string& path, const std::optional<std::string>& root) {
     Assimp::Importer importer;
     std::vector<std::string> filesRead;
     const aiScene& scene = importScene(importer, path, filesRead);
-    const Skeleton skeleton = skeletonOf(scene, path, std::nullopt);
+    const Skeleton skeleton = skeletonOf(scene, path, root);
     RigInfo info;
     info.file = path;
     info.hasSkeleton = skeleton.isFound;

@@ -40,7 +40,7 @@ struct RigInfo {
     std::vector<AnimationInfo> animations = {};
 };
 
-// Throws Error, with a line that names the file and the cause.
-RigInfo loadInfo(const std::string& path);
+// `root` is as in LoadOptions. Throws Error, with a line that names the file and the cause.
+RigInfo loadInfo(const std::string& path, const std::optional<std::string>& root = {});
 
 }  // namespace Tolvane::Tools

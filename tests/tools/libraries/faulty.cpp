@@ -23,6 +23,7 @@ public:
 
     void getSupportedTypeNames(Pelmor::Array<Pelmor::String>& names) const noexcept override {
         plugin().getSupportedTypeNames(names);
+        if (hasFault("names a type twice")) names.append("Rigging::Module::Pins");
         if (hasFault("names a type later") && m_hasWritten) names.append("Late::Type");
     }
 
@@ -59,6 +60,7 @@ public:
     bool portAdded(const Pelmor::String& name, PortDirection direction, const Pelmor::Type& type,
                    std::uint32_t index, std::uint32_t flags,
                    NodeEditContext* context) const noexcept override {
+        if (hasFault("adds no port anywhere")) return false;
         if (hasFault("adds no port") && name == kFaultyOutput.data()) return false;
         return plugin().portAdded(name, direction, type, index, flags, context);
     }

@@ -52,7 +52,8 @@ void failAt(const char* stage) {
         fail(fault.substr(0, blank));
 }
 
-// Fails where a host node's second frame is evaluated.
+// Fails where a host node's second frame is evaluated, and where nodes have ports that are called
+// "in" and "out", in the first.
 class MisbehavingTranslation : public TypeTranslation {
 public:
     MisbehavingTranslation() : TypeTranslation("Misbehaving") {}
@@ -69,20 +70,22 @@ public:
 
     bool translateFromHost(const Pelmor::Type& type, Pelmor::AnyValue& value,
                            const HostContext& context) const noexcept override {
-        if (isPort(context, "inPins") && m_reads++ == 1) failAt("reading");
+        if (isPort(context, "in") || (isPort(context, "inPins") && m_reads++ == 1))
+            failAt("reading");
         return plugin().translateFromHost(type, value, context);
     }
 
     bool translateToHost(const Pelmor::AnyValue& value,
                          const HostContext& context) const noexcept override {
-        if (isPort(context, "outPins") && m_writes++ == 1) failAt("writing");
+        if (isPort(context, "out") || (isPort(context, "outPins") && m_writes++ == 1))
+            failAt("writing");
         return plugin().translateToHost(value, context);
     }
 
     bool portAdded(const Pelmor::String& name, PortDirection direction, const Pelmor::Type& type,
                    std::uint32_t index, std::uint32_t flags,
                    NodeEditContext* context) const noexcept override {
-        if (name == "outPins") failAt("ports");
+        if (name == "outPins" || name == "out") failAt("ports");
         return plugin().portAdded(name, direction, type, index, flags, context);
     }
 
