@@ -389,6 +389,8 @@ TEST_F(TolvaneCommands, RefuseNumbersInWords) {
     };
     for (const Number& number : std::vector<Number>{
              {"run", "--jobs", {"0", "-1", "10001", "many", "2x"}, "whole number from 1 to 10,000"},
+             {"check", "--jobs", {"0", "-1"}, "whole number from 1 to 10,000"},
+             {"check", "--seed", {"-1"}, "whole number from 0 to 18,446,744,073,709,551,615"},
              {"run",
               "--fps",
               {"0", "-5", "nan", "inf", "fast", "5x"},

@@ -1,6 +1,7 @@
 #include "tools/commands/Check.h"
 
 #include "tools/check/CheckLibrary.h"
+#include "tools/commands/CommonOptions.h"
 #include "tools/node/LibraryFile.h"
 #include "tools/process/Interruption.h"
 #include "tools/report/CheckReport.h"
@@ -22,7 +23,7 @@ struct CheckArguments {
     std::optional<std::string> types;
     std::string only;
     std::uint64_t seed = 1;
-    std::size_t jobs = 2;
+    std::optional<unsigned> jobs;
     bool json = false;
     bool list = false;
     bool failed = false;
@@ -74,7 +75,7 @@ bool checkAsAsked(const CheckArguments& arguments) {
     std::vector<CaseResult> results;
     std::optional<ProgressBar> progress(std::in_place);
     checkLibrary(
-        setting, cases, arguments.jobs, caseLimits(),
+        setting, cases, arguments.jobs.value_or(2), caseLimits(),
         [&](const CaseResult& result) {
             summary.count(result.finding.verdict);
             results.push_back(result);
@@ -112,12 +113,8 @@ Command addCheck(CLI::App& app) {
         ->option_text("FILE");
     check.add_option("--only", arguments->only, "Try only cases whose name matches this")
         ->option_text("REGEX");
-    check.add_option("--seed", arguments->seed, "Generate other data (default: 1)")
-        ->option_text("N");
-    check
-        .add_option("--jobs", arguments->jobs, "Try this many cases at the same time (default: 2)")
-        ->check(CLI::PositiveNumber)
-        ->option_text("N");
+    addSeed(check, arguments->seed);
+    addJobs(check, arguments->jobs, "Try N cases at once (default: 2)");
     check.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
     check.add_flag("--list", arguments->list, "Print each case, and why it matters");
     check.add_flag("--failed", arguments->failed, "Print only the cases that fail");

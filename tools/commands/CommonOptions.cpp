@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstddef>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 namespace Tolvane::Tools {
@@ -95,7 +96,9 @@ void addTypes(CLI::App& command, std::optional<std::string>& types) {
         ->option_text("FILE");
 }
 
-void addLimits(CLI::App& command, Limits& limits) {
+void addLimits(CLI::App& command, Limits& limits, const std::string& what) {
+    const std::string most = std::to_string(limits.processorTime);
+    const std::string silence = std::to_string(limits.silence);
     addNumber(
         command, "--memory-limit", NumberRange{0.001, 1e6},
         [&limits](double gibibytes) {
@@ -107,8 +110,21 @@ void addLimits(CLI::App& command, Limits& limits) {
         [&limits](std::uint64_t seconds) {
             limits.processorTime = limits.silence = static_cast<unsigned>(seconds);
         },
-        "Give up on a rig after N seconds of processor time, and on a library that makes no\n"
-        "progress for N seconds (default: 60)");
+        "Give up on " + what +
+            " after N seconds of processor time, and on a library that makes no\n"
+            "progress for N seconds (default: " +
+            most + (most == silence ? "" : " and " + silence) + ")");
+}
+
+void addJobs(CLI::App& command, std::optional<unsigned>& jobs, const std::string& doing) {
+    addNumber(
+        command, "--jobs", WholeRange{1, 10'000},
+        [&jobs](std::uint64_t number) { jobs = static_cast<unsigned>(number); }, doing);
+}
+
+CLI::Option* addSeed(CLI::App& command, std::uint64_t& seed) {
+    return addNumber(command, "--seed", WholeRange{0, std::numeric_limits<std::uint64_t>::max()},
+                     into(seed), "Generate other data (default: 1)");
 }
 
 void addVersion(CLI::App& command) {

@@ -29,7 +29,11 @@ CLI::Option* addFrame(CLI::App& command, std::size_t& frame);
 
 void addPlugin(CLI::App& command, std::string& plugin);
 void addTypes(CLI::App& command, std::optional<std::string>& types);
-void addLimits(CLI::App& command, Limits& limits);
+// `what` is what is given up after the time limit. The defaults are those that `limits` has.
+void addLimits(CLI::App& command, Limits& limits, const std::string& what = "a rig");
+// `doing` is what is done with as many as this.
+void addJobs(CLI::App& command, std::optional<unsigned>& jobs, const std::string& doing);
+CLI::Option* addSeed(CLI::App& command, std::uint64_t& seed);
 void addVersion(CLI::App& command);
 CLI::Option* addQuiet(CLI::App& command, bool& quiet);
 

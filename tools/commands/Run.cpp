@@ -49,8 +49,8 @@ Command addRun(CLI::App& app) {
            "Rigs (BVH, glTF, GLB, FBX, COLLADA, ...) and folders of rigs (default: the\n"
            "bundled walk). Of several, each gets a row or, with --json, an object in a line.")
         ->option_text("...");
-    addNumber(run, "--jobs", WholeRange{1, 10'000}, into(arguments->jobs),
-              "Run N of several rigs at once (default: one for each processor)");
+    addJobs(run, arguments->jobs,
+            "Run N of several rigs at once (default: one for each processor)");
     run.add_option("--frames", arguments->frames, "Run frames A to B only, counted from 0")
         ->option_text("A:B");
     addRigOptions(run, arguments->load);

@@ -4,7 +4,6 @@
 #include "tools/process/Limits.h"
 #include "tools/rig/LoadRig.h"
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,7 +14,7 @@ struct RunArguments {
     // Each is a rig or a folder of rigs. At least one.
     std::vector<std::string> files;
     // How many rigs are run at once. If set, a single one is treated like many too.
-    std::optional<std::size_t> jobs;
+    std::optional<unsigned> jobs;
     // The rig that a run is about.
     std::string file;
     std::string plugin;

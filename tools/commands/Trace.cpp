@@ -8,7 +8,6 @@
 #include "tools/node/WatchedTranslation.h"
 #include "tools/report/TraceReport.h"
 
-#include <limits>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -115,9 +114,7 @@ Command addTrace(CLI::App& app) {
     addNumber(trace, "--elements", WholeRange{0, kMostElements}, into(arguments->elements),
               "Generate so many elements in each array (default: 3)")
         ->needs(generated);
-    addNumber(trace, "--seed", WholeRange{0, std::numeric_limits<std::uint64_t>::max()},
-              into(arguments->seed), "Generate other data (default: 1)")
-        ->needs(generated);
+    addSeed(trace, arguments->seed)->needs(generated);
     CLI::Option* const port =
         trace
             .add_option("--port", arguments->port,
