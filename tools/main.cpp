@@ -8,6 +8,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+// What is loaded beside a translation library that was built with ThreadSanitizer mostly was not:
+// races that the sanitizer takes its own blindness for are none. Nobody asks unless its runtime was
+// loaded into this program.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the runtime chose the name.
+extern "C" __attribute__((visibility("default"))) const char* __tsan_default_options() {
+    return "ignore_noninstrumented_modules=1";
+}
+
 namespace {
 
 // Where a standard stream is closed, the next file to be opened would be taken for it.

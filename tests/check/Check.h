@@ -31,7 +31,13 @@ inline Verdicts check(const std::string& library, const std::vector<std::string>
     return verdicts;
 }
 
-inline std::string verdictOf(const Verdicts& verdicts, const std::string& name) {
-    const auto found = verdicts.find(name);
-    return found == verdicts.end() ? "not tried" : found->second["verdict"].get<std::string>();
+inline bool isInOrder(const nlohmann::json& result) {
+    return result["verdict"] == "passed" || result["verdict"] == "skipped";
 }
+
+inline const std::vector<std::string> kPlainTypes{"--types", PLAIN_TYPES};
+
+// A regular expression of the cases that take long.
+constexpr const char* kDearCases =
+    "failing-hosts/|loading/again-and-again|thrift/(allocations|host-calls|memory)|"
+    "values/65537-elements";

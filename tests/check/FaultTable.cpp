@@ -3,6 +3,10 @@
 namespace {
 
 constexpr const char* kNoOther = "^$";
+// Whatever compares values sees that they are wrong.
+const std::string kComparing =
+    "^(values|threads)/|^object/(release-beside-another|survives-another)$"
+    "|^loading/(second-copy|silent)$|^failing-hosts/(reading|unnoticed-reading|writing)";
 
 }  // namespace
 
@@ -17,8 +21,9 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         return FaultyLibrary{tried, FAULTY_LIBRARY, tried, "warning", also, says};
     };
     const auto variant = [](const std::string& tried, const std::string& which,
-                            const std::string& also = kNoOther) {
-        return FaultyLibrary{tried, FAULTY_LIBRARY, tried + ": " + which, "failed", also};
+                            const std::string& also = kNoOther,
+                            const std::string& verdict = "failed") {
+        return FaultyLibrary{tried, FAULTY_LIBRARY, tried + ": " + which, verdict, also};
     };
     const auto other = [](const std::string& tried, const std::string& library,
                           const std::string& also, const std::string& says) {
@@ -35,9 +40,14 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         variant("loading/again-and-again", "memory"),
         variant("loading/again-and-again", "file"),
         variant("loading/again-and-again", "thread", "^hygiene/processes$"),
+        variant("loading/again-and-again", "use"),
         faulty("loading/silent"),
-        faulty("loading/second-copy", "^hygiene/environment$"),
+        variant("loading/silent", "refusal"),
+        variant("loading/silent", "release"),
+        variant("loading/silent", "unloading"),
+        faulty("loading/second-copy"),
         warned("loading/quickly", "ms"),
+        {"loading/quickly", STAYING_LIBRARY, "loading/quickly", "warning"},
 
         faulty("object/two-factories"),
         faulty("object/names-at-any-time", "^loading/second-copy$"),
@@ -65,25 +75,28 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         faulty("ports/plain-types"),
         faulty("ports/array-of-arrays"),
         faulty("ports/foreign-type"),
+        variant("ports/foreign-type", "enum"),
         faulty("ports/modifier-refuses"),
         faulty("ports/modifier-fails"),
         faulty("ports/again"),
         faulty("ports/five-hundred"),
         faulty("ports/children-beside-ports"),
 
-        // Whatever compares values sees it.
-        faulty("values/carried",
-               "^(values|threads)/|^object/(release-beside-another|survives-another)$"),
+        faulty("values/carried", kComparing),
+        variant("values/carried", "beside a refused type", kComparing + "|^ports/one-attribute$"),
+        variant("values/carried", "one count for all", "^values/sparse-arrays$"),
         faulty("values/empty-arrays"),
         faulty("values/one-element"),
         faulty("values/many-elements"),
         faulty("values/65537-elements"),
         faulty("values/sparse-arrays", "^values/input-untouched$"),
-        faulty("values/growing", "^values/long-texts$"),
-        faulty("values/shrinking"),
-        faulty("values/same-length", "^values/(empty-texts|readings-share-nothing)$"),
+        variant("values/sparse-arrays", "output"),
+        faulty("values/growing", "^values/(long-texts|sparse-arrays)$"),
+        faulty("values/shrinking", "^values/sparse-arrays$"),
+        faulty("values/same-length", "^values/(empty-texts|readings-share-nothing|sparse-arrays)$"),
         faulty("values/not-numbers"),
-        faulty("values/extreme-numbers"),
+        variant("values/not-numbers", "signalling"),
+        faulty("values/extreme-numbers", "^values/not-numbers$"),
         faulty("values/empty-texts"),
         faulty("values/long-texts"),
         faulty("values/blank-edged-texts", "^values/any-byte-texts$"),
@@ -96,6 +109,7 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         faulty("values/empty-holder"),
         faulty("values/foreign-value"),
         faulty("values/wrong-port"),
+        variant("values/wrong-port", "crash"),
         faulty("values/clean-after-success"),
         faulty("values/copies", "^values/(copies-on-threads|held-value-stays)$"),
         faulty("values/copies-on-threads"),
@@ -103,18 +117,24 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
 
         faulty("failing-hosts/reading",
                "^failing-hosts/(messages|no-leak|reading-pairs|unnoticed-reading)$"),
-        faulty("failing-hosts/reading-pairs"),
+        variant("failing-hosts/reading", "parts of the former value",
+                "^failing-hosts/(reading-pairs|unnoticed-reading)$"),
+        faulty("failing-hosts/reading-pairs", "^failing-hosts/(messages|no-leak)$"),
         faulty("failing-hosts/writing",
                "^failing-hosts/"
                "(dirty-after-failure|messages|no-leak|unnoticed-writing|writing-pairs)$"),
-        faulty("failing-hosts/writing-pairs"),
+        faulty("failing-hosts/writing-pairs", "^failing-hosts/(messages|no-leak)$"),
         faulty("failing-hosts/ports"),
         faulty("failing-hosts/ports-pairs"),
+        variant("failing-hosts/ports-pairs", "output"),
         faulty("failing-hosts/dirty-after-failure"),
         faulty("failing-hosts/no-leak"),
+        variant("failing-hosts/no-leak", "clean-up"),
         warned("failing-hosts/unnoticed-reading", "VArrayDataHandle::elementCount"),
+        variant("failing-hosts/unnoticed-reading", "the former value", kNoOther, "warning"),
         warned("failing-hosts/unnoticed-writing", "VArrayDataHandle::set"),
         faulty("failing-hosts/messages"),
+        variant("failing-hosts/messages", "twice", kNoOther, "warning"),
 
         faulty("threads/first-use"),
         faulty("threads/two-nodes", "^threads/first-use$"),
@@ -128,8 +148,11 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
 
         faulty("hygiene/environment"),
         faulty("hygiene/files"),
+        variant("hygiene/files", "look"),
+        variant("hygiene/files", "read"),
         faulty("hygiene/sockets"),
-        faulty("hygiene/processes"),
+        variant("hygiene/sockets", "write"),
+        warned("hygiene/processes", "thread"),
         faulty("hygiene/folder"),
         faulty("hygiene/locale"),
         faulty("hygiene/signals"),

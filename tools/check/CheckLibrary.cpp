@@ -1,5 +1,7 @@
 #include "tools/check/CheckLibrary.h"
 
+#include "tools/check/EditedNode.h"
+#include "tools/check/Passage.h"
 #include "tools/process/Child.h"
 #include "tools/support/Error.h"
 
@@ -7,6 +9,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <sstream>
 
 namespace Tolvane::Tools {
 namespace {
@@ -15,15 +18,15 @@ using Clock = std::chrono::steady_clock;
 
 class RunningCase {
 public:
-    RunningCase(const CheckSetting& setting, const Case& tried, const Limits& limits)
+    RunningCase(const CheckSetting& setting, const Survey& survey, const Case& tried)
         : m_tried(tried),
-          m_limits(limits),
+          m_limits(setting.limits),
           m_child(
-              [&setting, run = tried.run](ChildSide& process) {
+              [&setting, &survey, run = tried.run](ChildSide& process) {
                   process.enter(Stage::Evaluating);
-                  return messageOf(Trial(setting, process).finding(run));
+                  return messageOf(Trial(setting, process, survey).finding(run));
               },
-              limits) {}
+              setting.limits) {}
 
     Child& child() noexcept { return m_child; }
 
@@ -63,25 +66,57 @@ private:
     std::optional<CaseResult> m_result;
 };
 
-}  // namespace
-
-Limits caseLimits() {
-    Limits limits;
-    limits.processorTime = 120;
-    limits.silence = 30;
-    limits.answer = std::size_t{1} << 20;
-    return limits;
+// Whether values of the type are read, and are none that the library writes: it says so without a
+// message, which a failure has.
+bool isOnlyRead(Trial& trial, const Pelmor::Type& type) {
+    Passage passage(trial, type);
+    passage.fillInput({});
+    Pelmor::AnyValue value;
+    const ShownMessages messages;
+    return passage.read(value) && value.hasValue() && !passage.write(value) &&
+           messages.all().empty() && !passage.isOutputClean();
 }
 
+// As lines: a mark, and the name of a type.
+std::string surveyed(Trial& trial) {
+    std::string lines;
+    for (const Pelmor::Type& type : trial.carried()) {
+        bool isMarked = false;
+        trial.isTried([&] { isMarked = isOnlyRead(trial, type); });
+        lines += (isMarked ? "-" : "+") + nameOf(type) + "\n";
+    }
+    return lines;
+}
+
+Survey surveyOf(const CheckSetting& setting) {
+    const Outcome outcome = runInChild(
+        [&setting](ChildSide& process) {
+            Trial trial(setting, process);
+            return surveyed(trial);
+        },
+        setting.limits);
+    Survey survey;
+    if (outcome.end != Outcome::End::Answered) return survey;
+    std::istringstream lines(outcome.answer);
+    for (std::string line; std::getline(lines, line);) {
+        survey.carried.push_back(line.substr(1));
+        if (line[0] == '-') survey.onlyRead.insert(line.substr(1));
+    }
+    return survey;
+}
+
+}  // namespace
+
 void checkLibrary(const CheckSetting& setting, const std::vector<Case>& cases, std::size_t jobs,
-                  const Limits& limits, const std::function<void(const CaseResult&)>& tell,
+                  const std::function<void(const CaseResult&)>& tell,
                   const std::function<void(std::size_t ended)>& wait) {
+    const Survey survey = surveyOf(setting);
     std::vector<std::unique_ptr<RunningCase>> begun;
     std::size_t told = 0;
     std::size_t ended = 0;
     while (told < cases.size()) {
         while (begun.size() < cases.size() && begun.size() - ended < jobs)
-            begun.push_back(std::make_unique<RunningCase>(setting, cases[begun.size()], limits));
+            begun.push_back(std::make_unique<RunningCase>(setting, survey, cases[begun.size()]));
 
         std::vector<Child*> running;
         for (std::size_t i = told; i < begun.size(); ++i)

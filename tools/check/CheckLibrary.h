@@ -3,7 +3,6 @@
 
 #include "tools/check/Case.h"
 #include "tools/check/Trial.h"
-#include "tools/process/Limits.h"
 
 #include <cstddef>
 #include <functional>
@@ -17,14 +16,11 @@ struct CaseResult {
     double seconds;
 };
 
-// What a case may take, unless the caller says otherwise.
-Limits caseLimits();
-
 // `tell` is called for each case once it and those before it have ended, in the order of `cases`;
 // `wait` now and then in between, with the number of those that have ended. Up to `jobs` run at the
 // same time. Throws Error if no process can be started, and Interrupted.
 void checkLibrary(const CheckSetting& setting, const std::vector<Case>& cases, std::size_t jobs,
-                  const Limits& limits, const std::function<void(const CaseResult&)>& tell,
+                  const std::function<void(const CaseResult&)>& tell,
                   const std::function<void(std::size_t ended)>& wait = {});
 
 }  // namespace Tolvane::Tools

@@ -21,7 +21,9 @@ constexpr std::size_t kMany = 100;
 
 double notANumber(std::uint64_t seed) {
     const std::uint64_t sign = (seed & 1) << 63;
-    const std::uint64_t bits = sign | 0x7ff8'0000'0000'0000 | (seed >> 14);
+    const std::uint64_t quiet = (seed & 2) << 50;
+    // Without any payload, a signalling one would be an infinity.
+    const std::uint64_t bits = sign | 0x7ff0'0000'0000'0000 | quiet | (seed >> 14) | 1;
     double number = 0;
     std::memcpy(&number, &bits, sizeof number);
     return number;
@@ -89,9 +91,11 @@ void fillCounting(const DataPlace& place, Content content, std::size_t& arrays);
 
 void fillOne(const DataPlace& place, const Content& content, std::size_t& arrays) {
     if (place.shape.kind != DataShape::Kind::Compound) return fillLeaf(place, content);
-    for (std::size_t i = 0; i < place.shape.children.size(); ++i) {
+    const std::size_t parts = place.shape.children.size();
+    for (std::size_t i = 0; i < parts; ++i) {
         Content part = content;
         part.seed = seedOf(content.seed, i);
+        if (content.isVaried) part.elements += 1 + (seedOf(content.seed, parts) + i) % parts;
         fillCounting(place.child(i), part, arrays);
     }
 }
@@ -175,8 +179,9 @@ std::string inWords(const Content& content) {
     const std::string where =
         content.onlyArray ? "array number " + std::to_string(*content.onlyArray + 1) : "each array";
     return std::to_string(content.elements) + (content.elements == 1 ? " element" : " elements") +
-           " in " + where + (content.sparse ? ", with gaps in their indices" : "") +
-           wordsFor(content.numbers) + wordsFor(content.texts);
+           (content.isVaried ? " or some more" : "") + " in " + where +
+           (content.sparse ? ", with gaps in their indices" : "") + wordsFor(content.numbers) +
+           wordsFor(content.texts);
 }
 
 std::size_t arraysOf(const DataShape& shape) {

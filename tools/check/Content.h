@@ -14,7 +14,7 @@ namespace Tolvane::Tools {
 struct Content {
     enum class Numbers {
         Plain,
-        NotNumbers,  // NaNs of either sign, quiet, with a payload of their own each
+        NotNumbers,  // NaNs of either sign, quiet and signalling, with a payload each
         Extreme      // infinities, negative zero, denormals, the largest
     };
     enum class Texts {
@@ -29,6 +29,9 @@ struct Content {
     // How many elements each array has; of arrays within an array of more than 100, only the first
     // three and the last elements have any, and those have two.
     std::size_t elements = 3;
+    // Whether arrays have up to a dozen elements more than that: other numbers for another seed,
+    // none twice among the members of one record, and none that is also the number of the records.
+    bool isVaried = false;
     // If set, the one array that has so many elements, while the others have three. Counted from 0
     // are, in their order, the arrays that are in no other array.
     std::optional<std::size_t> onlyArray = {};

@@ -1,6 +1,6 @@
 #include "tools/check/EditedNode.h"
 
-#include "tools/node/ShapeMisfit.h"
+#include "tools/check/MemberAttributes.h"
 #include "tools/support/OneLine.h"
 
 #include <OpenVornik/VDGModifier.h>
@@ -9,7 +9,6 @@
 #include <TavrikGraph/Executor/NodeEditContext.h>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace Tolvane::Tools {
@@ -108,12 +107,27 @@ VPlug EditedNode::addForSure(const std::string& name, Direction direction,
     return added;
 }
 
+std::optional<Misfit> EditedNode::misfit(const std::string& name, const Pelmor::Type& type) const {
+    if (!hasAttributes(type)) {
+        m_trial.note(nameOf(type) +
+                     " has a member that the host has no attribute for, so its attributes were not"
+                     " looked at");
+        return std::nullopt;
+    }
+    DataShape shape = shapeOf(plug(name));
+    forEachSingle(shape, type, [&](DataShape& single) {
+        noteSingle(m_trial, type, single);
+        single.isArray = true;
+    });
+    return misfitOf(shape, type);
+}
+
 void EditedNode::expectFit(const std::string& name, const Pelmor::Type& type) const {
-    const auto misfit = misfitOf(shapeOf(plug(name)), type);
-    if (misfit)
+    const auto found = misfit(name, type);
+    if (found)
         m_trial.fail("attributes for " + nameOf(type),
-                     inQuotes(oneLine(name)) + (misfit->path.empty() ? "" : ", " + misfit->path) +
-                         ": " + misfit->what);
+                     inQuotes(oneLine(name)) + (found->path.empty() ? "" : ", " + found->path) +
+                         ": " + found->what);
 }
 
 }  // namespace Tolvane::Tools

@@ -3,7 +3,7 @@
 
 #include "tools/check/Trial.h"
 #include "tools/check/WatchedHost.h"
-#include "tools/node/DataShape.h"
+#include "tools/node/ShapeMisfit.h"
 
 #include <OpenVornik/VErrorListener.h>
 #include <OpenVornik/VObject.h>
@@ -11,6 +11,7 @@
 #include <Pelmor/Type.h>
 #include <TavrikGraph/Executor/PortDirection.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,7 +64,10 @@ public:
     // Skips the case if there is no attribute then, which a case of its own tells.
     VPlug addForSure(const std::string& name, Direction direction, const Pelmor::Type& type);
 
-    // Fails the case if an attribute cannot hold a value of this type.
+    // Why an attribute cannot hold what can be carried of a value of this type; what cannot be
+    // carried at all is noted.
+    std::optional<Misfit> misfit(const std::string& name, const Pelmor::Type& type) const;
+    // Fails the case if there is anything.
     void expectFit(const std::string& name, const Pelmor::Type& type) const;
 
 private:

@@ -3,8 +3,10 @@
 #include "tools/process/FileDescriptor.h"
 #include "tools/support/Error.h"
 
+#include <algorithm>
 #include <memory>
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <gelf.h>
 
@@ -44,6 +46,26 @@ ElfFile readElf(const std::string& path) {
             addSymbols(elf.get(), part, head, file);
     }
     return file;
+}
+
+std::optional<std::string> missingRuntime(const ElfFile& library) {
+    struct Runtime {
+        const char* name;
+        const char* entry;
+        const char* file;
+    };
+    constexpr Runtime kRuntimes[] = {{"ThreadSanitizer", "__tsan_init", "libtsan.so"},
+                                     {"AddressSanitizer", "__asan_init", "libasan.so"}};
+    for (const Runtime& runtime : kRuntimes) {
+        const bool isWanted = std::find(library.wanted.begin(), library.wanted.end(),
+                                        runtime.entry) != library.wanted.end();
+        if (isWanted && !dlsym(RTLD_DEFAULT, runtime.entry))
+            return std::string("it was built with ") + runtime.name +
+                   ", whose runtime this process lacks; have it loaded first, as by"
+                   " LD_PRELOAD=$(g++ -print-file-name=" +
+                   runtime.file + ")";
+    }
+    return std::nullopt;
 }
 
 }  // namespace Tolvane::Tools

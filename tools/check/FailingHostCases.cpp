@@ -12,6 +12,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Tolvane::Tools {
@@ -21,8 +22,8 @@ using Direction = EditedNode::Direction;
 using Pelmor::AnyValue;
 using Pelmor::Type;
 
-// Of one type, each call of a reading, of writings and of a port's creation fails once. `operation`
-// is called for each failure with what it is, and does what is to fail.
+// Of one type, each call of a reading, of writings and of ports' creations fails once, and once
+// together with the next, which is one of cleaning up where a library has any.
 class EveryFailure {
 public:
     EveryFailure(Trial& trial, const Type& type) : m_trial(trial), m_type(type) {
@@ -34,7 +35,7 @@ public:
     void run(const Around& around) {
         read(around);
         for (const std::size_t host : {1U, 0U, 2U}) write(host, around);
-        add(around);
+        for (const Direction direction : kBothDirections) add(direction, around);
     }
 
 private:
@@ -60,14 +61,20 @@ private:
     }
 
     template <typename Around>
-    void add(const Around& around) {
+    void add(Direction direction, const Around& around) {
         EditedNode undisturbed(m_trial);
-        const auto calls = callsOf([&] { undisturbed.add(kPort, Direction::Input, m_type); });
-        for (const Fault& fault : singleFaults(calls.size())) {
+        const auto calls = callsOf([&] { undisturbed.add(kPort, direction, m_type); });
+        for (const Fault& fault : faultsOf(calls)) {
             EditedNode node(m_trial);
             node.fail(fault.fails(), ", with " + inWords(fault, calls));
-            around([&] { node.add(kPort, Direction::Input, m_type); });
+            around([&] { node.add(kPort, direction, m_type); });
         }
+    }
+
+    std::vector<Fault> faultsOf(const std::vector<HostCall>& calls) {
+        std::vector<Fault> faults = singleFaults(calls.size());
+        for (std::size_t i = 1; i < calls.size(); ++i) faults.push_back({i - 1, i});
+        return affordable(m_trial, std::move(faults), calls.size(), m_type);
     }
 
     template <typename Around>
@@ -75,7 +82,7 @@ private:
         const std::string& what, const Around& around, const std::function<void()>& work,
         const std::function<void()>& before = [] {}) {
         const auto calls = callsOf(work);
-        for (const Fault& fault : singleFaults(calls.size())) {
+        for (const Fault& fault : faultsOf(calls)) {
             before();
             m_trial.doing(what + " with " + inWords(fault, calls));
             around([&] {
@@ -110,7 +117,8 @@ void expectWhole(Trial& trial, const std::vector<std::string>& messages) {
         trial.expect(!line.empty(), "a message that says something, or none", "an empty one");
         trial.expect(!hasPlaceholder(line), "a whole message",
                      "one with a placeholder: " + inQuotes(line));
-        trial.expect(seen.insert(line).second, "each message once", inQuotes(line) + " twice");
+        if (!seen.insert(line).second)
+            trial.warn("one failure shows a message more than once: " + inQuotes(line));
     }
 }
 
@@ -122,14 +130,14 @@ void messages(Trial& trial) {
         expectWhole(trial, all.all());
         for (const std::string& message : all.all()) ++shown[oneLine(message)];
     };
-    for (const Type& type : trial.carried()) {
+    trial.forEachCarried([&](const Type& type) {
         EditedNode node(trial);
         node.addForSure(kPort, Direction::Input, type);
         around([&] { node.add(kPort, Direction::Input, type); });
         const Type arrays = Pelmor::Library::arrayOf(Pelmor::Library::arrayOf(type));
         around([&] { node.add("another", Direction::Input, arrays); });
         EveryFailure(trial, type).run(around);
-    }
+    });
     for (const auto& [message, times] : shown)
         trial.note("shown " + std::to_string(times) + (times == 1 ? " time: " : " times: ") +
                    inQuotes(message));
@@ -138,7 +146,7 @@ void messages(Trial& trial) {
 void noLeak(Trial& trial) {
     // What the library has to say would be kept by whoever captures what is printed.
     const VErrorListener nobody([](const VString&) {});
-    for (const Type& type : trial.carried()) {
+    trial.forEachCarried([&](const Type& type) {
         const std::ptrdiff_t growth =
             growthOf([&] { EveryFailure(trial, type).run([](const auto& work) { work(); }); });
         trial.doing("reading and writing " + nameOf(type) +
@@ -146,7 +154,7 @@ void noLeak(Trial& trial) {
         trial.expect(growth < static_cast<std::ptrdiff_t>(sizeof(void*)),
                      "no more memory after each further round",
                      std::to_string(growth) + " bytes more");
-    }
+    });
 }
 
 }  // namespace

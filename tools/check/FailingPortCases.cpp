@@ -2,7 +2,6 @@
 #include "tools/check/EditedNode.h"
 #include "tools/check/Fault.h"
 #include "tools/check/Trial.h"
-#include "tools/node/ShapeMisfit.h"
 
 #include <OpenVornik/VFnAttribute.h>
 
@@ -18,10 +17,9 @@ using Pelmor::Type;
 using FaultsOf = std::function<std::vector<Fault>(std::size_t calls)>;
 
 bool isAsUsual(const EditedNode& node, Direction direction, const Type& type) {
-    const VPlug plug = node.plug(kPort);
-    const VFnAttribute attribute(plug.attribute());
+    const VFnAttribute attribute(node.plug(kPort).attribute());
     const bool isInput = direction == Direction::Input;
-    return !misfitOf(shapeOf(plug), type) && attribute.isWritable() == isInput &&
+    return !node.misfit(kPort, type) && attribute.isWritable() == isInput &&
            attribute.isReadable() != isInput;
 }
 
@@ -29,17 +27,17 @@ bool isAsUsual(const EditedNode& node, Direction direction, const Type& type) {
 template <typename Work>
 void sweep(Trial& trial, Direction direction, const FaultsOf& faultsOf, const Work& work) {
     skipUnlessWatched(trial);
-    for (const Type& type : trial.carried()) {
+    trial.forEachCarried([&](const Type& type) {
         EditedNode(trial).addForSure(kPort, direction, type);
         EditedNode undisturbed(trial);
         const std::vector<HostCall> calls =
             callsOf([&] { undisturbed.add(kPort, direction, type); });
-        for (const Fault& fault : faultsOf(calls.size())) {
+        for (const Fault& fault : affordable(trial, faultsOf(calls.size()), calls.size(), type)) {
             EditedNode node(trial);
             node.fail(fault.fails(), ", with " + inWords(fault, calls));
             work(node, type, calls[fault.first]);
         }
-    }
+    });
 }
 
 // Whether the port was added. If not, it is so without the failure.
@@ -65,13 +63,14 @@ void ports(Trial& trial) {
 }
 
 void portsPairs(Trial& trial) {
-    constexpr std::size_t kMost = 1000;
-    sweep(
-        trial, Direction::Input,
-        [&](std::size_t calls) { return pairFaults(calls, kMost, trial.seed()); },
-        [&](EditedNode& node, const Type& type, const HostCall&) {
-            addOrAddLater(trial, node, Direction::Input, type);
-        });
+    constexpr std::size_t kMost = 500;
+    for (const Direction direction : kBothDirections)
+        sweep(
+            trial, direction,
+            [&](std::size_t calls) { return pairFaults(calls, kMost, trial.seed()); },
+            [&](EditedNode& node, const Type& type, const HostCall&) {
+                addOrAddLater(trial, node, direction, type);
+            });
 }
 
 }  // namespace

@@ -79,11 +79,14 @@ private:
 template <typename Work>
 void sweep(Trial& trial, const AllLengths& allLengths, const FaultsOf& faultsOf, const Work& work) {
     skipUnlessWatched(trial);
-    for (const Type& type : trial.carried())
+    trial.forEachCarried([&](const Type& type) {
         for (const Lengths& lengths : allLengths) {
             Writing writing(trial, type, lengths);
-            for (const Fault& fault : faultsOf(writing.calls().size())) work(writing, fault);
+            const std::size_t calls = writing.calls().size();
+            for (const Fault& fault : affordable(trial, faultsOf(calls), calls, type))
+                work(writing, fault);
         }
+    });
 }
 
 void writeAndWriteAgain(Writing& writing, const Fault& fault) {
@@ -117,11 +120,11 @@ void expectDirty(Trial& trial, const Passage& passage) {
 }
 
 void dirtyAfterFailure(Trial& trial) {
-    for (const Type& type : trial.carried()) {
+    trial.forEachCarried([&](const Type& type) {
         Passage passage(trial, type);
         trial.doing("writing an empty holder to a port of " + nameOf(type));
         if (!passage.write(AnyValue())) expectDirty(trial, passage);
-    }
+    });
     skipUnlessWatched(trial);
     sweep(trial, kShortLengths, singleFaults, [&](Writing& writing, const Fault& fault) {
         const ShownMessages messages;

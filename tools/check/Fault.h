@@ -33,6 +33,12 @@ std::vector<Fault> singleFaults(std::size_t calls);
 // and besides is other ones for another seed.
 std::vector<Fault> pairFaults(std::size_t calls, std::size_t most, std::uint64_t seed);
 
+// As many of these faults, which an operation of `calls` calls is to be tried with, as take
+// bearable time however large the type is: spread evenly over them. The trial notes what is left
+// out.
+std::vector<Fault> affordable(Trial& trial, std::vector<Fault> faults, std::size_t calls,
+                              const Pelmor::Type& type);
+
 // "a failure of VPlug::child on in.names, call 17 of 250": the calls are those of the operation
 // without a fault.
 std::string inWords(const Fault& fault, const std::vector<HostCall>& calls);

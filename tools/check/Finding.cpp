@@ -19,6 +19,7 @@ void exchangeFinding(Message& message, AnyFinding& finding) {
     message.text(finding.expected);
     message.text(finding.came);
     message.list(finding.remarks, kMostRemarks, [&](auto& remark) { message.text(remark); });
+    message.flag(finding.isUnloaded);
     if constexpr (Message::isRead) {
         if (verdict >= std::size(kWords)) throw BadMessage("there is no such verdict");
         finding.verdict = static_cast<Finding::Verdict>(verdict);

@@ -18,6 +18,8 @@ struct Finding {
     // Why a case was skipped, what is legal, but will hurt, or what is just worth telling. What was
     // found before a failure stays beside it.
     std::vector<std::string> remarks = {};
+    // Skipped because the library does not load.
+    bool isUnloaded = false;
 };
 
 // "passed", "warning", "failed" or "skipped".

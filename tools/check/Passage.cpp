@@ -1,5 +1,6 @@
 #include "tools/check/Passage.h"
 
+#include "tools/check/MemberAttributes.h"
 #include "tools/node/CompareData.h"
 #include "tools/support/OneLine.h"
 
@@ -38,6 +39,11 @@ bool Passage::write(const Pelmor::AnyValue& value) {
     return m_trial.translation().translateToHost(value, context);
 }
 
+void Passage::evaluate() {
+    Pelmor::AnyValue value;
+    if (read(value)) write(value);
+}
+
 Pelmor::AnyValue Passage::mustRead() {
     Pelmor::AnyValue value;
     m_trial.expect(read(value), "true", "false");
@@ -46,7 +52,13 @@ Pelmor::AnyValue Passage::mustRead() {
 }
 
 void Passage::mustWrite(const Pelmor::AnyValue& value) {
+    skipIfOnlyRead();
     m_trial.expect(write(value), "true", "false");
+}
+
+void Passage::skipIfOnlyRead() const {
+    if (m_trial.survey().onlyRead.count(nameOf(m_type)) > 0)
+        m_trial.skip(nameOf(m_type) + " is read from the host, and not written to it");
 }
 
 Pelmor::AnyValue Passage::fillAndRead(const Content& content) {
@@ -74,6 +86,15 @@ std::string Passage::differenceOfOutput(Content content) {
     return firstDifference(reference(content), output());
 }
 
+std::string Passage::differenceOfOutputValues(const Content& content) {
+    std::string first;
+    Comparison comparison;
+    compareData(reference(content), output(), comparison, [&](const Mismatch& mismatch) {
+        if (first.empty() && mismatch.what != kAtAnotherIndex) first = inOneLine(mismatch);
+    });
+    return first;
+}
+
 void Passage::expectOutput(const Content& content) {
     const std::string difference = differenceOfOutput(content);
     m_trial.expect(difference.empty(), "what went in", oneLine(difference));
@@ -91,13 +112,28 @@ DataShape Passage::addPort(const char* name, PortDirection direction) {
                            ? VFnDependencyNode(m_node).findPlug(name)
                            : VPlug();
     if (plug.isNull()) m_trial.skip("a port of " + nameOf(m_type) + " gets no attribute");
-    return shapeOf(plug);
+    DataShape shape = shapeOf(plug);
+    forEachSingle(shape, m_type, [&](DataShape& single) {
+        noteSingle(m_trial, m_type, single);
+        single.kind = DataShape::Kind::Empty;
+        single.children.clear();
+    });
+    return shape;
 }
 
 DataPlace Passage::reference(const Content& content) {
     const DataPlace place{m_reference, m_data.outputValue(m_reference.plug)};
     fill(place, content);
     return place;
+}
+
+std::vector<Pelmor::Type> passable(Trial& trial) {
+    std::vector<Pelmor::Type> types;
+    trial.forEachCarried([&](const Pelmor::Type& type) {
+        Passage(trial, type).skipIfOnlyRead();
+        types.push_back(type);
+    });
+    return types;
 }
 
 std::string firstDifference(const DataPlace& expected, const DataPlace& actual) {

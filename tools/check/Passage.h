@@ -13,6 +13,7 @@
 #include <Pelmor/Type.h>
 
 #include <string>
+#include <vector>
 
 namespace Tolvane::Tools {
 
@@ -21,7 +22,8 @@ public:
     static constexpr const char* kInput = "in";
     static constexpr const char* kOutput = "out";
 
-    // Skips the case if the ports get no attributes, which cases of their own tell.
+    // Skips the case if the ports get no attributes, which cases of their own tell. What cannot
+    // hold the values of its member is left out of the shapes, and the trial notes it.
     Passage(Trial& trial, const Pelmor::Type& type);
 
     const Pelmor::Type& type() const noexcept { return m_type; }
@@ -41,9 +43,14 @@ public:
     bool read(Pelmor::AnyValue& value);
     bool write(const Pelmor::AnyValue& value);
 
+    // Both, whatever comes of it.
+    void evaluate();
+
     // The same, for what must succeed: fails the case if it does not, or gives no value.
+    // `mustWrite` skips the case if the library only reads values of the type.
     Pelmor::AnyValue mustRead();
     void mustWrite(const Pelmor::AnyValue& value);
+    void skipIfOnlyRead() const;
 
     // All of the way, of one content: what is done is told to the trial.
     Pelmor::AnyValue fillAndRead(const Content& content);
@@ -55,6 +62,8 @@ public:
     // Where and how the output's attribute does not hold this content; empty if it does. The
     // logical indices of elements are from 0 on, since a holder does not keep the input's.
     std::string differenceOfOutput(Content content);
+    // The same, where the output's elements may have any logical indices.
+    std::string differenceOfOutputValues(const Content& content);
     // Fails the case where the output's attribute does not hold this content, or the input's; the
     // logical indices of elements aside, which a holder does not keep.
     void expectOutput(const Content& content);
@@ -73,6 +82,10 @@ private:
     DataShape m_output;
     DataShape m_reference;
 };
+
+// The types that have ports, and values that are carried in both directions. Skips the case if
+// there are none.
+std::vector<Pelmor::Type> passable(Trial& trial);
 
 // Where and how the first difference between the data of two attributes shows; empty if there is
 // none.

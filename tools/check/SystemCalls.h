@@ -16,6 +16,8 @@ struct SystemCall {
     long number;
     // The place of the path among its arguments, or -1 if it takes none.
     int path = -1;
+    // If not, what the open file is that its first argument tells, to be of interest.
+    enum class On { Anything, File, Socket } on = On::Anything;
 };
 
 class SystemCallWatch {

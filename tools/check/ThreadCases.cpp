@@ -1,5 +1,4 @@
 #include "tools/check/Case.h"
-#include "tools/check/CheckLibrary.h"
 #include "tools/check/ElfFile.h"
 #include "tools/check/Passage.h"
 #include "tools/check/Together.h"
@@ -15,27 +14,15 @@
 #include <string_view>
 #include <vector>
 
-#include <dlfcn.h>
-
 namespace Tolvane::Tools {
 namespace {
 
-// Another process asks for them, so that in this one the library has not been used.
-std::vector<Pelmor::Type> carriedAsToldElsewhere(Trial& trial) {
-    const auto ask = [&trial](ChildSide&) {
-        std::string names;
-        for (const Pelmor::Type& type : trial.carried()) names += nameOf(type) + '\0';
-        return names;
-    };
-    const Outcome outcome = runInChild(ask, caseLimits());
-    // The reason is best told here.
-    if (outcome.end != Outcome::End::Answered) return trial.carried();
+// In this process the library has not been used, if it has told its types in another one.
+std::vector<Pelmor::Type> carriedWithoutUse(Trial& trial) {
     std::vector<Pelmor::Type> types;
-    for (std::size_t begin = 0, end; begin < outcome.answer.size(); begin = end + 1) {
-        end = outcome.answer.find('\0', begin);
-        types.push_back(*trial.types().findType(outcome.answer.substr(begin, end - begin).c_str()));
-    }
-    return types;
+    for (const std::string& name : trial.survey().carried)
+        types.push_back(trial.types().getType(name.c_str()));
+    return types.empty() ? trial.carried() : types;
 }
 
 using Nodes = std::vector<std::unique_ptr<Passage>>;
@@ -64,17 +51,17 @@ void carry(const Trial& trial, Passage& node, std::size_t number) {
 }
 
 void firstUse(Trial& trial) {
-    for (const Pelmor::Type& type : carriedAsToldElsewhere(trial)) {
+    trial.forEach(carriedWithoutUse(trial), [&](const Pelmor::Type& type) {
         const Nodes nodes = nodesOf(trial, type, kThreads);
         trial.doing("reading and writing " + nameOf(type) +
                     " for the first time, on eight threads at once");
         runTogether(kThreads, [&](std::size_t i) { carry(trial, *nodes[i], i); });
-    }
+    });
 }
 
 void twoNodes(Trial& trial) {
     constexpr int kTimes = 200;
-    for (const Pelmor::Type& type : trial.carried()) {
+    trial.forEachCarried([&](const Pelmor::Type& type) {
         const Nodes nodes = nodesOf(trial, type, 2);
         // What comes of a first use is another case.
         trial.doing("reading and writing " + nameOf(type));
@@ -84,7 +71,7 @@ void twoNodes(Trial& trial) {
         runTogether(2, [&](std::size_t i) {
             for (int time = 0; time < kTimes; ++time) carry(trial, *nodes[i], i);
         });
-    }
+    });
 }
 
 bool wantsThreadSanitizer(Trial& trial) {
@@ -110,10 +97,7 @@ std::string summaryOf(const std::string& report) {
 // own, without an answer. So that is another one, and says at what it is in place of an answer.
 void underSanitizer(Trial& trial) {
     if (!wantsThreadSanitizer(trial)) trial.skip("it was not built with ThreadSanitizer");
-    if (!dlsym(RTLD_DEFAULT, "__tsan_init"))
-        trial.skip(
-            "this process runs without ThreadSanitizer, which the library was built with;"
-            " have its runtime loaded first, as by LD_PRELOAD=libtsan.so.2");
+    trial.skipUnlessLoadable();
     const auto work = [&trial](ChildSide& self) {
         const auto noteReport = [&self] {
             self.noticePrints();
@@ -125,13 +109,14 @@ void underSanitizer(Trial& trial) {
         noteReport();
         return std::string();
     };
-    const Outcome outcome = runInChild(work, caseLimits());
+    const auto goOn = [&] { trial.doing("reading and writing on several threads at once"); };
+    const Outcome outcome = runInChild(work, trial.limits(), [&](const Child&) { goOn(); });
     if (outcome.end == Outcome::End::Threw)
         trial.skip("it does not carry values on several threads, which other cases tell");
-    trial.doing("reading and writing on several threads at once");
+    goOn();
     if (outcome.end != Outcome::End::Answered)
         trial.fail("no report of ThreadSanitizer", outcome.place.port.empty()
-                                                       ? "it " + inWords(outcome, caseLimits())
+                                                       ? "it " + inWords(outcome, trial.limits())
                                                        : "a report: " + outcome.place.port);
 }
 

@@ -1,5 +1,7 @@
 #include "tools/check/Trial.h"
 
+#include "tools/check/ElfFile.h"
+
 #include <Pelmor/Array.h>
 
 #include <algorithm>
@@ -20,15 +22,26 @@ std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& t
     return texts;
 }
 
+Limits caseLimits() {
+    Limits limits;
+    limits.processorTime = 120;
+    limits.silence = 30;
+    limits.answer = std::size_t{1} << 20;
+    return limits;
+}
+
 TavrikGraph::Executor::TypeTranslation& Trial::translation() {
     if (m_library) return m_library->translation();
+    const std::string next = m_doing;
     doing("loading the library");
+    skipUnlessLoadable();
     try {
         m_library = std::make_unique<TavrikGraph::Executor::TranslationLibrary>(path());
     } catch (const std::exception&) {
         // Also one of the factory's own.
-        skip("the library cannot be loaded");
+        skipUnloaded();
     }
+    doing(next);
     return m_library->translation();
 }
 
@@ -57,6 +70,30 @@ void Trial::skip(const std::string& reason) const {
     std::vector<std::string> remarks = m_remarks;
     remarks.push_back(reason);
     throw End{{Verdict::Skipped, "", "", "", remarks}};
+}
+
+void Trial::skipUnloaded(const std::string& reason) const {
+    throw End{{Verdict::Skipped, "", "", "", {reason}, true}};
+}
+
+void Trial::skipUnlessLoadable() const {
+    const auto missing = missingRuntime(readElf(path()));
+    if (missing) skipUnloaded(*missing);
+}
+
+bool Trial::isTried(const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const End& end) {
+        if (end.finding.verdict != Verdict::Skipped || end.finding.isUnloaded) throw;
+        note(end.finding.remarks.back());
+        return false;
+    }
+}
+
+void Trial::skipUnless(bool isAnyTried) const {
+    if (!isAnyTried) throw End{{Verdict::Skipped, "", "", "", m_remarks}};
 }
 
 void Trial::warn(const std::string& remark) {

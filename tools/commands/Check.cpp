@@ -1,14 +1,17 @@
 #include "tools/commands/Check.h"
 
 #include "tools/check/CheckLibrary.h"
+#include "tools/check/ElfFile.h"
 #include "tools/commands/CommonOptions.h"
 #include "tools/node/LibraryFile.h"
 #include "tools/process/Interruption.h"
 #include "tools/report/CheckReport.h"
 #include "tools/report/ProgressBar.h"
 #include "tools/support/Error.h"
-#include "tools/types/ReadTypes.h"
+#include "tools/support/OneLine.h"
 
+#include <cstdint>
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -24,6 +27,7 @@ struct CheckArguments {
     std::string only;
     std::uint64_t seed = 1;
     std::optional<unsigned> jobs;
+    Limits limits = caseLimits();
     bool json = false;
     bool list = false;
     bool failed = false;
@@ -42,42 +46,65 @@ std::string quoted(const std::string& text) {
 }
 
 std::string commandFor(const CheckArguments& arguments, const Case& tried) {
-    std::string command = "tolvane check " + quoted(arguments.library);
+    // What the library needs in the process that loads it, such as the runtime of a sanitizer.
+    const char* preloaded = std::getenv("LD_PRELOAD");
+    std::string command = preloaded && *preloaded ? "LD_PRELOAD=" + quoted(preloaded) + " " : "";
+    command += "tolvane check " + quoted(arguments.library);
     if (arguments.types) command += " --types " + quoted(*arguments.types);
     return command + " --only " + quoted("^" + std::string(tried.name) + "$") + " --seed " +
            std::to_string(arguments.seed);
 }
 
-bool list(const CheckArguments& arguments) {
+void list(const CheckArguments& arguments) {
     const std::vector<Case> cases = chooseCases(arguments.only);
     if (arguments.json)
         printListAsJson(std::cout, cases);
     else
         printList(std::cout, cases);
-    return true;
 }
 
-bool checkAsAsked(const CheckArguments& arguments) {
-    if (arguments.list) return list(arguments);
+// What is no library at all is no faulty one either.
+void refuseNoElfFile(const std::string& path) {
+    try {
+        readElf(path);
+    } catch (const Error& error) {
+        throw Error(Stage::Loading, path,
+                    path + ": cannot be loaded as a library: it is no ELF file");
+    }
+}
+
+int statusOf(const CheckSummary& summary, const std::string& library) {
+    if (summary.failed > 0) return 1;
+    if (summary.unloaded == 0) return 0;
+    std::cerr << "tolvane: " << oneLine(library)
+              << ": cannot be checked, for it cannot be loaded\n";
+    return 2;
+}
+
+int checkAsAsked(const CheckArguments& arguments) {
+    if (arguments.list) {
+        list(arguments);
+        return 0;
+    }
     if (arguments.library.empty())
         throw Error(Stage::Usage, "", "check: the library to be checked is missing");
     const InterruptionGuard guard;
     const std::vector<Case> cases = chooseCases(arguments.only);
     CheckSetting setting{arguments.library};
     setting.seed = arguments.seed;
-    if (arguments.types)
-        during(Stage::Reading, *arguments.types,
-               [&] { setting.types = readTypes(*arguments.types).library; });
+    setting.limits = arguments.limits;
+    setting.types = typesOf(arguments.types);
     refuseNoLibrary(setting.library);
+    refuseNoElfFile(setting.library);
 
     const auto again = [&](const Case& tried) { return commandFor(arguments, tried); };
     CheckSummary summary;
     std::vector<CaseResult> results;
     std::optional<ProgressBar> progress(std::in_place);
     checkLibrary(
-        setting, cases, arguments.jobs.value_or(2), caseLimits(),
+        setting, cases, arguments.jobs.value_or(2),
         [&](const CaseResult& result) {
-            summary.count(result.finding.verdict);
+            summary.count(result.finding);
             results.push_back(result);
             const bool isShown =
                 !arguments.failed || result.finding.verdict == Finding::Verdict::Failed;
@@ -95,7 +122,7 @@ bool checkAsAsked(const CheckArguments& arguments) {
         printSummary(std::cout, summary);
     if (!std::cout.flush())
         throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
-    return summary.failed == 0;
+    return statusOf(summary, setting.library);
 }
 
 }  // namespace
@@ -107,10 +134,7 @@ Command addCheck(CLI::App& app) {
         "Tells whether a translation library is fit to be loaded by a host.\n"
         "Exit status: 0 if it keeps every rule, 1 if a case fails, 2 if it cannot be checked.");
     check.add_option("LIBRARY", arguments->library, "The translation library");
-    check
-        .add_option("--types", arguments->types,
-                    "Let the graph know the structs and enums that this file describes, in JSON")
-        ->option_text("FILE");
+    addTypes(check, arguments->types);
     check.add_option("--only", arguments->only, "Try only cases whose name matches this")
         ->option_text("REGEX");
     addSeed(check, arguments->seed);
@@ -118,7 +142,8 @@ Command addCheck(CLI::App& app) {
     check.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
     check.add_flag("--list", arguments->list, "Print each case, and why it matters");
     check.add_flag("--failed", arguments->failed, "Print only the cases that fail");
-    return {&check, [arguments] { return checkAsAsked(*arguments) ? 0 : 1; }};
+    addLimits(check, arguments->limits, "a case");
+    return {&check, [arguments] { return checkAsAsked(*arguments); }};
 }
 
 }  // namespace Tolvane::Tools

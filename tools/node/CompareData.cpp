@@ -69,7 +69,7 @@ private:
         for (unsigned i = std::min(expectedCount, actualCount); i > 0; --i) {
             const DataPath elementPath(path, expectedArray.elementIndex());
             if (actualArray.elementIndex() != expectedArray.elementIndex())
-                mismatch(elementPath, "is at another index", [&](Mismatch& found) {
+                mismatch(elementPath, kAtAnotherIndex, [&](Mismatch& found) {
                     addValues(expectedArray.elementIndex(), actualArray.elementIndex(), found);
                 });
             compareOne({expected.shape, expectedArray.outputValue()},

@@ -11,6 +11,9 @@
 
 namespace Tolvane::Tools {
 
+// What is wrong with an element that has another logical index than expected.
+constexpr const char* kAtAnotherIndex = "is at another index";
+
 struct Comparison {
     std::size_t leavesCompared = 0;
     std::size_t mismatches = 0;

@@ -28,8 +28,9 @@ void printBelow(std::ostream& out, const std::string& text) {
 
 }  // namespace
 
-void CheckSummary::count(Verdict verdict) {
-    switch (verdict) {
+void CheckSummary::count(const Finding& finding) {
+    if (finding.isUnloaded) ++unloaded;
+    switch (finding.verdict) {
         case Verdict::Passed:
             ++passed;
             break;
@@ -87,7 +88,7 @@ void printCheckAsJson(std::ostream& out, const CheckSetting& setting,
     Json cases = Json::array();
     for (const CaseResult& result : results) {
         const Finding& finding = result.finding;
-        summary.count(finding.verdict);
+        summary.count(finding);
         Json object{{"name", result.tried.name},
                     {"verdict", wordFor(finding.verdict)},
                     {"seconds", result.seconds}};
@@ -107,7 +108,7 @@ void printCheckAsJson(std::ostream& out, const CheckSetting& setting,
                     {"warnings", summary.warnings},
                     {"failed", summary.failed},
                     {"skipped", summary.skipped},
-                    {"ok", summary.failed == 0}});
+                    {"ok", summary.isFit()}});
 }
 
 }  // namespace Tolvane::Tools

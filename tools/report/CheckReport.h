@@ -16,8 +16,11 @@ struct CheckSummary {
     std::size_t warnings = 0;
     std::size_t failed = 0;
     std::size_t skipped = 0;
+    // Of those that were skipped, because the library does not load.
+    std::size_t unloaded = 0;
 
-    void count(Finding::Verdict verdict);
+    void count(const Finding& finding);
+    bool isFit() const { return failed == 0 && unloaded == 0; }
     std::size_t cases() const { return passed + warnings + failed + skipped; }
 };
 

@@ -4,6 +4,7 @@
 #include "tests/check/libraries/plain/Read.h"
 #include "tests/check/libraries/plain/Write.h"
 
+#include <cstdlib>
 #include <new>
 #include <utility>
 #include <vector>
@@ -37,7 +38,14 @@ bool isPortOf(const VPlug& plug) {
 template <typename T>
 void readHeld(const VDataHandle& place, VPlug& plug, Pelmor::AnyValue& value) {
     T newest;
-    read(place, plug, newest);
+    const T* former = heldIn<T>(value);
+    try {
+        if (fault("failing-hosts/reading: parts of the former value") && former) newest = *former;
+        read(place, plug, newest);
+    } catch (const Failure&) {
+        if (fault("failing-hosts/unnoticed-reading: the former value") && former) return;
+        if (!fault("failing-hosts/reading: parts of the former value") || !former) throw;
+    }
     Pelmor::AnyValue held = hold(std::move(newest));
     if (fault("values/holder-replaced")) new (&value) Pelmor::AnyValue();
     value = std::move(held);
@@ -45,7 +53,9 @@ void readHeld(const VDataHandle& place, VPlug& plug, Pelmor::AnyValue& value) {
 
 template <typename T>
 void writeHeld(const Pelmor::AnyValue& value, VDataHandle& place, VPlug& plug) {
-    if (!fault("values/wrong-port") && !isPortOf<T>(plug))
+    const bool isOfPort = isPortOf<T>(plug);
+    if (!isOfPort && fault("values/wrong-port: crash")) std::abort();
+    if (!isOfPort && !fault("values/wrong-port"))
         throw Failure("the value is of another type than the port");
     write(place, plug, *heldIn<T>(value));
 }

@@ -1,5 +1,6 @@
 #include "tests/check/libraries/plain/Fault.h"
 
+#include <atomic>
 #include <cfenv>
 #include <chrono>
 #include <clocale>
@@ -26,16 +27,26 @@ void leaveThread() {
 constexpr const char* kMark = "PLAIN_IS_LOADED";
 bool isMarkedByThisCopy = false;
 
+int openFile = -1;
+int sockets[2] = {-1, -1};
+
 struct Loading {
     Loading() {
         if (fault("loading/again-and-again: memory")) leak(4096);
         if (fault("loading/again-and-again: file")) open("/dev/null", O_RDONLY);
         if (fault("loading/again-and-again: thread")) leaveThread();
         if (fault("loading/silent")) std::puts("Plain is loaded");
+        if (fault("hygiene/files: read")) openFile = open("/dev/zero", O_RDONLY);
+        if (fault("hygiene/sockets: write"))
+            socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, sockets);
         if (fault("loading/quickly")) std::this_thread::sleep_for(std::chrono::milliseconds(130));
     }
     ~Loading() {
         if (isMarkedByThisCopy) unsetenv(kMark);
+        if (fault("loading/silent: unloading")) std::puts("Plain is unloaded");
+        if (openFile >= 0) close(openFile);
+        for (const int each : sockets)
+            if (each >= 0) close(each);
     }
 } loading;
 
@@ -48,9 +59,15 @@ bool fault(std::string_view name) {
 }
 
 void meddle() {
+    static std::atomic<bool> isUsed{false};
+    if (!isUsed.exchange(true) && fault("loading/again-and-again: use")) leak(4096);
     if (fault("thrift/memory")) leak(64);
     if (fault("hygiene/environment")) setenv("PLAIN_WAS_HERE", "1", 1);
     if (fault("hygiene/files")) close(open("/dev/null", O_RDONLY));
+    char byte = 0;
+    if (fault("hygiene/files: look")) (void)!access("/dev/null", R_OK);
+    if (fault("hygiene/files: read")) (void)!read(openFile, &byte, 1);
+    if (fault("hygiene/sockets: write")) (void)!write(sockets[0], &byte, 1);
     if (fault("hygiene/sockets")) close(socket(AF_UNIX, SOCK_STREAM, 0));
     if (fault("hygiene/processes")) std::thread([] {}).join();
     if (fault("hygiene/folder")) (void)!chdir("/");

@@ -116,8 +116,11 @@ Pelmor::Type usable(const Pelmor::Type& type) {
 }
 
 VObject createPort(const Pelmor::Type& type, const VString& name, const Port& port) {
-    if (isCarried(type)) return createAttribute(type, name, port);
-    if (fault("ports/foreign-type") && type.getTypeKind() == TypeKind::Struct)
+    const bool isRefused = fault("values/carried: beside a refused type") &&
+                           type.getFullyQualifiedName() == "Plain::Mark";
+    if (isCarried(type) && !isRefused) return createAttribute(type, name, port);
+    if ((fault("ports/foreign-type") && type.getTypeKind() == TypeKind::Struct) ||
+        (fault("ports/foreign-type: enum") && type.getTypeKind() == TypeKind::Enum))
         return VFnNumericAttribute().create(name, name, VFnNumericData::kDouble);
     throw Failure(std::string("no values of ") + type.getFullyQualifiedName().c_str() +
                   " are carried");
@@ -164,7 +167,8 @@ void addPort(std::string name, bool isInput, const Pelmor::Type& portType,
         addToNode(context.node, second, *context.modifier);
     }
     if (fault("failing-hosts/ports")) requireAttribute(node, hostName, 1);
-    if (fault("failing-hosts/ports-pairs")) requireAttribute(node, hostName, 2);
+    const bool isOfOutput = fault("failing-hosts/ports-pairs: output") && !isInput;
+    if (fault("failing-hosts/ports-pairs") || isOfOutput) requireAttribute(node, hostName, 2);
 }
 
 void rememberRemoved(const std::string& name) { removedNames().insert(name); }

@@ -25,6 +25,8 @@ namespace Plain {
 inline double asRead(double number) {
     if (fault("values/not-numbers") && std::isnan(number))
         return std::numeric_limits<double>::quiet_NaN();
+    // An operation on a signalling one makes it a quiet one.
+    if (fault("values/not-numbers: signalling") && std::isnan(number)) return number + 1;
     if (fault("values/extreme-numbers")) return number + 0.0;
     return number;
 }
@@ -112,7 +114,8 @@ auto read(const VDataHandle& place, VPlug& plug, Record& record)
     std::apply([&](auto&... member) { (readChild(place, plug, index++, member), ...); },
                Record::members(record));
     if constexpr (std::is_same_v<Record, Mark>) {
-        if (fault("values/carried")) std::swap(record.number, record.size);
+        if (fault("values/carried") || fault("values/carried: beside a refused type"))
+            std::swap(record.number, record.size);
         if (fault("threads/two-nodes")) {
             static std::atomic<double> scratch{0};
             scratch = record.number;
@@ -120,6 +123,8 @@ auto read(const VDataHandle& place, VPlug& plug, Record& record)
             record.number = scratch;
         }
     }
+    if constexpr (std::is_same_v<Record, Pose>)
+        if (fault("values/carried: one count for all")) record.values.resize(record.labels.size());
 }
 
 }  // namespace Plain

@@ -1,5 +1,9 @@
-// What the library carries, in standard containers.
+// What the library carries, mostly in standard containers.
 #pragma once
+
+#include <Pelmor/DefaultClass.h>
+#include <Pelmor/Ptr.h>
+#include <Tavrik/Object.h>
 
 #include <array>
 #include <string>
@@ -45,6 +49,8 @@ struct Pose {
     std::vector<Matrix> places;
     Mark inner;
     std::vector<Transform> joints;
+    // Stays in the graph.
+    Pelmor::Ptr<Tavrik::Object> rig = Pelmor::Internal::getDefaultClass<Tavrik::Object>();
 
     template <typename Self>
     static auto members(Self& self) {

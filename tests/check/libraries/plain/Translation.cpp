@@ -10,11 +10,14 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <exception>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 namespace Plain {
 namespace {
@@ -36,6 +39,17 @@ bool attempt(What what, Work work) noexcept {
         if (fault("failing-hosts/no-leak")) leak(64);
         const std::string message = "Plain: " + what() + ": " + failure.what() + ".";
         VGlobal::displayError(message.c_str());
+        if (fault("failing-hosts/messages: twice")) VGlobal::displayError(message.c_str());
+        return false;
+    }
+}
+
+template <typename Work>
+bool attemptSilently(Work work) noexcept {
+    try {
+        work();
+        return true;
+    } catch (const Failure&) {
         return false;
     }
 }
@@ -66,12 +80,27 @@ struct LateReading {
 };
 thread_local std::optional<LateReading> lateReading;
 
+// The fault of a library that does not expect to fail while it cleans up after a failure.
+struct TidyUp {
+    const VPlug& plug;
+    int exceptions = std::uncaught_exceptions();
+
+    ~TidyUp() {
+        if (!fault("failing-hosts/no-leak: clean-up")) return;
+        if (std::uncaught_exceptions() == exceptions) return;
+        VStatus status;
+        plug.attribute(&status);
+        if (status.error()) leak(64);
+    }
+};
+
 class Translation : public TypeTranslation {
 public:
     Translation() : TypeTranslation(fault("object/has-a-name") ? "" : "Plain") {}
 
     void release() noexcept override {
         isAnyReleased = true;
+        if (fault("loading/silent: release")) std::puts("Plain is released");
         if (!fault("object/two-factories") && !fault("object/release-frees")) delete this;
     }
 
@@ -120,6 +149,7 @@ public:
                          const HostContext& context) const noexcept override {
         if (!value.hasValue()) return fault("values/empty-holder");
         if (!hasTable()) return false;
+        if (fault("reads marks only") && kCarriedTypes[0].isHeldIn(value)) return false;
         for (const CarriedType& type : kCarriedTypes)
             if (type.isHeldIn(value)) return write(type, value, context);
         if (fault("values/foreign-value")) writeDefault(context);
@@ -132,11 +162,13 @@ public:
             return false;
         const bool isInput = direction == PortDirection::Input;
         const auto what = [&] { return std::string("adding port ") + name.c_str(); };
+        if (fault("loading/silent: refusal") && !isCarried(type)) std::puts("Plain says no");
         return attempt(what, [&] { addPort(name.c_str(), isInput, type, *context); });
     }
 
     bool portRemoved(const Pelmor::String&, const Pelmor::String& port) const noexcept override {
         if (fault("ports/again")) rememberRemoved(port.c_str());
+        while (fault("hangs")) pause();
         return !fault("object/port-changes");
     }
 
@@ -149,17 +181,20 @@ private:
     static bool write(const CarriedType& type, const Pelmor::AnyValue& value,
                       const HostContext& context) noexcept {
         const auto what = [&] { return "writing " + nameOf(context); };
-        const bool isWritten = attempt(what, [&] {
+        const auto work = [&] {
             VStatus status;
             VPlug plug = *context.plug;
             VDataHandle place = context.dataBlock->outputValue(plug, &status);
             require(status, "finding the data of the port");
+            const TidyUp tidyUp{*context.plug};
             type.write(isLate(type) ? readLate(type) : value, place, plug);
             const VObject attribute = plug.attribute(&status);
             require(status, "finding the attribute of the port");
             if (fault("values/clean-after-success")) return;
             require(context.dataBlock->setClean(attribute), "marking the port clean");
-        });
+        };
+        const bool isWritten =
+            fault("values/wrong-port") ? attemptSilently(work) : attempt(what, work);
         if (fault("failing-hosts/dirty-after-failure"))
             context.dataBlock->setClean(context.plug->attribute());
         return isWritten;

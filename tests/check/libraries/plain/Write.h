@@ -76,7 +76,10 @@ void write(VDataHandle& place, VPlug& plug, const std::vector<Element>& elements
         require(status, "finding the plug of an element");
         write(element, elementPlug, elements[i]);
     }
+    for (std::size_t i = count; fault("values/sparse-arrays: output") && i < former.size(); ++i)
+        builder.removeElement(static_cast<unsigned>(i));
     for (const unsigned index : former) {
+        if (fault("values/sparse-arrays: output")) break;
         if (index < count || (fault("values/shrinking") && count > 0)) continue;
         require(builder.removeElement(index), "removing an element");
     }

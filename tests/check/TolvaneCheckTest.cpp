@@ -1,0 +1,150 @@
+// `tolvane check` from outside: what it prints for people, and its options.
+#include "tests/check/Check.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+TolvaneProcess checked(const std::string& only, const std::string& fault,
+                       const std::vector<std::string>& options = {}) {
+    std::vector<std::string> arguments{"check",     FAULTY_LIBRARY, "--types",
+                                       PLAIN_TYPES, "--only",       only};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return runTolvane(arguments, "TOLVANE_TEST_FAULT=" + fault);
+}
+
+// The command that is printed for the only failure.
+std::string commandIn(const std::string& output) {
+    constexpr const char* kAgain = "again: ";
+    const std::size_t begin = output.find(kAgain);
+    if (begin == std::string::npos) return "";
+    return output.substr(begin + 7, output.find('\n', begin) - begin - 7);
+}
+
+TEST(TolvaneCheck, SaysWhatWasDoneWhatWasExpectedAndWhatCame) {
+    const TolvaneProcess process = checked("^object/names-(once|replace)$", "object/names-once");
+    EXPECT_EQ(process.status, 1);
+    EXPECT_EQ(process.errors, "");
+    EXPECT_EQ(process.output,
+              "passed    object/names-replace\n"
+              "FAILED    object/names-once\n"
+              "          done: asking for the names\n"
+              "          expected: each name once\n"
+              "          came: \"Plain::Mark\" twice\n"
+              "          again: tolvane check " FAULTY_LIBRARY " --types " PLAIN_TYPES
+              " --only '^object/names-once$' --seed 1\n"
+              "\n2 cases: 1 FAILED, 1 passed.\n");
+}
+
+TEST(TolvaneCheck, ShowsTheFailedCasesAloneIfAsked) {
+    const TolvaneProcess process =
+        checked("^object/names-(once|replace)$", "object/names-once", {"--failed"});
+    EXPECT_EQ(process.status, 1);
+    EXPECT_THAT(process.output,
+                AllOf(StartsWith("FAILED    object/names-once\n"), Not(HasSubstr("names-replace")),
+                      EndsWith("\n2 cases: 1 FAILED, 1 passed.\n")));
+}
+
+TEST(TolvaneCheck, PrintsTheCommandThatRepeatsAFailureWithItsData) {
+    const TolvaneProcess first = checked("^values/carried$", "values/carried", {"--seed", "7"});
+    const std::string command = commandIn(first.output);
+    EXPECT_THAT(command, EndsWith(" --seed 7"));
+    const TemporaryFolder folder;
+    const std::string path = std::string(TOLVANE).substr(0, std::string(TOLVANE).rfind('/'));
+    const std::string line = "PATH=" + quoted(path) + ":$PATH TOLVANE_TEST_FAULT=values/carried " +
+                             command + " >" + quoted(folder.path("out"));
+    EXPECT_EQ(WEXITSTATUS(std::system(line.c_str())), 1);
+    EXPECT_EQ(readFile(folder.path("out")), first.output);
+}
+
+TEST(TolvaneCheck, GeneratesOtherDataForAnotherSeed) {
+    const auto came = [](const char* seed) {
+        const std::string output =
+            checked("^values/carried$", "values/carried", {"--seed", seed}).output;
+        return output.substr(0, output.find("again: "));
+    };
+    EXPECT_NE(came("1"), came("2"));
+}
+
+TEST(TolvaneCheck, ListsEachCaseWithItsReason) {
+    const TolvaneProcess process = runTolvane({"check", "--list", "--only", "names-once"});
+    EXPECT_EQ(process.status, 0);
+    EXPECT_EQ(process.output,
+              "object/names-once\n    A type that is named twice is listed and tried twice.\n");
+}
+
+TEST(TolvaneCheck, TriesCasesAtOnceAndTellsOfThemInOrder) {
+    const std::string one = checked("^object/", "", {"--jobs", "1"}).output;
+    EXPECT_EQ(checked("^object/", "", {"--jobs", "4"}).output, one);
+}
+
+TEST(TolvaneCheck, EndsACaseThatMakesNoProgress) {
+    const TolvaneProcess process =
+        checked("^object/(names-once|port-changes)$", "hangs", {"--time-limit", "1"});
+    EXPECT_EQ(process.status, 1);
+    EXPECT_THAT(process.output, AllOf(HasSubstr("passed    object/names-once"),
+                                      HasSubstr("done: telling it that a port was removed"),
+                                      HasSubstr("makes no progress for 1 s\n")));
+}
+
+TEST(TolvaneCheck, SaysInOneLineWhatItIsNotAskedRightly) {
+    const struct {
+        std::vector<std::string> arguments;
+        const char* line;
+    } rows[] = {
+        {{"check"}, "check: the library to be checked is missing"},
+        {{"check", PLUGIN, "--only", "("}, "--only \"(\": is not a regular expression"},
+        {{"check", PLUGIN, "--only", "no such"}, "--only \"no such\": matches the name of no case"},
+        {{"check", PLUGIN, "--jobs", "0"}, "--jobs: Value 0 not in range 1 to 10000"},
+        {{"check", PLUGIN, "--seed", "-1"},
+         "--seed: Value -1 not in range 0 to 18446744073709551615"},
+        {{"check", "/nowhere.so"}, "/nowhere.so: there is no such file"},
+        {{"check", PLAIN_TYPES}, PLAIN_TYPES ": cannot be loaded as a library: it is no ELF file"},
+    };
+    for (const auto& row : rows) {
+        const TolvaneProcess process = runTolvane(row.arguments);
+        EXPECT_EQ(process.status, 2) << row.line;
+        EXPECT_EQ(process.output, "") << row.line;
+        EXPECT_THAT(process.errors, StartsWith(std::string("tolvane: ") + row.line));
+        EXPECT_EQ(process.errors.find('\n'), process.errors.size() - 1) << row.line;
+    }
+}
+
+TEST(TolvaneCheck, SaysThatALibraryWasNotCheckedWhichDoesNotLoad) {
+    const TolvaneProcess process =
+        runTolvane({"check", LIBRARY_WITH_UNDEFINED_SYMBOL, "--only", "^values/carried$"});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_THAT(process.output, HasSubstr("skipped   values/carried"));
+    EXPECT_THAT(process.errors, HasSubstr("cannot be checked, for it cannot be loaded"));
+}
+
+TEST(TolvaneCheck, SaysWhichRuntimeASanitizedLibraryNeeds) {
+    if (std::string(SANITIZED_LIBRARY).empty()) GTEST_SKIP() << "it cannot be built here";
+    const TolvaneProcess process =
+        runTolvane({"check", SANITIZED_LIBRARY, "--only", "loads|carried"});
+    EXPECT_EQ(process.status, 2);
+    EXPECT_THAT(process.output,
+                AllOf(HasSubstr("skipped   loading/loads"), HasSubstr("LD_PRELOAD="),
+                      HasSubstr("2 cases: 0 passed, 2 skipped.")));
+}
+
+TEST(TolvaneCheck, RepeatsACaseWithWhatWasPreloaded) {
+    if (std::string(RACING_LIBRARY).empty()) GTEST_SKIP() << "it cannot be built here";
+    const TolvaneProcess process =
+        runTolvane({"check", RACING_LIBRARY, "--types", PLAIN_TYPES, "--only", "threads/sanitizer"},
+                   "LD_PRELOAD=" SANITIZER_RUNTIME);
+    EXPECT_THAT(commandIn(process.output), StartsWith("LD_PRELOAD=" SANITIZER_RUNTIME " tolvane "));
+}
+
+}  // namespace
