@@ -64,19 +64,25 @@ std::vector<Fault> pairFaults(std::size_t calls, std::size_t most, std::uint64_t
     return faults;
 }
 
+std::vector<Fault> spread(std::vector<Fault> faults, std::size_t most) {
+    const std::size_t all = faults.size();
+    if (all <= most) return faults;
+    for (std::size_t i = 0; i < most; ++i) faults[i] = faults[i * all / most];
+    faults.resize(most);
+    return faults;
+}
+
 std::vector<Fault> affordable(Trial& trial, std::vector<Fault> faults, std::size_t calls,
                               const Pelmor::Type& type) {
     // Each fault takes the time of all calls of the operation.
     constexpr std::size_t kCallsOfType = 1'000'000;
     constexpr std::size_t kCallsOfAll = 20'000'000;
-    const std::size_t affordable = std::min(kCallsOfType, kCallsOfAll / trial.carried().size());
-    const std::size_t most = std::max<std::size_t>(affordable / std::max<std::size_t>(calls, 1), 5);
+    const std::size_t bearable = std::min(kCallsOfType, kCallsOfAll / trial.carried().size());
     const std::size_t all = faults.size();
-    if (all <= most) return faults;
-    for (std::size_t i = 0; i < most; ++i) faults[i] = faults[i * all / most];
-    faults.resize(most);
-    trial.note(nameOf(type) + " is large, so " + std::to_string(most) + " of " +
-               std::to_string(all) + " failures were tried, spread evenly");
+    faults = spread(std::move(faults), bearable / std::max<std::size_t>(calls, 1) + 5);
+    if (faults.size() < all)
+        trial.note(nameOf(type) + " is large, so " + std::to_string(faults.size()) + " of " +
+                   std::to_string(all) + " failures were tried, spread evenly");
     return faults;
 }
 

@@ -33,9 +33,11 @@ std::vector<Fault> singleFaults(std::size_t calls);
 // and besides is other ones for another seed.
 std::vector<Fault> pairFaults(std::size_t calls, std::size_t most, std::uint64_t seed);
 
+// At most `most` of them, which is not 0, spread evenly.
+std::vector<Fault> spread(std::vector<Fault> faults, std::size_t most);
+
 // As many of these faults, which an operation of `calls` calls is to be tried with, as take
-// bearable time however large the type is: spread evenly over them. The trial notes what is left
-// out.
+// bearable time however large the type is, spread evenly. The trial notes what is left out.
 std::vector<Fault> affordable(Trial& trial, std::vector<Fault> faults, std::size_t calls,
                               const Pelmor::Type& type);
 

@@ -105,7 +105,7 @@ void sparseArrays(Trial& trial) {
     carry(trial, {sparse});
     carry(trial, {varied});
     trial.forEachCarried([&](const Pelmor::Type& type) {
-        for (const std::size_t count : {5, 9, 2})
+        for (const std::size_t count : {5U, 9U, 2U})
             writeOverSparse(trial, type, sparse, seeded(trial, elements(count), 1));
     });
 }
