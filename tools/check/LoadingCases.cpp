@@ -227,11 +227,11 @@ void secondCopy(Trial& trial) {
 // In seconds, of a process that has not loaded it before: some libraries stay once they are loaded.
 // Negative if it cannot be loaded.
 double timeOfFirstLoad(Trial& trial) {
-    using Clock = std::chrono::steady_clock;
+    using std::chrono::steady_clock;
     const auto load = [&trial](ChildSide&) {
-        const auto begin = Clock::now();
+        const auto begin = steady_clock::now();
         const TranslationLibrary library(trial.path());
-        return std::to_string(std::chrono::duration<double>(Clock::now() - begin).count());
+        return std::to_string(std::chrono::duration<double>(steady_clock::now() - begin).count());
     };
     const Outcome outcome = runInChild(load, trial.limits());
     return outcome.end == Outcome::End::Answered ? std::stod(outcome.answer) : -1;

@@ -24,7 +24,6 @@ using Direction = EditedNode::Direction;
 using Pelmor::Library;
 using Pelmor::Type;
 
-
 // Calls `work(type, direction)` for every carried type, with a direction each.
 template <typename Work>
 void forEachPort(Trial& trial, const Work& work) {
