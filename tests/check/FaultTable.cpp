@@ -115,7 +115,7 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         faulty("values/readings-share-nothing",
                "^(values/copies|threads/(first-use|two-nodes)|loading/again-and-again)$"),
         faulty("values/held-value-stays", "^values/(copies|readings-share-nothing)$"),
-        faulty("values/holder-replaced"),
+        faulty("values/holder-replaced", "^thrift/memory$"),
         faulty("values/empty-holder"),
         faulty("values/foreign-value"),
         faulty("values/wrong-port"),
