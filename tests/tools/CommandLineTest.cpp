@@ -443,12 +443,18 @@ TEST_F(TolvaneCommands, AnswerAnErrorWithAnObjectHoweverJsonIsAskedFor) {
 
 TEST_F(TolvaneCommands, SayWhyStandardOutputCannotBeWritten) {
     const std::string other = folder.write("other.bvh", sampleBvh());
-    const std::vector<Words> all{
-        {"--help"},       {"run", "--version"},
-        {"run", rig()},   {"run", rig(), "--json"},
-        {"info"},         {"run", rig(), other},
-        {"inspect"},      {"run", rig(), other, "--json"},
-        kBare.at("show"), {"trace", "--generated", "Rigging::Module::Pins"}};
+    const std::vector<Words> all{{"check", "--list"},
+                                 {"check", PLUGIN, "--only", "loading/loads"},
+                                 {"--help"},
+                                 {"run", "--version"},
+                                 {"run", rig()},
+                                 {"run", rig(), "--json"},
+                                 {"info"},
+                                 {"run", rig(), other},
+                                 {"inspect"},
+                                 {"run", rig(), other, "--json"},
+                                 kBare.at("show"),
+                                 {"trace", "--generated", "Rigging::Module::Pins"}};
     for (const Words& words : all) {
         std::string command = quoted(TOLVANE);
         for (const std::string& word : words) command += " " + quoted(word);

@@ -7,6 +7,7 @@
 #include "tools/process/Interruption.h"
 #include "tools/report/CheckReport.h"
 #include "tools/report/ProgressBar.h"
+#include "tools/report/StandardOutput.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
 
@@ -15,6 +16,7 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -57,10 +59,12 @@ std::string commandFor(const CheckArguments& arguments, const Case& tried) {
 
 void list(const CheckArguments& arguments) {
     const std::vector<Case> cases = chooseCases(arguments.only);
+    std::ostringstream text;
     if (arguments.json)
-        printListAsJson(std::cout, cases);
+        printListAsJson(text, cases);
     else
-        printList(std::cout, cases);
+        printList(text, cases);
+    print(text.str());
 }
 
 // What is no library at all is no faulty one either.
@@ -110,18 +114,19 @@ int checkAsAsked(const CheckArguments& arguments) {
                 !arguments.failed || result.finding.verdict == Finding::Verdict::Failed;
             if (arguments.json || !isShown) return;
             progress.emplace();
-            printCase(std::cout, result, again(result.tried));
-            std::cout.flush();
+            std::ostringstream text;
+            printCase(text, result, again(result.tried));
+            print(text.str());
         },
         [&](std::size_t ended) { progress->show(ended, cases.size()); });
     progress.reset();
 
+    std::ostringstream text;
     if (arguments.json)
-        printCheckAsJson(std::cout, setting, results, again);
+        printCheckAsJson(text, setting, results, again);
     else
-        printSummary(std::cout, summary);
-    if (!std::cout.flush())
-        throw Error(Stage::Writing, "standard output", "standard output: cannot be written to");
+        printSummary(text, summary);
+    print(text.str());
     return statusOf(summary, setting.library);
 }
 
