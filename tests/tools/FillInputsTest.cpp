@@ -9,6 +9,7 @@
 #include <OpenVornik/VFnCompoundAttribute.h>
 #include <OpenVornik/VFnNumericAttribute.h>
 
+#include <deque>
 #include <set>
 
 #include <gmock/gmock.h>
@@ -110,31 +111,97 @@ protected:
     FrameData data;
 };
 
-TEST_F(FillInputs, LeavesInputsInWhichEveryArrayHasWhatWasPutIntoIt) {
+// As "port.names[1]: is at another index: 1 went in, 4 came back".
+std::string wanting(const std::optional<Mismatch>& found) {
+    return found ? inOneLine(*found) : "nothing";
+}
+
+// One value each, with a shape of its own, which is not that of an array.
+void collectLeaves(const DataPlace& place, std::deque<DataShape>& shapes,
+                   std::vector<DataPlace>& leaves) {
+    if (place.shape.kind == DataShape::Kind::Empty) return;
+    const auto below = [&](const DataPlace& one) {
+        if (place.shape.children.empty()) {
+            shapes.push_back(place.shape);
+            shapes.back().isArray = false;
+            leaves.push_back({shapes.back(), one.handle});
+        }
+        for (std::size_t i = 0; i < place.shape.children.size(); ++i)
+            collectLeaves(one.child(i), shapes, leaves);
+    };
+    if (!place.shape.isArray) return below(place);
+    VArrayDataHandle array(place.handle);
+    for (unsigned i = array.elementCount(); i > 0; --i, array.next())
+        below({place.shape, array.outputValue()});
+}
+
+TEST_F(FillInputs, LeavesInputsThatHoldWhatWasPutIntoThem) {
     int ports = 0;
     for (const std::string record : kRecords)
         for (const std::string& type : {record, "array<" + record + ">"}) {
             const DataShape port = portOf(type, "port" + std::to_string(ports++));
-            const ElementCounts counts = fillInput(planFor(port), node.place(port), data, 1);
-            EXPECT_FALSE(findUnfilled(node.place(port), counts)) << type;
+            EXPECT_EQ(wanting(findUnfilled(planFor(port), fill(port, 1), data, 1)), "nothing")
+                << type;
         }
 }
 
-TEST_F(FillInputs, IsFoundWantingWhereAnArrayInAnArrayLostAnElement) {
-    const DataShape port = portOf("array<Rigging::Module::InputsControls>", "port");
-    const ElementCounts counts = fillInput(planFor(port), node.place(port), data, 1);
-    VArrayDataHandle limbs(node.place(port).handle);
-    limbs.next();
-    const DataPlace limb{port, limbs.outputValue()};
-    VArrayDataHandle transforms(limb.child(3).child(1).handle);
-    VArrayDataBuilder builder = transforms.builder();
-    builder.removeElement(0);
-    transforms.set(builder);
-    const auto found = findUnfilled(node.place(port), counts);
-    ASSERT_TRUE(found);
-    EXPECT_EQ(inOneLine(*found),
-              "port[1].namedTransforms.transforms: does not hold as many elements as were put in: "
-              "1 went in, 0 came back");
+// Each leaf is spoilt by itself, wherever it is.
+TEST_F(FillInputs, AreFoundWantingByEveryLeafThatIsNotWhatWasPutIntoIt) {
+    int ports = 0;
+    for (const std::string record : kRecords)
+        for (const std::string& type : {record, "array<" + record + ">"}) {
+            const DataShape port = portOf(type, "port" + std::to_string(ports++));
+            std::deque<DataShape> shapes;
+            std::vector<DataPlace> leaves;
+            collectLeaves(fill(port, 1), shapes, leaves);
+            for (const DataPlace& leaf : leaves) {
+                spoilData(leaf);
+                const auto found = findUnfilled(planFor(port), node.place(port), data, 1);
+                EXPECT_THAT(wanting(found),
+                            testing::HasSubstr(": does not hold what it was filled with"))
+                    << type << ", " << leaf.shape.name;
+                fill(port, 1);
+            }
+        }
+}
+
+TEST_F(FillInputs, AreFoundWantingWhereAnArrayInAnArrayHasOtherElements) {
+    const auto change = [&](const char* name, unsigned removed, std::optional<unsigned> added) {
+        const DataShape port = portOf("array<Rigging::Module::InputsControls>", name);
+        VArrayDataHandle limbs(fill(port).handle);
+        const DataPlace limb{port, limbs.outputValue()};
+        VArrayDataHandle transforms(limb.child(3).child(1).handle);
+        VArrayDataBuilder builder = transforms.builder();
+        builder.removeElement(removed);
+        if (added) builder.addElement(*added);
+        transforms.set(builder);
+        return wanting(findUnfilled(planFor(port), node.place(port), data, 0));
+    };
+    EXPECT_EQ(change("few", 0, std::nullopt),
+              "few[0].namedTransforms.transforms: does not hold as many elements as were put in: 3 "
+              "went in, 2 came back");
+    EXPECT_EQ(
+        change("other", 2, 7),
+        "other[0].namedTransforms.transforms[2]: is at another index: 2 went in, 7 came back");
+}
+
+TEST_F(FillInputs, AreFoundWantingWithBothValues) {
+    const DataShape port = portOf("Rigging::Module::Pins", "port");
+    const auto found = [&](std::size_t child, const auto& change) {
+        VArrayDataHandle array(fill(port).child(child).handle);
+        array.next();
+        change(array.outputValue());
+        return wanting(findUnfilled(planFor(port), node.place(port), data, 0));
+    };
+    EXPECT_EQ(
+        found(0, [](VDataHandle name) { name.setString(""); }),
+        "port.names[1]: does not hold what it was filled with: \"b\" went in, \"\" came back");
+    EXPECT_EQ(found(1, [](VDataHandle matrix) { matrix.asMatrix()[0][0] = 0; }),
+              "port.matrices[1]: does not hold what it was filled with in row 0, column 0: 20 went "
+              "in, 0 came back");
+    EXPECT_EQ(found(1, [](VDataHandle matrix) { matrix.asMatrix()[0][1] = -0.0; }),
+              "port.matrices[1]: does not hold what it was filled with in row 0, column 1: 0 went "
+              "in, -0 came back");
 }
 
 TEST_F(FillInputs, GivesARecordTheRigsDataForWhichKindAndNameAsk) {

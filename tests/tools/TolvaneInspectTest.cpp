@@ -1,7 +1,8 @@
 // `tolvane inspect` from outside.
 #include "tests/support/TolvaneProcess.h"
-#include "tools/support/Columns.h"
+#include "tests/tools/FittingLines.h"
 
+#include <filesystem>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -108,11 +109,20 @@ TEST(TolvaneInspect, SaysWhichTypesTheGraphDoesNotKnow) {
 }
 
 TEST(TolvaneInspect, FitsAScreenOf80Columns) {
-    std::istringstream lines(runTolvane({"inspect", PLUGIN}).output);
-    std::string line;
-    // The path of the library is shown whole.
-    std::getline(lines, line);
-    while (std::getline(lines, line)) EXPECT_LE(Tolvane::Tools::columnsOf(line), 80U) << line;
+    const TemporaryFolder folder;
+    const std::string longName(120, 'a'), wide = "左腕左腕左腕左腕左腕左腕左腕左腕左腕左腕左腕左腕";
+    const std::string library = folder.path(wide + wide + ".so");
+    std::filesystem::copy_file(PLUGIN, library);
+    const std::string types = folder.write("types.json", R"({"structs": [{"name": ")" + longName +
+                                                             R"(", "members": [{"name": ")" +
+                                                             longName + R"(", "type": "int"}]}]})");
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"inspect", library},
+          {"inspect", library, longName, "--types", types}}) {
+        const std::string output = runTolvane(arguments).output;
+        expectLinesThatFit(output);
+        EXPECT_THAT(output.substr(0, output.find('\n')), testing::EndsWith("左腕.so"));
+    }
 }
 
 TEST(TolvaneInspect, TellsLibraryAndTypesApart) {

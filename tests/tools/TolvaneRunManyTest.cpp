@@ -1,4 +1,5 @@
 // `tolvane run` for several rigs and folders of rigs in one call.
+#include "tests/tools/FittingLines.h"
 #include "tests/tools/Terminal.h"
 #include "tests/tools/TolvaneRun.h"
 
@@ -55,9 +56,26 @@ TEST_F(TolvaneRunMany, GivesEachRigOfAFolderARowAndSumsThemUp) {
     ASSERT_EQ(lines.size(), 5U) << process.output;
     EXPECT_THAT(lines[0], testing::MatchesRegex("Verdict +Joints +Frames +Values .*File"));
     // In the order of their names.
-    EXPECT_THAT(lines[1], testing::MatchesRegex("equal +5 +4 .* 0   .*/rigs/b.bvh"));
-    EXPECT_THAT(lines[2], testing::MatchesRegex("equal +2 +31 .* 0   .*/rigs/deep/er/a.gltf"));
+    EXPECT_THAT(lines[1], testing::MatchesRegex("equal +5 +4 .* 0  .*/rigs/b.bvh"));
+    EXPECT_THAT(lines[2], testing::MatchesRegex("equal +2 +31 .* 0  .*/rigs/deep/er/a.gltf"));
     EXPECT_EQ(lines[4], "2 rigs: all came back as they went in.");
+}
+
+TEST_F(TolvaneRunMany, CutsLongPathsToTheirEndsUnlessAskedOtherwise) {
+    const std::string wide = "左腕左腕左腕左腕左腕左腕左腕左腕左腕", name(100, 'a');
+    for (const std::string& deep : {wide, name}) {
+        fs::create_directories(rigs + "/" + deep);
+        folder.write("rigs/" + deep + "/c.bvh", sampleBvh());
+        folder.write("rigs/" + deep + "/d.bvh", "HIERARCHY\n");
+    }
+    const std::string output = runTolvane({"run", rigs}).output;
+    EXPECT_THAT(output, HasSubstr("  ...aaaa"));
+    EXPECT_THAT(output, HasSubstr("腕/c.bvh\n"));
+    expectLinesThatFit(output);
+    const std::string whole = runTolvane({"run", rigs, "--verbose"}).output;
+    for (const std::string& deep : {wide, name})
+        for (const char* file : {"/c.bvh", "/d.bvh"})
+            EXPECT_THAT(whole, HasSubstr("  " + rigs + "/" + deep + file + "\n"));
 }
 
 TEST_F(TolvaneRunMany, GoesOnBehindARigThatCannotBeRead) {
@@ -82,7 +100,7 @@ TEST_F(TolvaneRunMany, GoesOnBehindAFolderWithoutRigs) {
     const TolvaneProcess process = runTolvane({"run", empty, rigs});
     EXPECT_EQ(process.status, 2);
     EXPECT_EQ(process.errors, "tolvane: " + line + "\n");
-    EXPECT_THAT(linesOf(process.output)[1], testing::MatchesRegex("not run( +-){4}   .*"));
+    EXPECT_THAT(linesOf(process.output)[1], testing::MatchesRegex("not run( +-){4}  .*"));
     EXPECT_THAT(process.output, EndsWith("\n3 rigs: 2 came back as they went in, 1 could not be "
                                          "run.\n"));
 

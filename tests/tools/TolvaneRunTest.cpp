@@ -1,7 +1,7 @@
 // `tolvane run` from outside, with the built plugin.
 
+#include "tests/tools/FittingLines.h"
 #include "tests/tools/TolvaneRun.h"
-#include "tools/support/Columns.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,12 +29,6 @@ Json jsonOf(std::vector<std::string> arguments, int status = 0, const std::strin
     EXPECT_EQ(process.status, status);
     EXPECT_EQ(process.errors, "");
     return Json::parse(process.output);
-}
-
-void expectLinesThatFit(const std::string& output) {
-    std::istringstream lines(output);
-    for (std::string line; std::getline(lines, line);)
-        EXPECT_LE(Tolvane::Tools::columnsOf(line), 80U) << line;
 }
 
 Json result(const Json& report, const std::string& typeName) {
@@ -250,7 +244,8 @@ TEST_P(TolvaneRunWithFaultyLibrary, ReportsMismatchesAndFails) {
 INSTANTIATE_TEST_SUITE_P(EachFault, TolvaneRunWithFaultyLibrary,
                          testing::Values("writes a wrong name", "writes nothing",
                                          "writes only once", "refuses to write", "reads nothing",
-                                         "adds no port", "empties what it reads"));
+                                         "adds no port", "empties what it reads",
+                                         "blanks what it reads"));
 
 TEST_F(TolvaneRun, FindsOutputsThatAreRightOnlyBecauseAnEarlierFrameWroteThem) {
     const std::string waiting = folder.write("rig.bvh", waitingBvh());
@@ -281,6 +276,13 @@ TEST_F(TolvaneRun, GivesTheFirstMismatchesAsJson) {
     const Json count = jsonOf(arguments, 1, "writes nothing")["firstMismatches"][0];
     EXPECT_EQ(count["expected"], 5);
     EXPECT_EQ(count["difference"], -5);
+    const Json matrix = jsonOf({rig(), "--plugin", FAULTY_LIBRARY, "--frames", "0:1"}, 1,
+                               "writes only once")["firstMismatches"][5];
+    EXPECT_EQ(matrix["path"], "matrices[0]");
+    EXPECT_EQ(matrix["expected"],
+              Json::parse("[[1.0, 0.0, 0.0, 0.0], [0.0, 1.0, 0.0, 0.0], [0.0, 0.0, 1.0, 0.0], "
+                          "[1.0, 10.0, 0.0, 1.0]]"));
+    EXPECT_EQ(matrix["actual"], nullptr);
     const Json port = jsonOf(arguments, 1, "adds no port")["firstMismatches"][0];
     EXPECT_EQ(port["frame"], nullptr);
     EXPECT_EQ(port["expected"], nullptr);
@@ -298,6 +300,11 @@ TEST_F(TolvaneRun, FindsInputsThatDoNotHoldWhatTheyWereFilledWith) {
     EXPECT_EQ(
         result(report, "Rigging::Module::Pins")["firstMismatch"],
         "inPins.names: does not hold as many elements as were put in: 5 went in, 0 came back");
+    const Json blank = jsonOf({rig(), "--plugin", FAULTY_LIBRARY}, 1, "blanks what it reads");
+    EXPECT_EQ(blank["mismatches"], 4) << "one in each frame";
+    EXPECT_EQ(result(blank, "Rigging::Module::Pins")["firstMismatch"],
+              "inPins.names[0]: does not hold what it was filled with: \"Hips\" went in, \"\" came "
+              "back");
 }
 
 TEST_F(TolvaneRun, TakesAFaultlessLibraryOfAnotherName) {

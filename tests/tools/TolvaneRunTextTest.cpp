@@ -1,9 +1,9 @@
 // What a person sees of `tolvane run`, in a terminal and elsewhere.
 
+#include "tests/tools/FittingLines.h"
 #include "tests/tools/Terminal.h"
 #include "tests/tools/TolvaneRun.h"
 #include "tools/report/ProgressBar.h"
-#include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 #include <filesystem>
@@ -26,11 +26,6 @@ protected:
     TolvaneProcess runFaulty(const std::string& fault, std::vector<std::string> further = {}) {
         further.insert(further.begin(), {"run", rig(), "--plugin", FAULTY_LIBRARY});
         return runTolvane(further, "TOLVANE_TEST_FAULT=" + fault);
-    }
-
-    static void expectLinesThatFit(const std::string& output) {
-        std::istringstream lines(output);
-        for (std::string line; std::getline(lines, line);) EXPECT_LE(columnsOf(line), 80U) << line;
     }
 };
 
@@ -57,12 +52,26 @@ TEST(TolvaneRunHelp, SaysWhichNodesAreJointsInTheWordsOfTheReadme) {
 
 TEST_F(TolvaneRunText, ShowsTheFirstTenMismatchesAndTheCount) {
     const std::string output = runFaulty("writes only once").output;
-    EXPECT_THAT(output, AllOf(HasSubstr("\nThe first 10 of 30 mismatches:\n"),
-                              HasSubstr("frame 1: outPins.names[0] was not written\n"
-                                        "        went in     \"Hips\"\n"),
-                              HasSubstr("frame 1: outPins.matrices[4] was not written\n\nFAILED: "),
-                              EndsWith(" values: 30 mismatches.\n")));
+    EXPECT_THAT(output,
+                AllOf(HasSubstr("\nThe first 10 of 30 mismatches:\n"),
+                      HasSubstr("frame 1: outPins.names[0] was not written\n"
+                                "        went in     \"Hips\"\n"),
+                      HasSubstr("frame 1: outPins.matrices[4] was not written\n        went in     "
+                                "1 0 0 0, 0 1 0 0, 0 0 1 0, 0 9 0 1\n\nFAILED: "),
+                      EndsWith(" values: 30 mismatches.\n")));
     EXPECT_THAT(output, Not(HasSubstr("came back ")));
+}
+
+TEST_F(TolvaneRunText, BeginsAndEndsWithTheVerdict) {
+    const std::string passed = runTolvane({"run", rig()}).output;
+    const std::string failed = runFaulty("writes a wrong name").output;
+    for (const auto& [output, word] :
+         {std::pair(passed, "PASSED: "), std::pair(failed, "FAILED: ")}) {
+        const std::string verdict = output.substr(0, output.find('\n') + 1);
+        EXPECT_THAT(verdict, testing::StartsWith(word));
+        EXPECT_THAT(output, EndsWith("\n\n" + verdict));
+        EXPECT_THAT(output, HasSubstr(verdict + "\nLibrary  "));
+    }
 }
 
 TEST_F(TolvaneRunText, ShowsTheFirstMismatchOfEachOtherType) {
@@ -138,7 +147,8 @@ TEST_F(TolvaneRunText, PrintsNothingIfQuietButTheVerdictOfAFailure) {
 
 TEST_F(TolvaneRunText, IsColouredInTerminalsAlone) {
     const std::string file = rig();
-    EXPECT_THAT(printedInTerminal(80, {"run", file}), HasSubstr("\033[32mPASSED: "));
+    EXPECT_THAT(printedInTerminal(80, {"run", file}),
+                AllOf(HasSubstr("\033[32mPASSED: "), HasSubstr("went in.\033[0m\r\n\r\nLibrary")));
     EXPECT_THAT(printedInTerminal(80, {"run", file}, {"NO_COLOR="}), HasSubstr("\033[32mPASSED: "));
     EXPECT_THAT(printedInTerminal(80, {"run", file, "--plugin", FAULTY_LIBRARY},
                                   {"TOLVANE_TEST_FAULT=writes a wrong name"}),

@@ -1,5 +1,8 @@
 // `tolvane show` from outside.
+#include "tests/tools/FittingLines.h"
 #include "tests/tools/TolvaneRun.h"
+
+#include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -62,6 +65,26 @@ TEST_F(TolvaneShow, PrintsATree) {
     EXPECT_EQ(process.output.find("... and"), std::string::npos);
     EXPECT_THAT(runTolvane({"show", WALK, "--port", kPins}).output,
                 HasSubstr("\n    ... and 23 more\n"));
+}
+
+// Two matrices that a run tells apart look different here too.
+TEST_F(TolvaneShow, PrintsNumbersWithAllTheirDigitsInLinesThatFit) {
+    for (const char* type : {"Core::Transform::Transform", "Rigging::Module::Outputs"})
+        expectLinesThatFit(runTolvane({"show", WALK, "--port", type, "--frame", "7"}).output);
+    const std::vector<std::string> arguments{
+        "show", WALK, "--port", "Core::Transform::Transform", "--frame", "7", "matrix0"};
+    std::vector<std::string> further = arguments;
+    further.emplace_back("--json");
+    const Json matrix = Json::parse(runTolvane(further).output)["value"];
+    std::istringstream text(runTolvane(arguments).output);
+    std::string word;
+    while (text >> word && word != "matrix0") continue;
+    for (const Json& numbers : matrix)
+        for (const Json& number : numbers) {
+            double printed = 0;
+            text >> printed;
+            EXPECT_EQ(printed, number.get<double>());
+        }
 }
 
 TEST_F(TolvaneShow, SaysWhatThereIsInsteadOfAPartThatIsNotThere) {

@@ -101,7 +101,7 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     if (arguments.picture) evaluation.picture = drawPicture(rig, findings.run.snapshots);
     if (arguments.page) evaluation.page = makePage(rig, findings.plugin.name, findings.run);
     if (findings.run.misdeed) evaluation.misdeed = findings.run.misdeed->what();
-    evaluation.row = rowOf(summarise(rig), findings.run);
+    evaluation.row = rowOf(summarise(rig), findings.run, arguments.verbose);
     evaluation.hasSkeleton = rig.hasSkeleton;
     evaluation.printed = self.allowedPrints();
     MessageOut message;

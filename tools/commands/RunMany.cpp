@@ -56,7 +56,7 @@ std::string lineOf(const RunArguments& arguments, const std::string& what) {
 Row rowOfError(const RunArguments& arguments, const Error& error) {
     return {error.status(),
             arguments.json ? jsonLine(arguments.file, jsonOf(error))
-                           : rowOf(arguments.file, error) + "\n",
+                           : rowOf(arguments.file, error, arguments.verbose) + "\n",
             lineOf(arguments, error.what())};
 }
 

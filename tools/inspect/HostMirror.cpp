@@ -38,12 +38,6 @@ std::string textOf(int value) { return std::to_string(value); }
 std::string textOf(const VString& value) { return inQuotes(value.asChar()); }
 std::string textOf(const VDataHandle& handle) { return handle.isNull() ? "null" : "data"; }
 
-std::string textOf(const VMatrix& value) {
-    std::string text;
-    for (unsigned i = 0; i < 16; ++i) text += (i == 0 ? "" : " ") + textOf(value[i / 4][i % 4]);
-    return text;
-}
-
 unsigned indexOf(const Call& call) { return static_cast<unsigned>(call.index); }
 
 // A plug is found again by its name.

@@ -1,29 +1,24 @@
 #include "tools/node/CompareData.h"
 
 #include "tools/node/DataPath.h"
+#include "tools/node/LeafAccess.h"
 #include "tools/node/LeafText.h"
 #include "tools/node/SpoilData.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace Tolvane::Tools {
 namespace {
-
-template <typename Value>
-bool sameBits(const Value& a, const Value& b) {
-    return std::memcmp(&a, &b, sizeof a) == 0;
-}
 
 bool sameLeaf(DataShape::Kind kind, const VDataHandle& a, const VDataHandle& b) {
     switch (kind) {
         case DataShape::Kind::Matrix:
             return sameBits(a.asMatrix(), b.asMatrix());
         case DataShape::Kind::String:
-            return a.asString() == b.asString();
+            return sameBits(a.asString(), b.asString());
         case DataShape::Kind::Double:
             return sameBits(a.asDouble(), b.asDouble());
         case DataShape::Kind::Bool:

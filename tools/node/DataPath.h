@@ -25,6 +25,9 @@ public:
         return mismatch;
     }
 
+    // Nothing if it is not an element.
+    const std::optional<unsigned>& index() const noexcept { return m_index; }
+
 private:
     void addTo(Mismatch& mismatch) const {
         if (!m_above) {

@@ -1,16 +1,14 @@
 #include "tools/node/FillInputs.h"
 
-#include "tools/node/GenerateData.h"
+#include "tools/node/FillWalk.h"
+#include "tools/node/LeafAccess.h"
 
 #include <OpenVornik/VArrayDataHandle.h>
 
 #include <algorithm>
-#include <string>
 
 namespace Tolvane::Tools {
 namespace {
-
-using Content = FillPlan::Content;
 
 // Of a group with more joints, an element of an array of records gets this many. Of any other it
 // gets one, so that arrays in arrays stay small.
@@ -27,108 +25,26 @@ void resize(const VDataHandle& handle, std::size_t size) {
     array.set(builder);
 }
 
-template <typename FillElement>
-void fillElements(const DataPlace& place, std::size_t count, ElementCounts& counts,
-                  FillElement fillElement) {
-    counts.push_back(count);
-    resize(place.handle, count);
-    VArrayDataHandle array(place.handle);
-    const std::size_t present = std::min<std::size_t>(count, array.elementCount());
-    for (std::size_t i = 0; i < present; ++i) {
-        fillElement(DataPlace{place.shape, array.outputValue()}, i);
-        array.next();
+class Filling {
+public:
+    std::size_t array(const DataPlace& place, const DataPath&, std::size_t count) const {
+        resize(place.handle, count);
+        // The host may have refused.
+        return std::min<std::size_t>(count, VArrayDataHandle(place.handle).elementCount());
     }
-}
-
-// Matrix i of the transform is matrix i + `shift` of the joint.
-void fillTransform(const DataPlace& place, const PosedJoint& joint, std::size_t shift = 0) {
-    for (std::size_t i = 0; i < kMatrixCount; ++i)
-        place.child(i).handle.setMatrix(joint.matrices[(i + shift) % kMatrixCount]);
-}
-
-// Each single transform of a record takes the next joint, and the next matrix first where there is
-// no other joint.
-void fillTransform(const DataPlace& place, const JointGroup& group, std::size_t number) {
-    if (group.joints.empty()) return fillTransform(place, *group.first, number);
-    const std::size_t count = group.joints.size();
-    fillTransform(place, *group.joints[number % count], number / count);
-}
-
-void fillName(const DataPlace& place, const JointGroup& group, std::size_t number) {
-    std::string name = group.name.asChar();
-    if (number > 0) name += "." + std::to_string(number);
-    VDataHandle(place.handle).setString(name.c_str());
-}
-
-void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group, std::uint64_t seed,
-          ElementCounts& counts);
-
-void fillOne(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
-             std::uint64_t seed, ElementCounts& counts) {
-    switch (plan.content) {
-        case Content::Record:
-            for (std::size_t i = 0; i < plan.members.size(); ++i)
-                fill(plan.members[i], place.child(i), group, seed, counts);
-            break;
-        case Content::GroupName:
-            fillName(place, group, plan.number);
-            break;
-        case Content::Transform:
-            fillTransform(place, group, plan.number);
-            break;
-        case Content::Generated:
-            generateData(place, seedOf(seed, plan.number));
-            break;
-        case Content::JointNames:
-        case Content::JointWeights:
-        case Content::JointMatrices:
-        case Content::JointTransforms:
-        case Content::None:
-            break;
+    void element(const DataPath&, unsigned) const {}
+    template <typename Value>
+    void value(const DataPlace& place, const DataPath&, const Value& value) const {
+        put(place.handle, value);
     }
-}
-
-void fillArray(const FillPlan& plan, const DataPlace& place, const JointGroup& group,
-               std::uint64_t seed, ElementCounts& counts) {
-    const JointList joints = chooseJoints(group.joints, plan.choice);
-    fillElements(place, joints.size(), counts, [&](DataPlace element, std::size_t i) {
-        const PosedJoint& joint = *joints[i];
-        switch (plan.content) {
-            case Content::JointNames:
-                return element.handle.setString(joint.name);
-            case Content::JointWeights:
-                return element.handle.setDouble(joint.weight);
-            case Content::JointMatrices:
-                return element.handle.setMatrix(joint.matrices[plan.number % kMatrixCount]);
-            case Content::JointTransforms:
-                return fillTransform(element, joint);
-            default:
-                return fillOne(plan, element, elementGroup(joints, i), seedOf(seed, i), counts);
-        }
-    });
-}
-
-void fill(const FillPlan& plan, const DataPlace& place, const JointGroup& group, std::uint64_t seed,
-          ElementCounts& counts) {
-    if (plan.content == Content::None) return;
-    if (place.shape.isArray)
-        fillArray(plan, place, group, seed, counts);
-    else
-        fillOne(plan, place, group, seed, counts);
-}
+};
 
 }  // namespace
 
-ElementCounts fillInput(const FillPlan& plan, const DataPlace& port, const FrameData& data,
-                        std::uint64_t seed) {
-    ElementCounts counts;
-    if (!port.shape.isArray || port.shape.kind != DataShape::Kind::Compound)
-        fill(plan, port, data.rig, seed, counts);
-    else
-        fillElements(port, data.limbs.size(), counts, [&](const DataPlace& element, std::size_t i) {
-            fillOne(plan, element, data.limbs[i], seedOf(seed, i), counts);
-        });
-    return counts;
+void fillInput(const FillPlan& plan, const DataPlace& port, const FrameData& data,
+               std::uint64_t seed) {
+    Filling filling;
+    FillWalk(filling).port(plan, port, data, seed);
 }
 
 JointList chooseJoints(const JointList& joints, std::size_t choice) {

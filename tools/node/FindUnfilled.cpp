@@ -1,53 +1,62 @@
 #include "tools/node/FindUnfilled.h"
 
-#include "tools/node/DataPath.h"
+#include "tools/node/FillWalk.h"
+#include "tools/node/LeafAccess.h"
 #include "tools/node/LeafText.h"
 
-#include <OpenVornik/VArrayDataHandle.h>
+#include <utility>
 
 namespace Tolvane::Tools {
 namespace {
 
-// Walks arrays in the order in which they were filled.
+// Takes no more notice of anything once it has found something.
 class Finder {
 public:
-    explicit Finder(const ElementCounts& counts) : m_next(counts.begin()) {}
-
-    std::optional<Mismatch> find(const DataPlace& place, const DataPath& path) {
-        const auto kind = place.shape.kind;
-        if (kind == DataShape::Kind::Empty || kind == DataShape::Kind::Unknown) return std::nullopt;
-        if (!place.shape.isArray) return findBelow(place, path);
-        VArrayDataHandle array(place.handle);
-        const std::size_t expected = *m_next++, actual = array.elementCount();
-        if (expected != actual) {
-            Mismatch mismatch = path.mismatch("does not hold as many elements as were put in");
+    std::size_t array(const DataPlace& place, const DataPath& path, std::size_t expected) {
+        if (m_found) return 0;
+        const std::size_t actual = VArrayDataHandle(place.handle).elementCount();
+        if (actual == expected) return expected;
+        found(path, "does not hold as many elements as were put in", [&](Mismatch& mismatch) {
             addValues(static_cast<std::int64_t>(expected), static_cast<std::int64_t>(actual),
                       mismatch);
-            return mismatch;
-        }
-        for (std::size_t i = 0; i < actual; ++i, array.next())
-            if (auto found = findBelow({place.shape, array.outputValue()},
-                                       DataPath(path, array.elementIndex())))
-                return found;
-        return std::nullopt;
+        });
+        return 0;
     }
+
+    void element(const DataPath& path, unsigned actual) {
+        if (m_found || path.index() == actual) return;
+        found(path, "is at another index",
+              [&](Mismatch& mismatch) { addValues(path.index().value(), actual, mismatch); });
+    }
+
+    template <typename Value>
+    void value(const DataPlace& place, const DataPath& path, const Value& expected) {
+        if (m_found) return;
+        const Value& actual = held(place.handle, expected);
+        if (sameBits(expected, actual)) return;
+        found(path, "does not hold what it was filled with",
+              [&](Mismatch& mismatch) { addValues(place.shape, expected, actual, mismatch); });
+    }
+
+    std::optional<Mismatch> take() { return std::move(m_found); }
 
 private:
-    // Of a single value or one element of an array.
-    std::optional<Mismatch> findBelow(const DataPlace& place, const DataPath& path) {
-        for (std::size_t i = 0; i < place.shape.children.size(); ++i)
-            if (auto found = find(place.child(i), DataPath(path, place.shape.children[i].name)))
-                return found;
-        return std::nullopt;
+    template <typename AddValues>
+    void found(const DataPath& path, const char* what, AddValues addValuesTo) {
+        m_found = path.mismatch(what);
+        addValuesTo(*m_found);
     }
 
-    ElementCounts::const_iterator m_next;
+    std::optional<Mismatch> m_found;
 };
 
 }  // namespace
 
-std::optional<Mismatch> findUnfilled(const DataPlace& port, const ElementCounts& counts) {
-    return Finder(counts).find(port, DataPath(port.shape.name));
+std::optional<Mismatch> findUnfilled(const FillPlan& plan, const DataPlace& port,
+                                     const FrameData& data, std::uint64_t seed) {
+    Finder finder;
+    FillWalk(finder).port(plan, port, data, seed);
+    return finder.take();
 }
 
 }  // namespace Tolvane::Tools

@@ -1,5 +1,7 @@
 #include "tools/node/GenerateData.h"
 
+#include "tools/node/LeafAccess.h"
+
 #include <string>
 
 namespace Tolvane::Tools {
@@ -34,27 +36,31 @@ std::uint64_t seedOf(std::uint64_t seed, std::uint64_t part) {
     return bits ^ (bits >> 32);
 }
 
-void generateData(const DataPlace& place, std::uint64_t seed) {
-    const auto& choices = place.shape.choices;
-    VDataHandle handle = place.handle;
-    switch (place.shape.kind) {
+std::optional<GeneratedValue> generatedValue(const DataShape& leaf, std::uint64_t seed) {
+    switch (leaf.kind) {
         case DataShape::Kind::Matrix:
-            return handle.setMatrix(matrixOf(seed));
+            return matrixOf(seed);
         case DataShape::Kind::String:
-            return handle.setString(generatedText(seed).c_str());
+            return VString(generatedText(seed).c_str());
         case DataShape::Kind::Double:
-            return handle.setDouble(numberOf(seed));
+            return numberOf(seed);
         case DataShape::Kind::Bool:
-            return handle.setBool(seed % 2 == 1);
+            return seed % 2 == 1;
         case DataShape::Kind::Int:
-            return handle.setInt(static_cast<int>(static_cast<std::uint32_t>(seed)));
+            return static_cast<int>(static_cast<std::uint32_t>(seed));
         case DataShape::Kind::Enum:
-            return handle.setShort(choices.empty() ? short{0} : choices[seed % choices.size()]);
+            return leaf.choices.empty() ? short{0} : leaf.choices[seed % leaf.choices.size()];
         case DataShape::Kind::Compound:
         case DataShape::Kind::Empty:
         case DataShape::Kind::Unknown:
-            return;
+            break;
     }
+    return std::nullopt;
+}
+
+void generateData(const DataPlace& place, std::uint64_t seed) {
+    if (const auto generated = generatedValue(place.shape, seed))
+        std::visit([&](const auto& value) { put(place.handle, value); }, *generated);
 }
 
 }  // namespace Tolvane::Tools

@@ -115,27 +115,20 @@ std::string inQuotesFrom(std::size_t begin, std::string_view text) {
 
 void addBoth(const DataPlace& expected, const DataPlace& actual, Mismatch& mismatch) {
     const VDataHandle &a = expected.handle, &b = actual.handle;
-    switch (expected.shape.kind) {
+    const DataShape& shape = expected.shape;
+    switch (shape.kind) {
         case DataShape::Kind::Matrix:
-            return addMatrices(a.asMatrix(), b.asMatrix(), mismatch);
+            return addValues(shape, a.asMatrix(), b.asMatrix(), mismatch);
         case DataShape::Kind::String:
-            return addTexts(a.asString().asChar(), b.asString().asChar(), mismatch);
+            return addValues(shape, a.asString(), b.asString(), mismatch);
         case DataShape::Kind::Double:
-            return addNumbers(a.asDouble(), b.asDouble(), mismatch);
+            return addValues(shape, a.asDouble(), b.asDouble(), mismatch);
         case DataShape::Kind::Int:
-            return addValues(a.asInt(), b.asInt(), mismatch);
+            return addValues(shape, a.asInt(), b.asInt(), mismatch);
         case DataShape::Kind::Bool:
-            mismatch.expected = truth(a.asBool());
-            mismatch.actual = truth(b.asBool());
-            mismatch.expectedValue = a.asBool();
-            mismatch.actualValue = b.asBool();
-            return;
+            return addValues(shape, a.asBool(), b.asBool(), mismatch);
         case DataShape::Kind::Enum:
-            mismatch.expected = choiceText(expected.shape, a.asShort());
-            mismatch.actual = choiceText(actual.shape, b.asShort());
-            mismatch.expectedValue = std::int64_t{a.asShort()};
-            mismatch.actualValue = std::int64_t{b.asShort()};
-            return;
+            return addValues(shape, a.asShort(), b.asShort(), mismatch);
         case DataShape::Kind::Compound:
         case DataShape::Kind::Empty:
         case DataShape::Kind::Unknown:
@@ -147,13 +140,49 @@ void addBoth(const DataPlace& expected, const DataPlace& actual, Mismatch& misma
 
 void addValues(const DataPlace& expected, const DataPlace& actual, Mismatch& mismatch) {
     const bool wasWritten = !isSpoilt(actual);
-    // No element of a matrix says more than another.
-    if (!wasWritten && actual.shape.kind == DataShape::Kind::Matrix) return;
+    if (!wasWritten && actual.shape.kind == DataShape::Kind::Matrix) {
+        // No element says more than another.
+        mismatch.expected = textOf(expected.handle.asMatrix());
+        mismatch.expectedValue = expected.handle.asMatrix();
+        return;
+    }
     addBoth(expected, actual, mismatch);
     if (wasWritten) return;
     mismatch.actual.clear();
     mismatch.difference.clear();
     mismatch.actualValue = std::monostate();
+}
+
+void addValues(const DataShape&, const VMatrix& expected, const VMatrix& actual,
+               Mismatch& mismatch) {
+    addMatrices(expected, actual, mismatch);
+}
+
+void addValues(const DataShape&, const VString& expected, const VString& actual,
+               Mismatch& mismatch) {
+    addTexts(expected.asChar(), actual.asChar(), mismatch);
+}
+
+void addValues(const DataShape&, double expected, double actual, Mismatch& mismatch) {
+    addNumbers(expected, actual, mismatch);
+}
+
+void addValues(const DataShape&, bool expected, bool actual, Mismatch& mismatch) {
+    mismatch.expected = truth(expected);
+    mismatch.actual = truth(actual);
+    mismatch.expectedValue = expected;
+    mismatch.actualValue = actual;
+}
+
+void addValues(const DataShape&, int expected, int actual, Mismatch& mismatch) {
+    addValues(expected, actual, mismatch);
+}
+
+void addValues(const DataShape& shape, short expected, short actual, Mismatch& mismatch) {
+    mismatch.expected = choiceText(shape, expected);
+    mismatch.actual = choiceText(shape, actual);
+    mismatch.expectedValue = std::int64_t{expected};
+    mismatch.actualValue = std::int64_t{actual};
 }
 
 void addValues(std::int64_t expected, std::int64_t actual, Mismatch& mismatch) {
@@ -171,6 +200,15 @@ std::string textOf(double number) {
     std::array<char, 32> digits{};
     char* end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     return std::string(digits.data(), end);
+}
+
+std::string textOf(const VMatrix& matrix) {
+    std::string text;
+    for (unsigned i = 0; i < 16; ++i) {
+        if (i > 0) text += i % 4 == 0 ? ", " : " ";
+        text += textOf(matrix[i / 4][i % 4]);
+    }
+    return text;
 }
 
 void addTexts(const std::string& expected, const std::string& actual, Mismatch& mismatch) {

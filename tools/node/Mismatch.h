@@ -1,6 +1,8 @@
 // A value that came back other than it went in, or not at all.
 #pragma once
 
+#include <OpenVornik/VMatrix.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -11,8 +13,8 @@
 
 namespace Tolvane::Tools {
 
-// Nothing, a truth value, a whole number, a number or a text.
-using LeafValue = std::variant<std::monostate, bool, std::int64_t, double, std::string>;
+// Nothing, a truth value, a whole number, a number, a text or a matrix.
+using LeafValue = std::variant<std::monostate, bool, std::int64_t, double, std::string, VMatrix>;
 
 // Both are counted from 0.
 struct MatrixPlace {
@@ -34,7 +36,7 @@ struct Mismatch {
     std::string expected;
     std::string actual;
     std::string difference;
-    // The same two, whole.
+    // The same two, whole. Of two matrices, the elements that differ first.
     LeafValue expectedValue = {};
     LeafValue actualValue = {};
     // In a matrix, the first element that differs, which the values are.

@@ -1,6 +1,7 @@
 #include "tools/node/RoundTrip.h"
 
 #include "tools/node/DataPath.h"
+#include "tools/node/FillInputs.h"
 #include "tools/node/FilledJoint.h"
 #include "tools/node/FindUnfilled.h"
 #include "tools/node/ShapeMisfit.h"
@@ -50,14 +51,14 @@ void RoundTrip::carry(const FrameData& data, const Listener& listener) {
     const std::size_t seed = m_evaluations++;
     for (PortPair& pair : m_pairs) {
         const DataPlace input = place(pair.input);
-        pair.filled = fillInput(pair.plan, input, data, seed);
+        fillInput(pair.plan, input, data, seed);
         m_data.setDirty(input.shape.plug.attribute());
         // Otherwise a value left by an earlier evaluation could pass for one that was written now.
         spoilData(place(pair.output));
     }
     m_evaluated = false;
     for (const PortPair& pair : m_pairs) m_data.inputValue(pair.output.shape.plug);
-    for (const PortPair& pair : m_pairs) judge(pair, listener);
+    for (const PortPair& pair : m_pairs) judge(pair, data, seed, listener);
 }
 
 void RoundTrip::addPorts(const Pelmor::Type& type) {
@@ -129,7 +130,8 @@ void RoundTrip::handOver(const std::vector<const Pelmor::AnyValue*>& inputs,
     for (std::size_t i = 0; i < outputs.size(); ++i) *outputs[i] = *inputs[m_sources[i]];
 }
 
-void RoundTrip::judge(const PortPair& pair, const Listener& listener) {
+void RoundTrip::judge(const PortPair& pair, const FrameData& data, std::uint64_t seed,
+                      const Listener& listener) {
     TypeResult& result = m_results[pair.result];
     const auto& input = m_node.ports()[pair.input.index];
     const auto& output = m_node.ports()[pair.output.index];
@@ -147,7 +149,7 @@ void RoundTrip::judge(const PortPair& pair, const Listener& listener) {
     // Ahead of all that may follow from it.
     if (const auto wrongSize = pair.elements.misfitOf(input.value))
         fails(pair.input.shape, *wrongSize);
-    if (auto unfilled = findUnfilled(place(pair.input), pair.filled))
+    if (auto unfilled = findUnfilled(pair.plan, place(pair.input), data, seed))
         result.comparison.addMismatch(std::move(*unfilled), typeListener);
     if (!output.translated) return fails(pair.output.shape, "was not translated");
     compareData(place(pair.input), place(pair.output), result.comparison, typeListener);

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "tools/node/CompareData.h"
-#include "tools/node/FillInputs.h"
 #include "tools/node/FillPlan.h"
 #include "tools/node/FrameData.h"
 #include "tools/node/GraphLayout.h"
@@ -16,6 +15,7 @@
 #include <TavrikGraph/Executor/GraphNode.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <set>
@@ -82,8 +82,6 @@ private:
         Port input;
         Port output;
         ElementLayout elements;
-        // What the last filling put into the input.
-        ElementCounts filled = {};
     };
 
     // The array that a skeleton is drawn from.
@@ -99,7 +97,9 @@ private:
     void findSkeleton();
     void handOver(const std::vector<const Pelmor::AnyValue*>& inputs,
                   const std::vector<Pelmor::AnyValue*>& outputs);
-    void judge(const PortPair& pair, const Listener& listener);
+    // `data` and `seed` are what the inputs were filled with.
+    void judge(const PortPair& pair, const FrameData& data, std::uint64_t seed,
+               const Listener& listener);
     DataPlace place(const Port& port);
 
     std::size_t m_inputCount = 0;

@@ -15,6 +15,8 @@ namespace {
 
 constexpr const char* kUnknown = "unknown";
 constexpr std::array kAxes{"x", "y", "z"};
+// The column at which facts stand.
+constexpr std::size_t kInfoFacts = 12;
 // What a table with its other columns leaves of a line.
 constexpr std::size_t kWidestName = 40;
 
@@ -35,10 +37,11 @@ void printAnimations(std::ostream& out, const RigInfo& info) {
 }  // namespace
 
 void printInfo(std::ostream& out, const RigInfo& info) {
-    out << "Rig         " << oneLine(info.file) << "\n"
-        << "Joints      " << grouped(info.joints) << ": " << grouped(info.bones)
-        << " bones of skins, " << grouped(info.animated) << " animated, " << grouped(info.inBetween)
-        << " in between or below\n"
+    printFact(out, "Rig", info.file, false, kInfoFacts);
+    const std::string joints = grouped(info.joints) + ": " + grouped(info.bones) +
+                               " bones of skins, " + grouped(info.animated) + " animated, " +
+                               grouped(info.inBetween) + " in between or below";
+    out << "Joints      " << wrapped(joints, kInfoFacts).substr(kInfoFacts) << "\n"
         << (info.hasSkeleton ? "" : "            no skeleton: every node taken for a joint\n")
         << "Meshes      " << grouped(info.meshes) << ", " << grouped(info.skins) << " with bones\n"
         << "Up axis     " << kAxes[info.world.upAxis] << "\n"

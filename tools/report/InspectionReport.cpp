@@ -82,10 +82,11 @@ const TypeInspection* elementOf(const TypeInspection& array, const Inspection& i
 }
 
 void printType(std::ostream& out, const TypeInspection& type, const Inspection& inspection) {
-    out << "\n" << oneLine(type.name);
-    if (type.timesNamed == 0) out << ", which the library does not name";
+    std::string behind = type.timesNamed == 0 ? ", which the library does not name" : "";
     if (type.timesNamed > 1)
-        out << ", named " << (type.timesNamed == 2 ? "twice" : grouped(type.timesNamed) + " times");
+        behind =
+            ", named " + (type.timesNamed == 2 ? "twice" : grouped(type.timesNamed) + " times");
+    out << "\n" << shortened(oneLine(type.name), kLineColumns - columnsOf(behind)) << behind;
     if (!type.isKnown) {
         out << "\n  The graph does not know it (see --types).\n";
         return;
@@ -132,9 +133,9 @@ Json jsonOf(const std::optional<AttributeTree>& tree) { return tree ? jsonOf(*tr
 
 void printInspection(std::ostream& out, const Inspection& inspection) {
     const std::size_t count = inspection.types.size();
-    out << "Library  " << oneLine(inspection.library) << "\n"
-        << "Name     " << (inspection.name.empty() ? "none" : oneLine(inspection.name)) << "\n"
-        << "Version  "
+    printFact(out, "Library", inspection.library);
+    printFact(out, "Name", inspection.name.empty() ? "none" : inspection.name);
+    out << "Version  "
         << (inspection.version.empty() ? "it does not tell"
                                        : wrapped(oneLine(inspection.version), 9).substr(9))
         << "\n"

@@ -31,6 +31,7 @@ Json jsonOf(const LeafValue& value) {
     if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
     if (const auto* truth = std::get_if<bool>(&value)) return *truth;
     if (const auto* text = std::get_if<std::string>(&value)) return *text;
+    if (const auto* matrix = std::get_if<VMatrix>(&value)) return jsonMatrix(*matrix);
     return nullptr;
 }
 

@@ -10,8 +10,6 @@
 namespace Tolvane::Tools {
 namespace {
 
-constexpr std::size_t kValueColumns = 60;
-
 const Mismatch* firstOf(const RunResult& result, const std::string& typeName) {
     for (const TypeResult& type : result.types)
         if (type.typeName == typeName && type.attributeCount == 0 && type.comparison.firstMismatch)
@@ -36,16 +34,15 @@ std::string frameOf(const FoundMismatch& found) {
     return found.frame ? "frame " + std::to_string(*found.frame) + ": " : "";
 }
 
-// Indented as a whole, and from the second line on a little more.
 void printHanging(std::ostream& out, const std::string& text, std::size_t indent) {
-    std::string lines = wrapped(oneLine(text), indent, kLineColumns - 2);
-    for (std::size_t i = lines.find('\n'); i != std::string::npos; i = lines.find('\n', i + 1))
-        lines.insert(i + 1, "  ");
-    out << lines << "\n";
+    out << hanging(oneLine(text), indent) << "\n";
 }
 
 void printValue(std::ostream& out, const char* what, const std::string& value) {
-    if (!value.empty()) out << "        " << what << shortened(value, kValueColumns) << "\n";
+    constexpr std::size_t kIndent = 8;
+    if (value.empty()) return;
+    const std::size_t hanging = kIndent + columnsOf(what);
+    out << std::string(kIndent, ' ') << what << wrapped(value, hanging).substr(hanging) << "\n";
 }
 
 void printWhole(std::ostream& out, const FoundMismatch& found) {

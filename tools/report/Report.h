@@ -1,5 +1,5 @@
-// Prints a run: for a person, first what was loaded, then a table, what was found wrong and a
-// verdict, in lines of `kLineColumns`; for a program, one JSON object.
+// Prints a run: for a person, first the verdict, then what was loaded, a table, what was found
+// wrong, and the verdict again, in lines of `kLineColumns`; for a program, one JSON object.
 #pragma once
 
 #include "tools/node/RunFrames.h"
@@ -47,8 +47,8 @@ RigSummary summarise(const Rig& rig);
 
 void printReport(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
                  const RunResult& result, const TextOptions& options);
-// What a report ends with.
-// One line, such as "PASSED: 60 evaluations, 309,960 values: all came back as they went in."
+// What a report begins and ends with: one line, such as "PASSED: 60 evaluations, 309,960 values:
+// all came back as they went in."
 std::string verdictOf(const RunResult& result);
 
 void printVerdict(std::ostream& out, const RunResult& result, const TextOptions& options);
@@ -57,10 +57,10 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
                const RunResult& result);
 
 // For a table of many rigs: its head, the row of a rig, without a line break, that of one that has
-// no findings, and what they add up to.
+// no findings, and what they add up to. Unless it is to be whole, a long path loses its beginning.
 std::string headOfRows();
-std::string rowOf(const RigSummary& rig, const RunResult& result);
-std::string rowOf(const std::string& file, const Error& error);
+std::string rowOf(const RigSummary& rig, const RunResult& result, bool wholePath = false);
+std::string rowOf(const std::string& file, const Error& error, bool wholePath = false);
 std::string sumOf(std::size_t equal, std::size_t failed, std::size_t notRun);
 // Says what the mark means that the row of a rig without a skeleton has.
 std::string noteOnSkeletons();

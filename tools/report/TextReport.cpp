@@ -17,18 +17,9 @@ namespace {
 constexpr std::size_t kMostMessages = 10;
 // The column at which facts stand, behind what they are of.
 constexpr std::size_t kFacts = 9;
-constexpr std::size_t kFactColumns = kLineColumns - kFacts;
 
-// The first line of some facts, such as "Rig      walk.bvh", and one that follows.
-void printHead(std::ostream& out, const std::string& head, const std::string& fact) {
-    out << head << std::string(kFacts - head.size(), ' ') << fact << "\n";
-}
-void printFact(std::ostream& out, const std::string& fact) { out << wrapped(fact, kFacts) << "\n"; }
-
-// A path or a name of its own; only whoever asked for more gets all of a long one.
-std::string shown(const std::string& name, const TextOptions& options) {
-    const std::string line = oneLine(name);
-    return options.verbose ? wrapped(line, kFacts).substr(kFacts) : shortened(line, kFactColumns);
+void printFurtherFact(std::ostream& out, const std::string& fact) {
+    out << wrapped(fact, kFacts) << "\n";
 }
 
 // A name within a sentence.
@@ -39,28 +30,28 @@ std::string named(const std::string& name, const TextOptions& options) {
 }
 
 void printRig(std::ostream& out, const RigSummary& rig, const TextOptions& options) {
-    printHead(out, "Rig", shown(rig.file, options));
+    printFact(out, "Rig", rig.file, options.verbose);
     std::string facts = counted(rig.joints, "joint", "joints") + " in " +
                         counted(rig.limbs, "limb", "limbs") + ", " +
                         counted(rig.frames, "frame", "frames") + " at " +
                         shortText(rig.framesPerSecond) + " per second";
     if (!rig.animation.empty()) facts += ", animation " + named(rig.animation, options);
-    printFact(out, facts);
-    if (!rig.hasSkeleton) printFact(out, "no skeleton: every node taken for a joint");
+    printFurtherFact(out, facts);
+    if (!rig.hasSkeleton) printFurtherFact(out, "no skeleton: every node taken for a joint");
     if (!options.verbose) return;
     const std::string unit =
         rig.metresPerUnit ? shortText(*rig.metresPerUnit) + " metres per unit" : "units not stated";
-    printFact(out, std::string(1, "xyz"[rig.upAxis % 3]) + " is up, " + unit);
+    printFurtherFact(out, std::string(1, "xyz"[rig.upAxis % 3]) + " is up, " + unit);
 }
 
 void printTypesAndPorts(std::ostream& out, const RunResult& result) {
-    printHead(out, "Types", counted(result.types.size(), "type", "types") + " tried:");
+    printFact(out, "Types", counted(result.types.size(), "type", "types") + " tried:");
     for (const TypeResult& type : result.types)
         out << wrapped(type.typeName + " (" +
                            counted(type.attributeCount, "attribute", "attributes") + ")",
                        kFacts + 2)
             << "\n";
-    printHead(out, "Ports", counted(result.portNames.size(), "port", "ports") + " added:");
+    printFact(out, "Ports", counted(result.portNames.size(), "port", "ports") + " added:");
     out << wrapped(joined(result.portNames), kFacts + 2) << "\n";
 }
 
@@ -125,9 +116,11 @@ std::string findingsOf(const RunResult& result) {
 
 void printReport(std::ostream& out, const PluginSummary& plugin, const RigSummary& rig,
                  const RunResult& result, const TextOptions& options) {
-    printHead(out, "Library", shown(plugin.path, options));
-    printFact(out, named(plugin.name, options) + ", " +
-                       counted(plugin.typeNames.size(), "type", "types"));
+    printVerdict(out, result, options);
+    out << "\n";
+    printFact(out, "Library", plugin.path, options.verbose);
+    printFurtherFact(out, named(plugin.name, options) + ", " +
+                              counted(plugin.typeNames.size(), "type", "types"));
     printRig(out, rig, options);
     if (options.verbose) printTypesAndPorts(out, result);
     out << "\n";

@@ -9,9 +9,10 @@
 
 #include <OpenVornik/VArrayDataHandle.h>
 
-#include <iomanip>
+#include <algorithm>
+#include <array>
+#include <numeric>
 #include <ostream>
-#include <sstream>
 
 namespace Tolvane::Tools {
 namespace {
@@ -20,12 +21,15 @@ using Kind = DataShape::Kind;
 
 // Of an array, so many elements are shown to a person.
 constexpr std::size_t kMostElements = 8;
+// Between the numbers of a matrix.
+constexpr std::size_t kMatrixGap = 2;
 
-std::string rowOf(const VMatrix& matrix, unsigned row) {
-    std::ostringstream text;
-    for (unsigned column = 0; column < 4; ++column)
-        text << std::setw(13) << shortText(matrix[row][column]);
-    return text.str();
+using Cells = std::array<std::array<std::string, 4>, 4>;
+
+Cells cellsOf(const VMatrix& matrix) {
+    Cells cells;
+    for (unsigned i = 0; i < 16; ++i) cells[i / 4][i % 4] = textOf(matrix[i / 4][i % 4]);
+    return cells;
 }
 
 std::string choiceText(const DataPlace& place) {
@@ -101,20 +105,28 @@ private:
 
     void printMatrix(const DataPlace& place, const std::string& name, std::size_t depth) {
         line(depth, name, "");
-        const VMatrix& matrix = place.handle.asMatrix();
-        for (unsigned row = 0; row < 4; ++row) line(depth + 1, "", rowOf(matrix, row));
+        const Cells cells = cellsOf(place.handle.asMatrix());
+        std::array<std::size_t, 4> widths{};
+        for (const auto& row : cells)
+            for (std::size_t i = 0; i < 4; ++i) widths[i] = std::max(widths[i], row[i].size());
+        const std::size_t indent = 2 * (depth + 1);
+        const std::size_t all =
+            std::accumulate(widths.begin(), widths.end(), indent + 3 * kMatrixGap);
+        // Numbers with all their digits may need two lines for a row.
+        const std::size_t inLine = all <= kLineColumns ? 4 : 2;
+        for (const auto& row : cells)
+            for (std::size_t i = 0; i < 4; ++i) {
+                const bool begins = i % inLine == 0, ends = (i + 1) % inLine == 0;
+                const std::size_t before = !begins  ? kMatrixGap
+                                           : i == 0 ? indent
+                                                    : indent + kMatrixGap;
+                m_out << std::string(before + widths[i] - row[i].size(), ' ') << row[i]
+                      << (ends ? "\n" : "");
+            }
     }
 
     std::ostream& m_out;
 };
-
-Json jsonOf(const VMatrix& matrix) {
-    Json rows = Json::array();
-    for (unsigned i = 0; i < 4; ++i)
-        rows.push_back({jsonNumber(matrix[i][0]), jsonNumber(matrix[i][1]),
-                        jsonNumber(matrix[i][2]), jsonNumber(matrix[i][3])});
-    return rows;
-}
 
 Json jsonOf(const FoundData& found);
 
@@ -142,7 +154,7 @@ Json jsonOf(const FoundData& found) {
             return children;
         }
         case Kind::Matrix:
-            return jsonOf(place.handle.asMatrix());
+            return jsonMatrix(place.handle.asMatrix());
         case Kind::String:
             return place.handle.asString().asChar();
         case Kind::Double:
@@ -163,9 +175,10 @@ Json jsonOf(const FoundData& found) {
 }  // namespace
 
 void printValues(std::ostream& out, const ValueReport& report, const FoundData& found) {
-    out << "Library  " << oneLine(report.library) << "\n"
-        << "Data     " << oneLine(report.data) << "\n"
-        << "Type     " << oneLine(report.typeName) << "\n\n";
+    printFact(out, "Library", report.library);
+    printFact(out, "Data", report.data);
+    printFact(out, "Type", report.typeName);
+    out << "\n";
     Tree(out).print(found, report.path.empty() ? "port" : report.path, 0);
     for (const std::string& message : report.messages)
         out << "\n" << wrapped("The host displayed: " + oneLine(message), 0) << "\n";

@@ -1,9 +1,21 @@
 #include "tools/report/Words.h"
 
+#include "tools/support/Columns.h"
+#include "tools/support/OneLine.h"
+
 #include <ios>
+#include <ostream>
 #include <sstream>
 
 namespace Tolvane::Tools {
+
+void printFact(std::ostream& out, const std::string& head, const std::string& name, bool whole,
+               std::size_t column) {
+    const std::string line = oneLine(name);
+    out << head << std::string(column - head.size(), ' ')
+        << (whole ? wrapped(line, column).substr(column) : shortened(line, kLineColumns - column))
+        << "\n";
+}
 
 std::string grouped(std::size_t number) {
     std::string digits = std::to_string(number);

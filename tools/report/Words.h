@@ -3,10 +3,16 @@
 
 #include <chrono>
 #include <cstddef>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
 namespace Tolvane::Tools {
+
+// A line such as "Rig      walk.bvh", where `column` is that of the name. A name that is too long
+// loses its middle or, if it is to be whole, goes on in further lines.
+void printFact(std::ostream& out, const std::string& head, const std::string& name,
+               bool whole = false, std::size_t column = 9);
 
 // 1234567 as "1,234,567".
 std::string grouped(std::size_t number);

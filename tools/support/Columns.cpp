@@ -36,6 +36,8 @@ bool isIn(const Range (&ranges)[kCount], char32_t code) {
                        [code](Range range) { return range.first <= code && code <= range.last; });
 }
 
+constexpr std::string_view kLeftOut = "...";
+
 constexpr Character kNoCharacter{1, 1, false};
 
 std::size_t columnsOf(char32_t code) {
@@ -84,14 +86,20 @@ std::size_t bytesWithin(std::string_view text, std::size_t columns) {
 }
 
 std::string shortened(std::string_view text, std::size_t columns) {
-    constexpr std::string_view kLeftOut = "...";
+    if (columnsOf(text) <= columns) return std::string(text);
+    const std::string_view begin =
+        text.substr(0, bytesWithin(text, (columns - kLeftOut.size()) / 2));
+    return std::string(begin) +
+           endOf(text.substr(begin.size()), columns - (columns - kLeftOut.size()) / 2);
+}
+
+std::string endOf(std::string_view text, std::size_t columns) {
     if (columnsOf(text) <= columns) return std::string(text);
     const std::size_t kept = columns - kLeftOut.size();
-    const std::string_view begin = text.substr(0, bytesWithin(text, kept / 2));
-    std::string_view end = text.substr(begin.size());
-    for (std::size_t left = columnsOf(end); left > kept - kept / 2; left = columnsOf(end))
-        end.remove_prefix(bytesWithin(end, std::max<std::size_t>(left - (kept - kept / 2), 1)));
-    return std::string(begin) + std::string(kLeftOut) + std::string(end);
+    std::string_view end = text;
+    for (std::size_t left = columnsOf(end); left > kept; left = columnsOf(end))
+        end.remove_prefix(bytesWithin(end, std::max<std::size_t>(left - kept, 1)));
+    return std::string(kLeftOut) + std::string(end);
 }
 
 std::string wrapped(std::string_view text, std::size_t indent, std::size_t columns) {
@@ -116,6 +124,14 @@ std::string wrapped(std::string_view text, std::size_t indent, std::size_t colum
         line += word;
     }
     if (!line.empty() || lines.empty()) endLine();
+    return lines;
+}
+
+std::string hanging(std::string_view text, std::size_t indent, std::size_t columns) {
+    constexpr std::size_t kMore = 2;
+    std::string lines = wrapped(text, indent, columns - kMore);
+    for (std::size_t i = lines.find('\n'); i != std::string::npos; i = lines.find('\n', i + 1))
+        lines.insert(i + 1, kMore, ' ');
     return lines;
 }
 

@@ -32,8 +32,15 @@ std::size_t bytesWithin(std::string_view text, std::size_t columns);
 // Text that takes more than `columns`, which are at least 5, loses its middle: "Rigging::...Pins".
 std::string shortened(std::string_view text, std::size_t columns);
 
+// Text that takes more loses its beginning: "...legs/walk.bvh". What tells files of one folder
+// apart is at their ends.
+std::string endOf(std::string_view text, std::size_t columns);
+
 // Breaks text at blanks into lines of at most `columns`, indent included. A word that is longer is
 // broken anywhere.
 std::string wrapped(std::string_view text, std::size_t indent, std::size_t columns = kLineColumns);
+
+// The same with the lines from the second on indented a little more.
+std::string hanging(std::string_view text, std::size_t indent, std::size_t columns = kLineColumns);
 
 }  // namespace Tolvane::Tools

@@ -31,6 +31,7 @@ public:
                            const HostContext& context) const noexcept override {
         if (hasFault("reads nothing") && isPort(context, "inPins")) return false;
         if (hasFault("empties what it reads") && isPort(context, "inPins")) emptyNames(context);
+        if (hasFault("blanks what it reads") && isPort(context, "inPins")) blankPins(context);
         return plugin().translateFromHost(type, value, context);
     }
 
@@ -100,6 +101,16 @@ private:
         VArrayDataBuilder builder = names.builder();
         for (unsigned i = 0; i < names.elementCount(); ++i) builder.removeElement(i);
         names.set(builder);
+    }
+
+    static void blankPins(const HostContext& context) {
+        const VDataHandle pins = context.dataBlock->outputValue(*context.plug);
+        VArrayDataHandle names(pins.child(context.plug->child(0)));
+        VArrayDataHandle matrices(pins.child(context.plug->child(1)));
+        for (unsigned i = names.elementCount(); i > 0; --i, names.next(), matrices.next()) {
+            names.outputValue().setString("");
+            matrices.outputValue().asMatrix() = VMatrix();
+        }
     }
 
     TypeTranslation& plugin() const { return m_library.translation(); }
