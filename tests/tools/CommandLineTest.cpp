@@ -45,8 +45,8 @@ const std::map<std::string, std::set<std::string>> kOptions{
     {"inspect", wordsOf("-h --help --plugin --types --json -q --quiet --memory-limit --time-limit "
                         "-V --version")},
     {"trace", wordsOf("-h --help --generated --elements --seed --port --frame --fps --animation "
-                      "--root --direction --fail --format --json -q --quiet --plugin --types "
-                      "--memory-limit --time-limit -V --version")},
+                      "--root --direction --fail --format --json -q --quiet --verbose --plugin "
+                      "--types --memory-limit --time-limit -V --version")},
     {"show", wordsOf("-h --help --port --frame --fps --animation --root --json -q --quiet --plugin "
                      "--types --memory-limit --time-limit -V --version")}};
 

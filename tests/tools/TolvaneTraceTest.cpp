@@ -1,7 +1,10 @@
 // `tolvane trace` from outside.
+#include "tests/tools/FittingLines.h"
 #include "tests/tools/TolvaneRun.h"
-#include "tools/support/Columns.h"
+#include "tools/report/TraceReport.h"
 
+#include <algorithm>
+#include <chrono>
 #include <map>
 #include <sstream>
 
@@ -11,6 +14,7 @@
 
 namespace {
 
+using namespace Tolvane::Tools;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::Field;
@@ -45,7 +49,7 @@ std::string callInWords(const Json& call) {
            (call["result"].is_null() ? "" : " = " + call["result"].get<std::string>());
 }
 
-std::vector<std::string> callsOf(const Json& translation) {
+std::vector<std::string> callsIn(const Json& translation) {
     std::vector<std::string> calls;
     for (const Json& call : translation["calls"]) calls.push_back(callInWords(call));
     return calls;
@@ -54,7 +58,7 @@ std::vector<std::string> callsOf(const Json& translation) {
 TEST_F(TolvaneTrace, ListsEveryCallInOrderWithWhatItGave) {
     const Json trace = traced({rig(), "--port", kPins, "--direction", "in"});
     ASSERT_THAT(trace["translations"], SizeIs(1));
-    const std::vector<std::string> calls = callsOf(trace["translations"][0]);
+    const std::vector<std::string> calls = callsIn(trace["translations"][0]);
     const std::vector<std::string> beginning(calls.begin(), calls.begin() + 9);
     EXPECT_THAT(beginning,
                 ElementsAre("inputValue node = data", "child in = in.names", "child in = data",
@@ -67,7 +71,7 @@ TEST_F(TolvaneTrace, ListsEveryCallInOrderWithWhatItGave) {
 TEST_F(TolvaneTrace, FollowsAWriterIntoTheElementsThatItAdds) {
     const Json trace = traced({"--generated", std::string("array<") + kPins + ">", "--elements",
                                "2", "--direction", "out"});
-    const std::vector<std::string> calls = callsOf(trace["translations"][0]);
+    const std::vector<std::string> calls = callsIn(trace["translations"][0]);
     EXPECT_THAT(calls, Contains("elementCount out = 0"));
     EXPECT_THAT(calls, Contains("addElement out = data").Times(2));
     EXPECT_THAT(calls, Contains("elementCount out[].names = 0").Times(2));
@@ -90,22 +94,33 @@ TEST_F(TolvaneTrace, TracesAllTypesInBothDirectionsUnlessAskedOtherwise) {
     using Counts = std::map<std::string, std::size_t>;
     EXPECT_EQ(directions({}), (Counts{{"in", 14}, {"out", 14}}));
     EXPECT_EQ(directions({"--port", kPins}), (Counts{{"in", 1}, {"out", 1}}));
-    EXPECT_EQ(directions({"--direction", "in"}), (Counts{{"in", 14}}));
-    EXPECT_EQ(directions({"--direction", "out"}), (Counts{{"out", 14}}));
+    for (const char* direction : {"in", "out"})
+        EXPECT_EQ(directions({"--port", kPins, "--direction", direction}),
+                  (Counts{{direction, 1}}));
+}
+
+std::int64_t timeOfCallsOf(const Json& translation) {
+    std::int64_t time = 0;
+    for (const Json& call : translation["calls"]) time += call["ns"].get<std::int64_t>();
+    return time;
 }
 
 TEST_F(TolvaneTrace, SumsUpWhatTheCallsAndTheRestTake) {
     const Json trace = traced({rig()});
-    std::int64_t calls = 0, timeOfCalls = 0, outside = 0;
+    std::int64_t calls = 0, timeOfCalls = 0, inKnown = 0, outside = 0;
     std::size_t number = 0;
     for (const Json& translation : trace["translations"]) {
-        EXPECT_GT(translation["ns"], 0);
-        EXPECT_LE(translation["nsOutside"], translation["ns"]);
-        outside += translation["nsOutside"].get<std::int64_t>();
-        for (const Json& call : translation["calls"]) {
-            EXPECT_EQ(call["number"], ++number);
-            timeOfCalls += call["ns"].get<std::int64_t>();
+        const std::int64_t time = timeOfCallsOf(translation);
+        timeOfCalls += time;
+        if (const Json& rest = translation["nsOutside"]; rest.is_null()) {
+            EXPECT_LE(time, translation["ns"]);
+        } else {
+            EXPECT_GT(rest, 0);
+            EXPECT_EQ(time + rest.get<std::int64_t>(), translation["ns"]);
+            inKnown += time;
+            outside += rest.get<std::int64_t>();
         }
+        for (const Json& call : translation["calls"]) EXPECT_EQ(call["number"], ++number);
     }
     for (const Json& operation : trace["operations"]) {
         calls += operation["calls"].get<std::int64_t>();
@@ -113,8 +128,23 @@ TEST_F(TolvaneTrace, SumsUpWhatTheCallsAndTheRestTake) {
     }
     EXPECT_EQ(calls, number);
     EXPECT_EQ(timeOfCalls, 0);
+    EXPECT_GT(outside, 0);
     EXPECT_EQ(trace["nsOutside"], outside);
+    EXPECT_EQ(trace["nsOfCalls"], inKnown);
     EXPECT_EQ(trace["ok"], true);
+}
+
+TEST_F(TolvaneTrace, ShowsWhatIsWrittenToTheAttributeOnTheWayOut) {
+    const Json trace = traced({rig(), "--frame", "2", "--port", kPins, "--direction", "out"});
+    std::vector<std::string> written;
+    for (const Json& call : trace["translations"][0]["calls"])
+        if (!call["written"].is_null()) written.push_back(call["written"]);
+    // The names are arguments of the calls that set them.
+    ASSERT_THAT(written, SizeIs(5));
+    EXPECT_EQ(written[0], "1 0 0 0, 0 1 0 0, 0 0 1 0, 2 10 0 1");
+    EXPECT_EQ(written[4], "1 0 0 0, 0 1 0 0, 0 0 1 0, 1 9 0 1");
+    EXPECT_THAT(runTolvane({"trace", rig(), "--port", kPins, "--verbose"}).output,
+                HasSubstr("VDataHandle::asMatrix on out.matrices[] <- 1 0 0"));
 }
 
 TEST_F(TolvaneTrace, ShowsWhatFollowsACallThatFails) {
@@ -166,11 +196,58 @@ TEST_F(TolvaneTrace, PrintsALineForEachCallIndentedByMember) {
     EXPECT_THAT(output, HasSubstr(" ns  VPlug::child(0) on in = in.names\n"));
     EXPECT_THAT(output, HasSubstr(" ns    VArrayDataHandle::elementCount on in.names = 3\n"));
     EXPECT_THAT(output, HasSubstr("outside host calls"));
-    std::istringstream lines(output);
-    std::string line;
-    // The path of the library is shown whole.
-    std::getline(lines, line);
-    while (std::getline(lines, line)) EXPECT_LE(Tolvane::Tools::columnsOf(line), 80U) << line;
+    expectLinesThatFit(output);
+}
+
+// Without the blanks that lines begin with and are broken at.
+std::string withoutBlanks(std::string text) {
+    const auto isBlank = [](char character) { return character == ' ' || character == '\n'; };
+    text.erase(std::remove_if(text.begin(), text.end(), isBlank), text.end());
+    return text;
+}
+
+// However deep a member is and however long it and its value are.
+TEST(TraceText, CutsValuesAndNamesButNoOperation) {
+    const std::string operation = "VArrayDataHandle::jumpToArrayElement",
+                      wide = "左腕左腕左腕左腕左腕";
+    const std::string subject = "in." + wide + wide + wide + wide, argument(90, 'a');
+    const std::string value = "0.9998476951563913 -0.017452406437283512 0 0, " + wide + wide;
+    TracedTranslation translation{"Type", true};
+    for (std::size_t depth = 0; depth < 40; ++depth) {
+        TracedCall& call = translation.calls.emplace_back(
+            TracedCall{{operation, subject, 65'536, argument}, depth});
+        call.answer = HostMirror::Answer{value, std::chrono::nanoseconds(1)};
+    }
+    const TraceReport report{std::string(200, 'l'), wide + subject, {translation}};
+    for (const bool verbose : {false, true}) {
+        std::ostringstream text;
+        printTrace(text, report, verbose);
+        expectLinesThatFit(text.str());
+        const std::string whole = withoutBlanks(text.str());
+        const auto count = [&](const std::string& part) {
+            std::size_t found = 0;
+            for (auto at = whole.find(withoutBlanks(part)); at != std::string::npos;
+                 at = whole.find(withoutBlanks(part), at + 1))
+                ++found;
+            return found;
+        };
+        EXPECT_GE(count(operation), 40U);
+        for (const std::string& part : {subject, argument, value, report.library, report.data})
+            EXPECT_EQ(count(part) > 0, verbose) << part;
+    }
+}
+
+TEST_F(TolvaneTrace, ShowsAsMuchOfAValueAsTheLineHolds) {
+    const std::vector<std::string> arguments{
+        "trace", WALK, "--port", "Core::Transform::Transform", "--direction", "in"};
+    std::istringstream lines(runTolvane(arguments).output);
+    std::size_t matrices = 0;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find("VDataHandle::asMatrix on in.matrix") == std::string::npos) continue;
+        ++matrices;
+        EXPECT_GT(line.size(), 70U) << line;
+    }
+    EXPECT_EQ(matrices, 8U);
 }
 
 TEST_F(TolvaneTrace, RefusesWhatMakesNoSense) {

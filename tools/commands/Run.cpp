@@ -63,7 +63,7 @@ Command addRun(CLI::App& app) {
         ->option_text("OUT.html");
     run.add_flag("--json", arguments->json, "Print one JSON object instead of the report");
     CLI::Option* quiet = addQuiet(run, arguments->quiet);
-    run.add_flag("--verbose", arguments->verbose, "Name all types and ports, and shorten no name")
+    run.add_flag("--verbose", arguments->verbose, "Shorten nothing, and leave nothing out")
         ->option_text(" ")
         ->excludes(quiet);
     addPlugin(run, arguments->plugin);

@@ -32,6 +32,7 @@ struct TraceArguments {
     std::optional<std::string> format;
     bool json = false;
     bool quiet = false;
+    bool verbose = false;
     std::string plugin;
     std::optional<std::string> types;
     Limits limits;
@@ -44,7 +45,7 @@ std::string textOf(const TraceReport& report, const TraceArguments& arguments) {
     else if (arguments.format == "trace-event")
         printTraceEvents(text, report);
     else if (!arguments.quiet)
-        printTrace(text, report);
+        printTrace(text, report, arguments.verbose);
     // What was made to fail may.
     if (arguments.format == "text" && !arguments.fail) text << verdictOf(report);
     return text.str();
@@ -136,7 +137,10 @@ Command addTrace(CLI::App& app) {
         ->option_text("FORMAT")
         ->check(CLI::IsMember({"text", "json", "trace-event"}));
     trace.add_flag("--json", arguments->json, "The same as --format json");
-    addQuiet(trace, arguments->quiet);
+    CLI::Option* quiet = addQuiet(trace, arguments->quiet);
+    trace.add_flag("--verbose", arguments->verbose, "Shorten nothing, and leave nothing out")
+        ->option_text(" ")
+        ->excludes(quiet);
     addPlugin(trace, arguments->plugin);
     addTypes(trace, arguments->types);
     addLimits(trace, arguments->limits);

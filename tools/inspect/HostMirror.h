@@ -1,6 +1,6 @@
-// Repeats host calls on another node of the same shape, call by call, and so learns what each gives
-// and how long it takes: who watches the calls of a host is told of them before they are made, and
-// not of their ends.
+// Repeats host calls on another node of the same shape, call by call or all in a row, and so learns
+// what each gives and how long they take: who watches the calls of a host is told of them before
+// they are made, and not of their ends.
 #pragma once
 
 #include <OpenVornik/VArrayDataBuilder.h>
@@ -11,10 +11,12 @@
 #include <OpenVornik/VPlug.h>
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tolvane::Tools {
 
@@ -34,15 +36,25 @@ public:
     struct Answer {
         // As text; empty if the call gives nothing.
         std::string result;
-        // Of the call alone.
+        // Of the call by itself, which is more than in a row with others.
         std::chrono::nanoseconds duration;
     };
+
+    // A call that is ready to be repeated. `Tell` gives as text what the call gave; the others give
+    // none, and `Nothing` only takes the time that it takes to come to the call.
+    enum class Do { Call, Tell, Nothing };
+    using Step = std::function<std::string(Do)>;
 
     // `node` has the same ports as the node whose calls are repeated, and the same data.
     explicit HostMirror(const VObject& node);
 
     // Nothing for a call that cannot be repeated, such as one that shows a message.
     std::optional<Answer> repeat(const ObservedCall& call);
+    // Calls are repeated in their order, each once, while the mirror lasts. An empty step for one
+    // that cannot be.
+    Step prepare(const ObservedCall& call);
+    // Repeats them all, one right behind the other.
+    static std::chrono::nanoseconds durationOf(const std::vector<Step>& steps);
     // Notes that a call was not carried out.
     void fail(const ObservedCall& call);
 
@@ -56,36 +68,13 @@ public:
     VObject attribute(const std::string& name) const;
     const VObject& node() const noexcept { return m_node; }
 
-    // Calls `work`, returns what it does, and measures how long that takes.
-    template <typename Work>
-    decltype(auto) timed(const Work& work) {
-        const Timer timer(m_duration);
-        return work();
-    }
-
 private:
-    using Clock = std::chrono::steady_clock;
-
-    class Timer {
-    public:
-        explicit Timer(std::chrono::nanoseconds& duration)
-            : m_duration(duration), m_begin(Clock::now()) {}
-        Timer(const Timer&) = delete;
-        Timer& operator=(const Timer&) = delete;
-        ~Timer() { m_duration = Clock::now() - m_begin; }
-
-    private:
-        std::chrono::nanoseconds& m_duration;
-        Clock::time_point m_begin;
-    };
-
     VPlug findPlug(const std::string& name) const;
 
     VObject m_node;
     VDataBlock m_data;
-    std::chrono::nanoseconds m_duration{};
-    // What `timed` measures where nothing is done.
-    std::chrono::nanoseconds m_overhead{};
+    // What is measured where nothing is done.
+    std::chrono::nanoseconds m_overhead;
     std::map<std::string, VPlug> m_plugs;
     std::map<std::string, VDataHandle> m_handles;
     std::map<std::string, VArrayDataHandle> m_arrays;

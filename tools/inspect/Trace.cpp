@@ -7,6 +7,7 @@
 #include <OpenVornik/VErrorListener.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string_view>
 #include <tuple>
@@ -25,8 +26,12 @@ using Nodes = std::vector<std::unique_ptr<TypedNode>>;
 using Durations = std::vector<std::chrono::nanoseconds>;
 
 constexpr std::size_t kTimes = 9;
+// What is over soon is measured more often, for it is disturbed more.
+constexpr std::size_t kFewCalls = 5'000;
+constexpr std::size_t kTimesOfFew = 99;
 
-std::chrono::nanoseconds median(Durations durations) {
+std::optional<std::chrono::nanoseconds> median(Durations durations) {
+    if (durations.empty()) return std::nullopt;
     const auto middle = durations.begin() + static_cast<std::ptrdiff_t>(durations.size() / 2);
     std::nth_element(durations.begin(), middle, durations.end());
     return *middle;
@@ -137,6 +142,17 @@ bool givesPlaceToWrite(const TracedTranslation& traced, const ObservedCall& call
     return !traced.isInput && call.operation.compare(0, kAccessor.size(), kAccessor) == 0;
 }
 
+// What is where a translation has written, each place found by the calls that led to it. They
+// change nothing: the elements that they add are there by now.
+void addWritten(TracedTranslation& traced, const VObject& node) {
+    if (traced.isInput || !traced.wasTranslated) return;
+    HostMirror mirror(node);
+    for (TracedCall& call : traced.calls) {
+        const auto answer = mirror.repeat(call.call);
+        if (answer && givesPlaceToWrite(traced, call.call)) call.written = answer->result;
+    }
+}
+
 // Once nobody watches any more, which would take most of the time.
 void addAnswers(TracedTranslation& traced, const VObject& twin) {
     HostMirror mirror(twin);
@@ -178,6 +194,7 @@ Trace traceOnce(const TracedLibrary& library, const std::vector<Pelmor::Type>& t
         library.process.noticePrints();
         library.process.enter(Stage::Usage);
         addAnswers(traced, twins[i]->hostNode());
+        if (!options.fail) addWritten(traced, nodes[i]->hostNode());
         before += traced.calls.size();
     });
     return trace;
@@ -199,6 +216,25 @@ Durations durationsOnce(const TracedLibrary& library, const std::vector<Pelmor::
     return durations;
 }
 
+// Of the calls of each, one right behind the other without the library; nothing where one of them
+// cannot be repeated.
+std::vector<std::optional<std::chrono::nanoseconds>> durationsOfCallsOnce(
+    const TracedLibrary& library, const std::vector<Pelmor::Type>& types, const FillPort& fill,
+    const Trace& trace) {
+    const Nodes nodes = nodesOf(library, types, fill);
+    std::vector<std::optional<std::chrono::nanoseconds>> durations;
+    for (const TracedTranslation& traced : trace) {
+        // All types on their way in, then all on their way out.
+        HostMirror mirror(nodes[durations.size() % nodes.size()]->hostNode());
+        std::vector<HostMirror::Step> steps;
+        for (const TracedCall& call : traced.calls)
+            if (HostMirror::Step step = mirror.prepare(call.call)) steps.push_back(std::move(step));
+        durations.emplace_back();
+        if (steps.size() == traced.calls.size()) durations.back() = HostMirror::durationOf(steps);
+    }
+    return durations;
+}
+
 // The calls of an evaluation are the same each time, unless the library decides otherwise.
 bool haveSameCalls(const Trace& a, const Trace& b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -216,8 +252,34 @@ void takeMedians(Trace& trace, const std::vector<Trace>& others) {
             for (const Trace& other : others)
                 if (const auto& same = other[i].calls[j].answer)
                     durations.push_back(same->duration);
-            answer->duration = median(std::move(durations));
+            answer->duration = median(std::move(durations)).value();
         }
+}
+
+// Calls that were timed by themselves get their share of what they take together.
+void share(std::chrono::nanoseconds whole, TracedTranslation& traced) {
+    const auto weightOf = [](const TracedCall& call) {
+        return call.answer ? std::max(1.0, static_cast<double>(call.answer->duration.count())) : 0;
+    };
+    double all = 0, soFar = 0;
+    for (const TracedCall& call : traced.calls) all += weightOf(call);
+    std::chrono::nanoseconds given{};
+    for (TracedCall& call : traced.calls) {
+        if (!call.answer) continue;
+        soFar += weightOf(call);
+        const std::chrono::nanoseconds upTo(
+            std::llround(static_cast<double>(whole.count()) * (soFar / all)));
+        call.answer->duration = upTo - given;
+        given = upTo;
+    }
+}
+
+void addDurations(std::chrono::nanoseconds whole, std::optional<std::chrono::nanoseconds> ofCalls,
+                  TracedTranslation& traced) {
+    traced.duration = whole;
+    const bool isKnown = ofCalls && ofCalls->count() > 0 && *ofCalls < whole;
+    if (isKnown) traced.durationOutside = whole - *ofCalls;
+    share(isKnown ? *ofCalls : std::min(traced.durationOfCalls(), whole), traced);
 }
 
 }  // namespace
@@ -227,11 +289,6 @@ std::chrono::nanoseconds TracedTranslation::durationOfCalls() const {
     for (const TracedCall& call : calls)
         if (call.answer) sum += call.answer->duration;
     return sum;
-}
-
-std::optional<std::chrono::nanoseconds> TracedTranslation::durationOutside() const {
-    if (!duration) return std::nullopt;
-    return std::max(*duration - durationOfCalls(), std::chrono::nanoseconds::zero());
 }
 
 std::vector<TracedTranslation> traceEvaluation(const TracedLibrary& library,
@@ -245,18 +302,23 @@ std::vector<TracedTranslation> traceEvaluation(const TracedLibrary& library,
                     "--fail " + std::to_string(*options.fail) + ": there are only " +
                         std::to_string(callsOf(trace)) + " calls");
     std::vector<Trace> others;
-    std::vector<Durations> durations(trace.size());
     for (std::size_t time = 0; time < kTimes; ++time) {
         Trace other = traceOnce(library, types, fill, options);
         if (haveSameCalls(trace, other)) others.push_back(std::move(other));
-        if (options.fail) continue;
+    }
+    std::vector<Durations> durations(trace.size()), ofCalls(trace.size());
+    const std::size_t times = callsOf(trace) < kFewCalls ? kTimesOfFew : kTimes;
+    for (std::size_t time = 0; time < times && !options.fail; ++time) {
         const Durations once = durationsOnce(library, types, fill, options);
-        for (std::size_t i = 0; i < trace.size(); ++i) durations[i].push_back(once[i]);
+        const auto ofCallsOnce = durationsOfCallsOnce(library, types, fill, trace);
+        for (std::size_t i = 0; i < trace.size(); ++i) {
+            durations[i].push_back(once[i]);
+            if (ofCallsOnce[i]) ofCalls[i].push_back(*ofCallsOnce[i]);
+        }
     }
     takeMedians(trace, others);
-    if (!options.fail)
-        for (std::size_t i = 0; i < trace.size(); ++i)
-            trace[i].duration = median(std::move(durations[i]));
+    for (std::size_t i = 0; i < trace.size() && !options.fail; ++i)
+        addDurations(median(durations[i]).value(), median(ofCalls[i]), trace[i]);
     return trace;
 }
 

@@ -21,10 +21,12 @@ struct TracedCall {
     ObservedCall call;
     // How deep below the port it is: in members and elements.
     std::size_t depth;
-    // What it gave, and how long it took by itself. Nothing where that cannot be known: for a call
-    // that `HostMirror` cannot repeat, and one that was made to fail.
+    // What it gave, and how long it took. Nothing where that cannot be known: for a call that
+    // `HostMirror` cannot repeat, and one that was made to fail.
     std::optional<HostMirror::Answer> answer = {};
     bool wasMadeToFail = false;
+    // Of a place that it gave to be written to, what that holds after a translation that went well.
+    std::optional<std::string> written = {};
 };
 
 // The way of one value into or out of the graph.
@@ -39,10 +41,12 @@ struct TracedTranslation {
     std::vector<TracedCall> calls = {};
     // All of it, as it runs unwatched. Nothing where a call of the trace is made to fail.
     std::optional<std::chrono::nanoseconds> duration = {};
+    // What the library does between the calls: how much less the calls take in a row without it.
+    // Nothing where that is not known, or is too little to be measured.
+    std::optional<std::chrono::nanoseconds> durationOutside = {};
 
-    // Of the calls, and of what the library does between them; nothing where that is not known.
+    // They make up `duration` together with `durationOutside`, and are no more than it without.
     std::chrono::nanoseconds durationOfCalls() const;
-    std::optional<std::chrono::nanoseconds> durationOutside() const;
 };
 
 struct TraceOptions {

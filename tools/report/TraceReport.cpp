@@ -7,9 +7,7 @@
 #include "tools/support/OneLine.h"
 
 #include <algorithm>
-#include <iomanip>
 #include <ostream>
-#include <sstream>
 
 namespace Tolvane::Tools {
 namespace {
@@ -18,8 +16,11 @@ using Nanoseconds = std::chrono::nanoseconds;
 
 constexpr std::size_t kNumberColumns = 7;
 constexpr std::size_t kTimeColumns = 10;
-constexpr std::size_t kArgumentColumns = 24;
 constexpr const char* kOutside = "outside host calls";
+// Members that lie deeper are not indented any further, so that every operation fits its line.
+constexpr std::size_t kDeepest = 10;
+// To which values and names are cut at most.
+constexpr std::size_t kLeastColumns = 10;
 
 std::string percentOf(Nanoseconds part, Nanoseconds whole) {
     if (whole.count() == 0) return "";
@@ -33,28 +34,60 @@ std::string toTheRight(const std::string& text, std::size_t columns) {
     return std::string(columns > taken ? columns - taken : 0, ' ') + text;
 }
 
-// "VPlug::child(0) on in = in.names"
-std::string callInWords(const TracedCall& traced) {
+// "VPlug::child(0) on in = in.names". Only what stands behind the operation is ever cut.
+struct CallText {
+    std::string operation;
+    std::string given = {};
+    std::string subject = {};
+    std::string sign = {};
+    std::string value = {};
+
+    std::string whole() const {
+        return operation + (given.empty() ? "" : "(" + given + ")") +
+               (subject.empty() ? "" : " on " + subject) + sign + value;
+    }
+};
+
+CallText callTextOf(const TracedCall& traced) {
     const ObservedCall& call = traced.call;
-    std::string given = call.index < 0 ? "" : std::to_string(call.index);
-    if (!call.argument.empty()) given += (given.empty() ? "" : ", ") + call.argument;
-    std::string text = call.operation;
-    if (!given.empty()) text += "(" + shortened(oneLine(given), kArgumentColumns) + ")";
-    if (!call.subject.empty()) text += " on " + call.subject;
-    if (traced.wasMadeToFail) return text + " MADE TO FAIL";
-    if (traced.answer && !traced.answer->result.empty())
-        text += " = " + shortened(oneLine(traced.answer->result), kArgumentColumns);
+    CallText text{call.operation};
+    if (call.index >= 0) text.given = std::to_string(call.index);
+    if (!call.argument.empty())
+        text.given += (text.given.empty() ? "" : ", ") + oneLine(call.argument);
+    text.subject = oneLine(call.subject);
+    if (traced.wasMadeToFail) {
+        text.sign = " MADE TO FAIL";
+    } else if (traced.written) {
+        text.sign = " <- ";
+        text.value = oneLine(*traced.written);
+    } else if (traced.answer && !traced.answer->result.empty()) {
+        text.sign = " = ";
+        text.value = oneLine(traced.answer->result);
+    }
     return text;
 }
 
-void printCall(std::ostream& out, const TracedCall& traced, std::size_t number) {
-    const std::size_t indent = kNumberColumns + kTimeColumns + 2 + 2 * traced.depth;
+// Values go first, names last.
+std::string fitted(CallText text, std::size_t columns) {
+    for (std::string* part : {&text.value, &text.given, &text.subject}) {
+        const std::size_t all = columnsOf(text.whole()), own = columnsOf(*part);
+        if (all <= columns) break;
+        const std::size_t tooMany = std::min(all - columns, own);
+        *part = shortened(*part, std::max(own - tooMany, kLeastColumns));
+    }
+    return text.whole();
+}
+
+void printCall(std::ostream& out, const TracedCall& traced, std::size_t number, bool verbose) {
     const std::string time = traced.answer ? inWords(traced.answer->duration) : "-";
+    const std::size_t indent =
+        kNumberColumns + kTimeColumns + 2 + 2 * std::min(traced.depth, kDeepest);
+    const CallText text = callTextOf(traced);
+    const std::string line = verbose ? text.whole() : fitted(text, kLineColumns - indent);
+    const bool fits = columnsOf(line) <= kLineColumns - indent;
     out << toTheRight(grouped(number), kNumberColumns) << toTheRight(time, kTimeColumns)
-        << std::string(2 + 2 * traced.depth, ' ')
-        << shortened(oneLine(callInWords(traced)),
-                     std::max<std::size_t>(kLineColumns - std::min(indent, kLineColumns), 20))
-        << "\n";
+        << std::string(indent - kNumberColumns - kTimeColumns, ' ')
+        << (fits ? line : hanging(line, indent).substr(indent)) << "\n";
 }
 
 std::string outcomeOf(const TracedTranslation& translation) {
@@ -63,9 +96,12 @@ std::string outcomeOf(const TracedTranslation& translation) {
         text += translation.hasValue ? ", but with a value" : ", but WITHOUT A VALUE";
     text += ", " + grouped(translation.calls.size()) + " host calls";
     if (translation.duration)
-        text += ", " + inWords(*translation.duration) + ", of which " +
-                percentOf(*translation.durationOutside(), *translation.duration) +
-                " outside host calls";
+        text +=
+            ", " + inWords(*translation.duration) +
+            (translation.durationOutside
+                 ? ", of which " + percentOf(*translation.durationOutside, *translation.duration) +
+                       " " + kOutside
+                 : std::string(", of which it is not known how much ") + kOutside);
     return text;
 }
 
@@ -74,6 +110,8 @@ struct Sum {
     std::string operation;
     std::size_t calls = 0;
     Nanoseconds time{};
+    // In those translations of which it is known how much is outside the calls.
+    Nanoseconds timeInKnown{};
 };
 
 // Those that take most come first.
@@ -86,30 +124,32 @@ std::vector<Sum> sumsOf(const TraceReport& report) {
             });
             if (sum == sums.end()) sum = sums.insert(sum, {traced.call.operation});
             ++sum->calls;
-            if (traced.answer) sum->time += traced.answer->duration;
+            if (!traced.answer) continue;
+            sum->time += traced.answer->duration;
+            if (translation.durationOutside) sum->timeInKnown += traced.answer->duration;
         }
     std::stable_sort(sums.begin(), sums.end(),
                      [](const Sum& a, const Sum& b) { return a.time > b.time; });
     return sums;
 }
 
+// Of those translations of which it is known how much is outside the calls: what is not known would
+// count for nothing beside calls that count.
 struct Totals {
     Nanoseconds calls{};
-    // Nothing where a call was made to fail.
-    std::optional<Nanoseconds> outside = Nanoseconds();
+    Nanoseconds outside{};
+    std::size_t translations = 0;
 
-    Nanoseconds whole() const { return calls + outside.value_or(Nanoseconds()); }
+    Nanoseconds whole() const { return calls + outside; }
 };
 
 Totals totalsOf(const TraceReport& report) {
     Totals totals;
     for (const TracedTranslation& translation : report.translations) {
+        if (!translation.durationOutside) continue;
+        ++totals.translations;
         totals.calls += translation.durationOfCalls();
-        const auto outside = translation.durationOutside();
-        if (outside && totals.outside)
-            *totals.outside += *outside;
-        else
-            totals.outside.reset();
+        totals.outside += *translation.durationOutside;
     }
     return totals;
 }
@@ -120,12 +160,16 @@ void printSums(std::ostream& out, const TraceReport& report) {
     for (const Sum& sum : sumsOf(report))
         table.addRow({sum.operation, grouped(sum.calls), inWords(sum.time),
                       inWords(sum.time / static_cast<Nanoseconds::rep>(sum.calls)),
-                      percentOf(sum.time, totals.whole())});
-    if (totals.outside)
-        table.addRow({kOutside, "", inWords(*totals.outside), "",
-                      percentOf(*totals.outside, totals.whole())});
+                      percentOf(sum.timeInKnown, totals.whole())});
+    if (totals.translations > 0)
+        table.addRow(
+            {kOutside, "", inWords(totals.outside), "", percentOf(totals.outside, totals.whole())});
     out << "\n";
     table.print(out);
+    const std::size_t all = report.translations.size();
+    if (totals.translations > 0 && totals.translations < all)
+        out << "Shares, and what is outside, are of the " << grouped(totals.translations) << " of "
+            << counted(all, "value", "values") << " where it is known.\n";
 }
 
 const char* directionOf(const TracedTranslation& translation) {
@@ -143,6 +187,7 @@ Json jsonOf(const TracedCall& traced, std::size_t number) {
             {"argument", traced.call.argument},
             {"depth", traced.depth},
             {"result", answer ? Json(answer->result) : Json()},
+            {"written", traced.written ? Json(*traced.written) : Json()},
             {"ns", answer ? Json(answer->duration.count()) : Json()},
             {"madeToFail", traced.wasMadeToFail}};
 }
@@ -166,7 +211,7 @@ void addEvents(Json& events, const TracedTranslation& translation, double& time,
                std::size_t& number) {
     const double begin = time;
     const double outside =
-        static_cast<double>(translation.durationOutside().value_or(Nanoseconds()).count());
+        static_cast<double>(translation.durationOutside.value_or(Nanoseconds()).count());
     const double gap = outside / static_cast<double>(translation.calls.size() + 1);
     Json calls = Json::array();
     for (const TracedCall& traced : translation.calls) {
@@ -192,9 +237,9 @@ std::size_t TraceReport::failed() const {
                       [](const TracedTranslation& each) { return !each.wasTranslated; }));
 }
 
-void printTrace(std::ostream& out, const TraceReport& report) {
-    out << "Library  " << oneLine(report.library) << "\n"
-        << "Data     " << oneLine(report.data) << "\n";
+void printTrace(std::ostream& out, const TraceReport& report, bool verbose) {
+    printFact(out, "Library", report.library, verbose);
+    printFact(out, "Data", report.data, verbose);
     std::size_t number = 0;
     for (const TracedTranslation& translation : report.translations) {
         out << "\n"
@@ -202,17 +247,18 @@ void printTrace(std::ostream& out, const TraceReport& report) {
                            ": " + outcomeOf(translation),
                        0)
             << "\n";
-        for (const TracedCall& call : translation.calls) printCall(out, call, ++number);
+        for (const TracedCall& call : translation.calls) printCall(out, call, ++number, verbose);
         for (const std::string& message : translation.messages)
             out << wrapped("The host displayed: " + oneLine(message), 2) << "\n";
     }
     printSums(out, report);
     out << "\n"
         << wrapped(
-               "Each call was repeated on another node of the same shape, which gave its result"
-               " and its time; \"-\" is not known. What is outside is the time of evaluations"
-               " that nobody watched, without that of the calls, of which one by itself may"
-               " take a little longer than among others.",
+               "Each call was repeated on another node of the same shape, which gave its result;"
+               " \"<-\" is what was written to a place that it gave, \"-\" is not known. What is"
+               " outside is the time of evaluations that nobody watched, less that of the same"
+               " calls in a row without the library, which is divided among them as they take by"
+               " themselves.",
                0)
         << "\n";
 }
@@ -234,7 +280,7 @@ void printTraceAsJson(std::ostream& out, const TraceReport& report) {
                                 {"hasValue", translation.hasValue},
                                 {"hostMessages", Json(translation.messages)},
                                 {"ns", jsonOf(translation.duration)},
-                                {"nsOutside", jsonOf(translation.durationOutside())},
+                                {"nsOutside", jsonOf(translation.durationOutside)},
                                 {"calls", calls}});
     }
     Json operations = Json::array();
@@ -242,12 +288,13 @@ void printTraceAsJson(std::ostream& out, const TraceReport& report) {
         operations.push_back(
             {{"operation", sum.operation}, {"calls", sum.calls}, {"ns", sum.time.count()}});
     const Totals totals = totalsOf(report);
+    const bool isKnown = totals.translations > 0;
     out << printed({{"library", report.library},
                     {"data", report.data},
                     {"translations", translations},
                     {"operations", operations},
-                    {"nsOfCalls", totals.calls.count()},
-                    {"nsOutside", jsonOf(totals.outside)},
+                    {"nsOfCalls", isKnown ? Json(totals.calls.count()) : Json()},
+                    {"nsOutside", isKnown ? Json(totals.outside.count()) : Json()},
                     {"ok", report.ok()}});
 }
 

@@ -23,7 +23,8 @@ struct TraceReport {
     std::size_t failed() const;
 };
 
-void printTrace(std::ostream& out, const TraceReport& report);
+// Unless `verbose`, values and names are cut where a line is too short for them.
+void printTrace(std::ostream& out, const TraceReport& report, bool verbose = false);
 void printTraceAsJson(std::ostream& out, const TraceReport& report);
 // A line that says what failed; empty if nothing did.
 std::string verdictOf(const TraceReport& report);
