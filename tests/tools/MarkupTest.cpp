@@ -33,8 +33,9 @@ TEST(Markup, HasBlanksForControlCharactersAndThoseThatTurnTheTextAround) {
 }
 
 TEST(Markup, CutsOffWhatIsTooLongBetweenCharacters) {
-    EXPECT_EQ(markup("腕腕腕", 3), "腕腕腕");
-    EXPECT_EQ(markup("腕腕腕腕", 3), "腕腕腕…");
+    EXPECT_EQ(markup("腕腕腕", 6), "腕腕腕");
+    EXPECT_EQ(markup("腕腕腕腕", 7), "腕腕腕…");
+    EXPECT_EQ(markup("e\u0301e\u0301", 2), "e\u0301e\u0301");
     EXPECT_EQ(markup("<<<<", 2), "&lt;&lt;…");
 }
 

@@ -1,6 +1,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TolvaneProcess.h"
 #include "tests/tools/DrawnRig.h"
+#include "tools/support/Columns.h"
 #include "tools/view/Picture.h"
 
 #include <cmath>
@@ -86,6 +87,28 @@ TEST_F(Picture, NamesTheFileTheAnimationAndItsRate) {
     EXPECT_THAT(draw(), HasSubstr(">歩く &lt;1&gt;</tspan> · 30 frames at 23.976 per second<"));
     rig.frameCount = 1;
     EXPECT_THAT(draw(), HasSubstr(">a single frame<"));
+}
+
+// The head has room for so much beside the legend, at ten pixels a column.
+TEST_F(Picture, CutsNamesToTheRoomThatTheyHaveHoweverWideTheyAre) {
+    add(at(1e6, 0, 0), 0);
+    for (const std::string unit : {"a", "腕", "ä"}) {
+        std::string name;
+        for (int i = 0; i < 120; ++i) name += unit;
+        rig.file = rig.animation = name;
+        rig.joints[4].name = name;
+        const std::string svg = draw();
+        ASSERT_THAT(svg, HasSubstr("viewBox=\"0 0 520.0 "));
+        std::size_t texts = 0;
+        for (auto begin = svg.find("isolate\">"); begin != std::string::npos;
+             begin = svg.find("isolate\">", begin)) {
+            begin += 9;
+            const std::string shown = svg.substr(begin, svg.find('<', begin) - begin);
+            EXPECT_THAT(shown, testing::EndsWith(unit + "…"));
+            EXPECT_LE(columnsOf(shown), ++texts < 3 ? 22U + 1 : 24U + 1) << shown;
+        }
+        EXPECT_EQ(texts, 3U) << "the file, the animation, a joint";
+    }
 }
 
 TEST_F(Picture, IsWellFormedWhateverTheNames) {

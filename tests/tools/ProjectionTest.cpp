@@ -78,14 +78,18 @@ TEST_F(Projection, ShowsTheBroadSideOfAFigureWithoutSides) {
 }
 
 TEST_F(Projection, SeesAFigureThatLiesFromAboveAndFromTheSide) {
-    pose.worlds = {at(0, 1, 4), at(3, 1.5, 4), at(-3, 0.5, 4), at(0, 1, 13)};
-    const auto projection = project(rig, {pose});
-    EXPECT_TRUE(projection.isSeenFromAbove);
-    const Figure& figure = projection.figures.at(0);
-    EXPECT_NEAR(std::abs(figure.frontOrAbove[3]->across - figure.frontOrAbove[0]->across), 9, 0.01);
-    EXPECT_NEAR(std::abs(figure.frontOrAbove[1]->up - figure.frontOrAbove[2]->up), 6, 0.01);
-    EXPECT_DOUBLE_EQ(figure.side[1]->across, figure.frontOrAbove[1]->across);
-    EXPECT_DOUBLE_EQ(figure.side[1]->up, 1.5);
+    // Wherever it heads, it does so to the right, with its left at the back.
+    for (const double heading : {1.0, -1.0}) {
+        pose.worlds = {at(0, 1, 4 * heading), at(3 * heading, 1.5, 4 * heading),
+                       at(-3 * heading, 0.5, 4 * heading), at(0, 1, 13 * heading)};
+        const auto projection = project(rig, {pose});
+        EXPECT_TRUE(projection.isSeenFromAbove);
+        const Figure& figure = projection.figures.at(0);
+        EXPECT_NEAR(figure.frontOrAbove[3]->across - figure.frontOrAbove[0]->across, 9, 0.01);
+        EXPECT_NEAR(figure.frontOrAbove[1]->up - figure.frontOrAbove[2]->up, 6, 0.01);
+        EXPECT_DOUBLE_EQ(figure.side[1]->across, figure.frontOrAbove[1]->across);
+        EXPECT_DOUBLE_EQ(figure.side[1]->up, 1.5);
+    }
     EXPECT_FALSE(project(rig, {pose, {8, {at(0, 4, 0), at(3, 4, 0), at(-3, 4, 0), at(0, 9, 0)}}})
                      .isSeenFromAbove);
 }

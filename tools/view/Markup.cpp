@@ -1,11 +1,12 @@
 #include "tools/view/Markup.h"
 
+#include "tools/support/Columns.h"
 #include "tools/support/OneLine.h"
 
 namespace Tolvane::Tools {
 namespace {
 
-struct Character {
+struct CodePoint {
     std::string_view bytes;
     char32_t code;
 };
@@ -17,7 +18,7 @@ bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xc0
 
 // The first character of `text`, which is not empty. Of bytes that are no character, the first one
 // is taken, as the replacement character.
-Character firstCharacter(std::string_view text, std::size_t& size) {
+CodePoint firstCodePoint(std::string_view text, std::size_t& size) {
     const auto first = static_cast<unsigned char>(text[0]);
     size = first < 0x80 ? 1 : first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
     char32_t code = size == 1 ? first : first & (0x7fU >> size);
@@ -41,7 +42,7 @@ bool isForbidden(char32_t code) {
     return (code & 0xfffe) == 0xfffe || (code >= 0xfdd0 && code <= 0xfdef);
 }
 
-void append(std::string& result, const Character& character) {
+void append(std::string& result, const CodePoint& character) {
     switch (character.code) {
         case '&':
             result += "&amp;";
@@ -62,16 +63,17 @@ void append(std::string& result, const Character& character) {
 
 }  // namespace
 
-std::string markup(std::string_view text, std::size_t mostCharacters) {
+std::string markup(std::string_view text, std::size_t mostColumns) {
     const std::string line = oneLine(text);
     std::string_view rest = line;
     std::string result;
-    for (std::size_t count = 0; !rest.empty();) {
+    for (std::size_t columns = 0; !rest.empty();) {
         std::size_t size = 0;
-        const Character character = firstCharacter(rest, size);
+        const CodePoint character = firstCodePoint(rest, size);
         rest.remove_prefix(size);
         if (isForbidden(character.code)) continue;
-        if (count++ == mostCharacters) return result + "…";
+        columns += columnsOf(character.bytes);
+        if (columns > mostColumns) return result + "…";
         append(result, character);
     }
     return result;

@@ -21,9 +21,14 @@ constexpr double kMargin = 28;
 constexpr double kHeadHeight = 112;
 constexpr double kRowGap = 46;
 constexpr double kFootHeight = 96;
+constexpr double kLineHeight = 18;
 constexpr double kLowestRow = 40;
 constexpr double kHighestRow = 230;
 constexpr double kHighestRowOfOne = 320;
+// A character of a name, half of one that is wide; and what is left for names beside the colours of
+// the sides, and before the number of frames.
+constexpr double kColumnOfText = 10;
+constexpr double kLegendAndMargins = 300;
 constexpr double kLongestBar = 130;
 constexpr double kAxisLength = 34;
 // A figure that is a single point needs room for its axes.
@@ -154,7 +159,8 @@ private:
     }
 
     void begin() {
-        const double height = m_bottom + kFootHeight;
+        const double notDrawn = m_projection.notDrawn.empty() ? 0 : kLineHeight;
+        const double height = m_bottom + kFootHeight + notDrawn;
         m_out << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << m_width << ' '
               << height << "\" font-family=\"system-ui, sans-serif\" font-size=\"13\""
               << " fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n"
@@ -164,7 +170,7 @@ private:
 
     void drawHead() {
         const std::string file = std::filesystem::path(m_rig.file).filename().string();
-        const auto most = static_cast<std::size_t>((m_width - 300) / 8);
+        const auto most = static_cast<std::size_t>((m_width - kLegendAndMargins) / kColumnOfText);
         m_out << "<title>" << markup(file) << "</title>\n";
         text(kMargin, 36, "start", kInk, isolated(markup(file, most)),
              " font-size=\"17\" font-weight=\"600\"");
@@ -173,9 +179,9 @@ private:
     }
 
     // Such as "walk · 60 frames at 30 per second".
-    std::string frames(std::size_t mostCharacters) const {
+    std::string frames(std::size_t mostColumns) const {
         if (m_rig.frameCount == 1) return "a single frame";
-        const std::string animation = markup(m_rig.animation, mostCharacters);
+        const std::string animation = markup(m_rig.animation, mostColumns);
         return (animation.empty() ? "" : isolated(animation) + " · ") +
                std::to_string(m_rig.frameCount) + " frames at " + number(m_rig.framesPerSecond) +
                " per second";
@@ -261,13 +267,15 @@ private:
 
     void drawFoot() {
         const double base = m_bottom + kFootHeight - 18;
-        std::string caption = "The skeleton as it came back from the graph";
+        text(kMargin, base, "start", kPale, "The skeleton as it came back from the graph",
+             " font-size=\"12\"");
         if (const std::size_t count = m_projection.notDrawn.size()) {
             const std::string& first = m_rig.joints[m_projection.notDrawn.front()].name;
-            caption += "; not drawn, for not near the rest: " + isolated(markup(first, 24));
+            std::string caption =
+                "Not drawn, for not near the rest: " + isolated(markup(first, 24));
             if (count > 1) caption += " and " + std::to_string(count - 1) + " more";
+            text(kMargin, base + kLineHeight, "start", kPale, caption, " font-size=\"12\"");
         }
-        text(kMargin, base, "start", kPale, caption, " font-size=\"12\"");
         const auto bar =
             m_isMeasured ? scaleBar(kLongestBar / m_scale, m_rig.metresPerUnit) : std::nullopt;
         if (!bar) return;

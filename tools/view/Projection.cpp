@@ -61,6 +61,15 @@ bool areFlat(const std::vector<Points>& snapshots, const Vector3& broadest, unsi
     return *median < kFlat;
 }
 
+// The left of the body is then at the back of what is seen from the side, as sides are drawn.
+Vector3 withLeftAtTheBack(const Vector3& across, const Rig& rig, const std::vector<BodySide>& sides,
+                          const std::vector<Points>& snapshots) {
+    Vector3 left{};
+    for (const Points& points : snapshots) left = left + leftOfBody(rig, sides, points, {});
+    const Vector3 towardsViewer = cross(across, unitVector(rig.upAxis));
+    return dot(left, towardsViewer) > 0 ? -1.0 * across : across;
+}
+
 struct ViewAxes {
     Vector3 across;
     Vector3 up;
@@ -129,7 +138,8 @@ Projection project(const Rig& rig, const std::vector<Snapshot>& snapshots) {
     for (const Points& points : drawn) projection.isPoint = projection.isPoint && coincide(points);
 
     const Vector3 up = unitVector(rig.upAxis);
-    const Vector3 broadest = broadestDirection(drawn, rig.upAxis);
+    const Vector3 broadest =
+        withLeftAtTheBack(broadestDirection(drawn, rig.upAxis), rig, projection.sides, drawn);
     projection.isSeenFromAbove = areFlat(drawn, broadest, rig.upAxis);
     for (std::size_t i = 0; i < snapshots.size(); ++i) {
         ViewAxes first, side;
