@@ -210,7 +210,8 @@ TEST_F(TolvaneRun, TakesALimitOnTheSizeOfFilesForAnErrorWhereItIsReached) {
     EXPECT_EQ(run(" -q"), 0);
     EXPECT_EQ(readFile(errors), "");
     EXPECT_EQ(run(" >" + quoted(folder.path("report"))), 2);
-    EXPECT_EQ(readFile(folder.path("errors")), "tolvane: standard output: cannot be written: File too large\n");
+    EXPECT_EQ(readFile(folder.path("errors")),
+              "tolvane: standard output: cannot be written: File too large\n");
 }
 
 TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {
