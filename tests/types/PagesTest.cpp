@@ -61,6 +61,14 @@ TEST(PageChecks, TakeIdentifiersJoinedByDoubleColonsForANameOfTheGraph) {
         EXPECT_FALSE(Tolvane::isGraphName(name)) << name;
 }
 
+TEST(PageChecks, TellAnotherNameFromThatOfTheStruct) {
+    using Pins = Rigging::Module::Pins;
+    EXPECT_TRUE(Tolvane::isNameInCpp<Pins>("Rigging::Module::Pins"));
+    for (const char* name : {"", "Pins", "Module::Pins", "Rigging::Module::Pin",
+                             "Rigging::Module::Pins2", "Rigging::Module::Inputs"})
+        EXPECT_FALSE(Tolvane::isNameInCpp<Pins>(name)) << name;
+}
+
 TEST(PageChecks, FindAMemberThatIsListedTwice) {
     using Controls = Rigging::Module::InputsControls;
     EXPECT_TRUE(Tolvane::areDistinct(
