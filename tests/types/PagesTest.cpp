@@ -67,6 +67,13 @@ TEST(PageChecks, TellAnotherNameFromThatOfTheStruct) {
     for (const char* name : {"", "Pins", "Module::Pins", "Rigging::Module::Pin",
                              "Rigging::Module::Pins2", "Rigging::Module::Inputs"})
         EXPECT_FALSE(Tolvane::isNameInCpp<Pins>(name)) << name;
+
+    for (const char* function :
+         {"bool f(T) [with Struct = A::B; T = int]", "bool f() [Struct = A::B]"}) {
+        EXPECT_TRUE(Tolvane::isForStruct(function, "A::B")) << function;
+        EXPECT_FALSE(Tolvane::isForStruct(function, "A")) << function;
+        EXPECT_FALSE(Tolvane::isForStruct(function, "A::C")) << function;
+    }
 }
 
 TEST(PageChecks, FindAMemberThatIsListedTwice) {

@@ -29,15 +29,20 @@ constexpr bool isGraphName(std::string_view name) {
     return !begins;
 }
 
+// Whether `function`, as a compiler writes it, is one for a struct of this name: it ends in
+// "[with Struct = NAME; ...]" or "[Struct = NAME]".
+constexpr bool isForStruct(std::string_view function, std::string_view name) {
+    const std::string_view before = "Struct = ";
+    const std::size_t begin = function.find(before) + before.size();
+    if (function.substr(begin, name.size()) != name) return false;
+    const char behind = function[begin + name.size()];
+    return behind == ';' || behind == ']';
+}
+
 // Whether a struct has this name in C++, with its namespaces.
 template <typename Struct>
 constexpr bool isNameInCpp(std::string_view name) {
-    // The compiler writes "... [with Struct = NAME; ...]" or "... [Struct = NAME]".
-    const std::string_view function = __PRETTY_FUNCTION__;
-    const std::string_view before = "Struct = ";
-    const std::size_t begin = function.find(before) + before.size();
-    return function.substr(begin, name.size()) == name &&
-           std::string_view(";]").find(function[begin + name.size()]) != std::string_view::npos;
+    return isForStruct(__PRETTY_FUNCTION__, name);
 }
 
 template <typename A, typename B>
