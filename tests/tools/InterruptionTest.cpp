@@ -29,6 +29,8 @@ public:
         words.push_back(nullptr);
         m_process = forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_process != 0) return;
+        // A shell ignores it in what it runs in the background.
+        std::signal(SIGINT, SIG_DFL);
         setenv("TOLVANE_TEST_FAULT", fault, 1);
         execv(TOLVANE, words.data());
         _exit(127);

@@ -156,7 +156,7 @@ void againAndAgain(Trial& trial) {
     std::ptrdiff_t least = std::numeric_limits<std::ptrdiff_t>::max();
     for (std::size_t i = 1; i < memory.size(); ++i)
         least = std::min(least, static_cast<std::ptrdiff_t>(memory[i] - memory[i - 1]));
-    trial.expect(least <= kRound * 100, "no more memory with each ten times",
+    trial.expect(least <= std::ptrdiff_t{kRound} * 100, "no more memory with each ten times",
                  std::to_string(least) + " bytes more");
 }
 

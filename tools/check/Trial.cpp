@@ -72,7 +72,7 @@ void Trial::skip(const std::string& reason) const {
     throw End{{Verdict::Skipped, "", "", "", remarks}};
 }
 
-void Trial::skipUnloaded(const std::string& reason) const {
+void Trial::skipUnloaded(const std::string& reason) {
     throw End{{Verdict::Skipped, "", "", "", {reason}, true}};
 }
 

@@ -76,8 +76,8 @@ public:
     // Each ends the case, and says so by a throw that the case must let pass.
     [[noreturn]] void fail(const std::string& expected, const std::string& came) const;
     [[noreturn]] void skip(const std::string& reason) const;
-    [[noreturn]] void skipUnloaded(
-        const std::string& reason = "the library cannot be loaded") const;
+    [[noreturn]] static void skipUnloaded(
+        const std::string& reason = "the library cannot be loaded");
     // Skips the case if the library is not to be loaded by this process.
     void skipUnlessLoadable() const;
     void expect(bool holds, const std::string& expected, const std::string& came) const {

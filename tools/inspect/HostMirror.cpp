@@ -366,7 +366,7 @@ HostMirror::Step HostMirror::prepare(const ObservedCall& call) {
 // library which has its way from call to call in its code: the copies are new, and have been gone
 // through.
 Nanoseconds HostMirror::durationOf(const std::vector<Step>& steps) {
-    const std::vector<Step> copies = steps;
+    const std::vector<Step> copies(steps.begin(), steps.end());
     durationOfAll(copies, Do::Nothing);
     const Nanoseconds nothing = durationOfAll(copies, Do::Nothing);
     return std::max(durationOfAll(copies, Do::Call) - nothing, Nanoseconds::zero());

@@ -27,7 +27,7 @@ void resize(const VDataHandle& handle, std::size_t size) {
 
 class Filling {
 public:
-    std::size_t array(const DataPlace& place, const DataPath&, std::size_t count) const {
+    static std::size_t array(const DataPlace& place, const DataPath&, std::size_t count) {
         resize(place.handle, count);
         // The host may have refused.
         return std::min<std::size_t>(count, VArrayDataHandle(place.handle).elementCount());

@@ -137,7 +137,7 @@ std::string ElementLayout::nullArrayOfNewElement(Pelmor::ElementOperations opera
         std::memcpy(&address, element.get() + array.offset, sizeof address);
         return !address;
     });
-    const std::string path = null == m_arrays.end() ? "" : null->path;
+    std::string path = null == m_arrays.end() ? "" : null->path;
     operations(Pelmor::ElementOperation::Destroy, element.get(), nullptr, 1);
     return path;
 }

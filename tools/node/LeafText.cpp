@@ -178,9 +178,9 @@ void addValues(const DataShape&, int expected, int actual, Mismatch& mismatch) {
     addValues(expected, actual, mismatch);
 }
 
-void addValues(const DataShape& shape, short expected, short actual, Mismatch& mismatch) {
-    mismatch.expected = choiceText(shape, expected);
-    mismatch.actual = choiceText(shape, actual);
+void addValues(const DataShape& leaf, short expected, short actual, Mismatch& mismatch) {
+    mismatch.expected = choiceText(leaf, expected);
+    mismatch.actual = choiceText(leaf, actual);
     mismatch.expectedValue = std::int64_t{expected};
     mismatch.actualValue = std::int64_t{actual};
 }

@@ -66,8 +66,8 @@ void meddle() {
     if (fault("hygiene/files")) close(open("/dev/null", O_RDONLY));
     char byte = 0;
     if (fault("hygiene/files: look")) (void)!access("/dev/null", R_OK);
-    if (fault("hygiene/files: read")) (void)!read(openFile, &byte, 1);
-    if (fault("hygiene/sockets: write")) (void)!write(sockets[0], &byte, 1);
+    if (fault("hygiene/files: read")) (void)!::read(openFile, &byte, 1);
+    if (fault("hygiene/sockets: write")) (void)!::write(sockets[0], &byte, 1);
     if (fault("hygiene/sockets")) close(socket(AF_UNIX, SOCK_STREAM, 0));
     if (fault("hygiene/processes")) std::thread([] {}).join();
     if (fault("hygiene/folder")) (void)!chdir("/");
