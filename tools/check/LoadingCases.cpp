@@ -51,7 +51,7 @@ std::string loaderMessage() {
 Handle openOrSkip(Trial& trial) {
     trial.skipUnlessLoadable();
     Handle library = open(trial.path());
-    if (!library) trial.skipUnloaded();
+    if (!library) Trial::skipUnloaded();
     return library;
 }
 
@@ -61,7 +61,7 @@ void loads(Trial& trial) {
     if (open(trial.path())) return;
     const std::string message = loaderMessage();
     if (message.find(kMissingLibrary) != std::string::npos)
-        trial.skipUnloaded("a library that it needs is not there");
+        Trial::skipUnloaded("a library that it needs is not there");
     trial.fail("that it loads, with every symbol resolved", message);
 }
 
@@ -71,7 +71,7 @@ void needsWhatIsThere(Trial& trial) {
     if (open(trial.path())) return;
     const std::string message = loaderMessage();
     trial.expect(message.find(kMissingLibrary) == std::string::npos, "that all are found", message);
-    trial.skipUnloaded();
+    Trial::skipUnloaded();
 }
 
 void hasFactory(Trial& trial) {
@@ -244,7 +244,7 @@ void loadsQuickly(Trial& trial) {
     trial.doing("loading the library in five processes, one after the other");
     for (int i = 0; i < 5; ++i) {
         seconds.push_back(timeOfFirstLoad(trial));
-        if (seconds.back() < 0) trial.skipUnloaded();
+        if (seconds.back() < 0) Trial::skipUnloaded();
         trial.doing("loading the library once more");
     }
     std::sort(seconds.begin(), seconds.end());
