@@ -113,7 +113,7 @@ TYPED_TEST(ReadFaultsDeathTest, ExceptionsAndFailedAllocationsEndTheProcess) {
 // process where an array, its control block or the holder's record has none.
 TYPED_TEST(ReadFaultsDeathTest, OnlyAFailedAllocationOfATextPassesTheReader) {
     const AllocationCount ofNewRecord;
-    TypeParam{};
+    static_cast<void>(TypeParam{});
     const std::size_t first = ofNewRecord.allocations();
     const auto read = [&] { this->port.readDirectly(this->value); };
     const auto former = numberedElements<double>(1);

@@ -39,10 +39,11 @@ void printHanging(std::ostream& out, const std::string& text, std::size_t indent
 }
 
 void printValue(std::ostream& out, const char* what, const std::string& value) {
-    constexpr std::size_t kIndent = 8;
+    constexpr std::size_t kIndentOfValue = 8;
     if (value.empty()) return;
-    const std::size_t hanging = kIndent + columnsOf(what);
-    out << std::string(kIndent, ' ') << what << wrapped(value, hanging).substr(hanging) << "\n";
+    const std::size_t hanging = kIndentOfValue + columnsOf(what);
+    out << std::string(kIndentOfValue, ' ') << what << wrapped(value, hanging).substr(hanging)
+        << "\n";
 }
 
 void printWhole(std::ostream& out, const FoundMismatch& found) {
