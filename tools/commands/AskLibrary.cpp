@@ -22,14 +22,13 @@ struct Reply {
     std::optional<std::string> misdeed;
 };
 
-template <typename Message, typename AnyReply>
-void exchangeReply(Message& message, AnyReply& reply) {
+constexpr auto exchangeReply = [](auto& message, auto& reply) {
     message.flag(reply.answer.ok);
     message.flag(reply.answer.isJson);
     message.text(reply.answer.text);
     message.text(reply.printed);
     message.optional(reply.misdeed, [&](auto& line) { message.text(line); });
-}
+};
 
 std::string askInChild(const std::string& path, const LibraryQuestion& question, ChildSide& self) {
     Reply reply;
@@ -44,9 +43,7 @@ std::string askInChild(const std::string& path, const LibraryQuestion& question,
         reply.misdeed = misdeed->what();
         if (reply.answer.isJson) reply.answer.text = withError(reply.answer.text, *misdeed);
     }
-    MessageOut message;
-    exchangeReply(message, reply);
-    return message.take();
+    return packed(reply, exchangeReply);
 }
 
 Reply replyOf(const std::string& path, const Limits& limits, const LibraryQuestion& question) {
@@ -56,11 +53,7 @@ Reply replyOf(const std::string& path, const Limits& limits, const LibraryQuesti
         runInChild([&](ChildSide& self) { return askInChild(path, question, self); }, limits);
     if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
     if (outcome.end != Outcome::End::Answered) throw downfall(path, outcome, limits);
-    Reply reply;
-    MessageIn message(outcome.answer);
-    exchangeReply(message, reply);
-    message.end();
-    return reply;
+    return unpacked<Reply>(outcome.answer, exchangeReply);
 }
 
 }  // namespace

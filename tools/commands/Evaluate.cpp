@@ -17,8 +17,7 @@
 namespace Tolvane::Tools {
 namespace {
 
-template <typename Message, typename AnyEvaluation>
-void exchangeEvaluation(Message& message, AnyEvaluation& evaluation) {
+constexpr auto exchangeEvaluation = [](auto& message, auto& evaluation) {
     const auto text = [&](auto& value) { message.text(value); };
     message.flag(evaluation.ok);
     message.text(evaluation.report);
@@ -28,7 +27,7 @@ void exchangeEvaluation(Message& message, AnyEvaluation& evaluation) {
     message.text(evaluation.printed);
     message.text(evaluation.row);
     message.flag(evaluation.hasSkeleton);
-}
+};
 
 // What the run and the library have left once the library is gone.
 struct Findings {
@@ -104,17 +103,7 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     evaluation.row = rowOf(summarise(rig), findings.run, arguments.verbose);
     evaluation.hasSkeleton = rig.hasSkeleton;
     evaluation.printed = self.allowedPrints();
-    MessageOut message;
-    exchangeEvaluation(message, evaluation);
-    return message.take();
-}
-
-Evaluation evaluationOf(const std::string& bytes) {
-    Evaluation evaluation;
-    MessageIn message(bytes);
-    exchangeEvaluation(message, evaluation);
-    message.end();
-    return evaluation;
+    return packed(evaluation, exchangeEvaluation);
 }
 
 }  // namespace
@@ -127,7 +116,8 @@ Evaluation evaluate(const Rig& rig, const RunArguments& arguments, const RunOpti
     const Outcome outcome =
         runInChild([&](ChildSide& self) { return evaluateInChild(rig, arguments, options, self); },
                    limits, watch);
-    if (outcome.end == Outcome::End::Answered) return evaluationOf(outcome.answer);
+    if (outcome.end == Outcome::End::Answered)
+        return unpacked<Evaluation>(outcome.answer, exchangeEvaluation);
     if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
     throw downfall(arguments.plugin, outcome, limits);
 }

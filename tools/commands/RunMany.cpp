@@ -33,13 +33,12 @@ struct Row {
     bool hasSkeleton = true;
 };
 
-template <typename Message, typename AnyRow>
-void exchangeRow(Message& message, AnyRow& row) {
+constexpr auto exchangeRow = [](auto& message, auto& row) {
     message.number(row.status);
     message.text(row.text);
     message.text(row.error);
     message.flag(row.hasSkeleton);
-}
+};
 
 std::string jsonOf(const Error& error) {
     std::ostringstream text;
@@ -60,7 +59,7 @@ Row rowOfError(const RunArguments& arguments, const Error& error) {
             lineOf(arguments, error.what())};
 }
 
-Row run(const RunArguments& arguments, ChildSide& self) {
+Row rowOfRun(const RunArguments& arguments, ChildSide& self) {
     try {
         const Evaluation evaluation = carryOut(
             arguments, [&self](const Child& child) { self.progress(child.done(), child.total()); });
@@ -74,13 +73,6 @@ Row run(const RunArguments& arguments, ChildSide& self) {
     }
 }
 
-std::string runInMessage(const RunArguments& arguments, ChildSide& self) {
-    const Row row = run(arguments, self);
-    MessageOut message;
-    exchangeRow(message, row);
-    return message.take();
-}
-
 // The limits are those of the processes that it has in turn.
 Limits limitsOfRun() {
     Limits limits;
@@ -91,10 +83,7 @@ Limits limitsOfRun() {
 
 std::optional<Row> rowOfMessage(const std::string& bytes) {
     try {
-        Row row;
-        MessageIn message(bytes);
-        exchangeRow(message, row);
-        message.end();
+        const Row row = unpacked<Row>(bytes, exchangeRow);
         if (row.status >= 0 && row.status <= 2) return row;
     } catch (const BadMessage&) {
         // As if there were none.
@@ -170,7 +159,9 @@ void Runs::startNext() {
     Run run{m_arguments, nullptr};
     run.arguments.file = rig.path;
     if (rig.failure) return printRows({rowOfError(run.arguments, *rig.failure)});
-    const auto work = [&](ChildSide& self) { return runInMessage(run.arguments, self); };
+    const auto work = [&](ChildSide& self) {
+        return packed(rowOfRun(run.arguments, self), exchangeRow);
+    };
     run.child = std::make_unique<Child>(work, limitsOfRun());
     m_running.push_back(std::move(run));
 }

@@ -6,39 +6,30 @@ namespace Tolvane::Tools {
 namespace {
 
 struct Parts {
-    std::uint32_t stage = 0;
+    Stage stage = Stage::Other;
     std::string file;
     std::string line;
     std::int32_t status = 2;
 };
 
-template <typename Message, typename AnyParts>
-void exchange(Message& message, AnyParts& parts) {
-    message.number(parts.stage);
+constexpr auto exchangeParts = [](auto& message, auto& parts) {
+    message.choice(parts.stage, static_cast<std::size_t>(Stage::Other) + 1);
     message.text(parts.file);
     message.text(parts.line);
     message.number(parts.status);
-}
+};
 
 }  // namespace
 
 std::string messageOf(const Error& error) {
-    const Parts parts{static_cast<std::uint32_t>(error.stage()), error.file(), error.what(),
-                      error.status()};
-    MessageOut message;
-    exchange(message, parts);
-    return message.take();
+    const Parts parts{error.stage(), error.file(), error.what(), error.status()};
+    return packed(parts, exchangeParts);
 }
 
 Error errorOf(std::string_view bytes) {
-    Parts parts;
-    MessageIn message(bytes);
-    exchange(message, parts);
-    message.end();
-    if (parts.stage > static_cast<std::uint32_t>(Stage::Other))
-        throw BadMessage("there is no such stage");
+    const auto parts = unpacked<Parts>(bytes, exchangeParts);
     if (parts.status != 1 && parts.status != 2) throw BadMessage("there is no such status");
-    return {static_cast<Stage>(parts.stage), parts.file, parts.line, parts.status};
+    return {parts.stage, parts.file, parts.line, parts.status};
 }
 
 }  // namespace Tolvane::Tools

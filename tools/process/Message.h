@@ -1,11 +1,12 @@
 // Values as bytes, to be sent from one process to another. One function that takes either class as
 // its first parameter describes a message for both directions:
 //
-//     template <typename Message>
-//     void exchange(Message& message, Person& person) {
+//     constexpr auto exchange = [](auto& message, auto& person) {
 //         message.number(person.age);
 //         message.text(person.name);
-//     }
+//     };
+//     const std::string bytes = packed(person, exchange);
+//     const Person same = unpacked<Person>(bytes, exchange);
 //
 // What is read is not trusted: MessageIn throws BadMessage for whatever MessageOut cannot have
 // written, before it takes more memory than a small multiple of the message.
@@ -37,14 +38,17 @@ struct SizeOf<std::tuple<Numbers&...>>
 
 class MessageOut {
 public:
-    static constexpr bool isRead = false;
-
     template <typename Number>
     void number(const Number& number) {
         static_assert(std::is_arithmetic_v<Number> && !std::is_same_v<Number, bool>);
         m_bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
     }
     void flag(const bool& flag) { m_bytes += flag ? '\1' : '\0'; }
+    // One of the first `count` of an enumeration.
+    template <typename Enumeration>
+    void choice(const Enumeration& choice, std::size_t) {
+        number(static_cast<std::uint32_t>(choice));
+    }
     void text(const std::string& text) {
         number(std::uint64_t{text.size()});
         m_bytes += text;
@@ -81,8 +85,6 @@ private:
 
 class MessageIn {
 public:
-    static constexpr bool isRead = true;
-
     // `bytes` must outlive it.
     explicit MessageIn(std::string_view bytes) : m_rest(bytes) {}
 
@@ -95,6 +97,13 @@ public:
         const char byte = bytes(1)[0];
         if (byte != '\0' && byte != '\1') throw BadMessage("a flag is neither set nor unset");
         flag = byte == '\1';
+    }
+    template <typename Enumeration>
+    void choice(Enumeration& choice, std::size_t count) {
+        std::uint32_t read = 0;
+        number(read);
+        if (read >= count) throw BadMessage("there is no such choice");
+        choice = static_cast<Enumeration>(read);
     }
     void text(std::string& text) { text = bytes(size()); }
     // At most `most` values, each of which takes at least one byte.
@@ -145,5 +154,22 @@ private:
 
     std::string_view m_rest;
 };
+
+template <typename Value, typename Exchange>
+std::string packed(const Value& value, const Exchange& exchange) {
+    MessageOut message;
+    exchange(message, value);
+    return message.take();
+}
+
+// Throws BadMessage if `bytes` is no such message, or more than one.
+template <typename Value, typename Exchange>
+Value unpacked(std::string_view bytes, const Exchange& exchange) {
+    Value value;
+    MessageIn message(bytes);
+    exchange(message, value);
+    message.end();
+    return value;
+}
 
 }  // namespace Tolvane::Tools

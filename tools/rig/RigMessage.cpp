@@ -79,8 +79,7 @@ void exchangeWorld(Message& message, Axis& upAxis, Metres& metresPerUnit) {
     message.optional(metresPerUnit, [&](auto& metres) { message.number(metres); });
 }
 
-template <typename Message, typename AnyRig>
-void exchangeRig(Message& message, AnyRig& rig) {
+constexpr auto exchangeRig = [](auto& message, auto& rig) {
     message.text(rig.file);
     message.list(rig.filesRead, kMostFiles, [&](auto& file) { message.text(file); });
     message.list(rig.joints, kMostJoints, [&](auto& joint) { exchangeJoint(message, joint); });
@@ -92,7 +91,7 @@ void exchangeRig(Message& message, AnyRig& rig) {
     message.number(rig.frameCount);
     message.number(rig.framesPerSecond);
     message.number(rig.ticksPerFrame);
-}
+};
 
 template <typename Message, typename AnyAnimation>
 void exchangeAnimation(Message& message, AnyAnimation& animation) {
@@ -104,8 +103,7 @@ void exchangeAnimation(Message& message, AnyAnimation& animation) {
     });
 }
 
-template <typename Message, typename AnyInfo>
-void exchangeInfo(Message& message, AnyInfo& info) {
+constexpr auto exchangeInfo = [](auto& message, auto& info) {
     message.text(info.file);
     message.flag(info.hasSkeleton);
     for (auto* count :
@@ -114,7 +112,7 @@ void exchangeInfo(Message& message, AnyInfo& info) {
     exchangeWorld(message, info.world.upAxis, info.world.metresPerUnit);
     message.list(info.animations, kMostAnimations,
                  [&](auto& animation) { exchangeAnimation(message, animation); });
-}
+};
 
 void require(bool holds, const char* otherwise) {
     if (!holds) throw BadMessage(otherwise);
@@ -192,32 +190,18 @@ void check(const Rig& rig) {
 
 }  // namespace
 
-std::string messageOf(const Rig& rig) {
-    MessageOut message;
-    exchangeRig(message, rig);
-    return message.take();
-}
+std::string messageOf(const Rig& rig) { return packed(rig, exchangeRig); }
 
 Rig rigOf(std::string_view bytes) {
-    Rig rig;
-    MessageIn message(bytes);
-    exchangeRig(message, rig);
-    message.end();
+    auto rig = unpacked<Rig>(bytes, exchangeRig);
     check(rig);
     return rig;
 }
 
-std::string messageOf(const RigInfo& info) {
-    MessageOut message;
-    exchangeInfo(message, info);
-    return message.take();
-}
+std::string messageOf(const RigInfo& info) { return packed(info, exchangeInfo); }
 
 RigInfo infoOf(std::string_view bytes) {
-    RigInfo info;
-    MessageIn message(bytes);
-    exchangeInfo(message, info);
-    message.end();
+    auto info = unpacked<RigInfo>(bytes, exchangeInfo);
     check(info);
     return info;
 }
