@@ -5,6 +5,7 @@
 #include "tools/check/Passage.h"
 #include "tools/check/Trial.h"
 #include "tools/check/Usage.h"
+#include "tools/node/NamedTypes.h"
 #include "tools/process/Child.h"
 #include "tools/process/FileDescriptor.h"
 #include "tools/support/OneLine.h"

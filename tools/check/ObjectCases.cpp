@@ -3,6 +3,7 @@
 #include "tools/check/Together.h"
 #include "tools/check/Trial.h"
 #include "tools/check/Usage.h"
+#include "tools/node/NamedTypes.h"
 #include "tools/support/OneLine.h"
 
 #include <OpenVornik/VErrorListener.h>

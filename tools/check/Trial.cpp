@@ -1,26 +1,16 @@
 #include "tools/check/Trial.h"
 
 #include "tools/check/ElfFile.h"
-
-#include <Pelmor/Array.h>
+#include "tools/node/NamedTypes.h"
 
 #include <algorithm>
 #include <exception>
-#include <set>
 
 namespace Tolvane::Tools {
 
 using Verdict = Finding::Verdict;
 
 std::string nameOf(const Pelmor::Type& type) { return type.getFullyQualifiedName().c_str(); }
-
-std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
-    Pelmor::Array<Pelmor::String> names;
-    translation.getSupportedTypeNames(names);
-    std::vector<std::string> texts;
-    for (const Pelmor::String& name : names) texts.emplace_back(name.c_str());
-    return texts;
-}
 
 Limits caseLimits() {
     Limits limits;
@@ -48,11 +38,7 @@ TavrikGraph::Executor::TypeTranslation& Trial::translation() {
 const std::vector<Pelmor::Type>& Trial::carried() {
     if (!m_carried.empty()) return m_carried;
     doing("asking for the names of the types");
-    std::set<std::string> seen;
-    for (const std::string& name : namesOf(translation())) {
-        const auto type = types().findType(name.c_str());
-        if (type && seen.insert(name).second) m_carried.push_back(*type);
-    }
+    m_carried = carriedTypes(translation(), types());
     if (m_carried.empty()) skip("it names no type that the graph knows (see --types)");
     return m_carried;
 }

@@ -21,8 +21,6 @@ namespace Tolvane::Tools {
 
 // "array<Studio::Face>"
 std::string nameOf(const Pelmor::Type& type);
-// What the translation says that it carries, as it says it.
-std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation);
 
 // What a case may take, unless somebody says otherwise.
 Limits caseLimits();

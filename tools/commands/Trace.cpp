@@ -5,6 +5,7 @@
 #include "tools/commands/CommonOptions.h"
 #include "tools/commands/OneFrame.h"
 #include "tools/inspect/TypedNode.h"
+#include "tools/node/NamedTypes.h"
 #include "tools/node/WatchedTranslation.h"
 #include "tools/report/TraceReport.h"
 

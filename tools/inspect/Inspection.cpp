@@ -1,20 +1,13 @@
 #include "tools/inspect/Inspection.h"
 
 #include "tools/inspect/TypedNode.h"
+#include "tools/node/NamedTypes.h"
 
 #include <algorithm>
 #include <set>
 
 namespace Tolvane::Tools {
 namespace {
-
-std::vector<std::string> namesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
-    Pelmor::Array<Pelmor::String> list;
-    translation.getSupportedTypeNames(list);
-    std::vector<std::string> names;
-    for (const Pelmor::String& name : list) names.emplace_back(name.c_str());
-    return names;
-}
 
 void addMessages(TypeInspection& inspection, const TypedNode::Port& port) {
     auto& all = inspection.messages;

@@ -7,8 +7,6 @@
 #include <OpenVornik/VErrorListener.h>
 #include <OpenVornik/VFnDependencyNode.h>
 
-#include <set>
-
 namespace Tolvane::Tools {
 
 using namespace TavrikGraph::Executor;
@@ -54,19 +52,6 @@ TypedNode::Port TypedNode::addPort(const TypeTranslation& translation, const cha
     const VPlug plug = VFnDependencyNode(m_node).findPlug(name);
     if (!plug.isNull()) port.shape = shapeOf(plug);
     return port;
-}
-
-std::vector<Pelmor::Type> carriedTypes(const TypeTranslation& translation,
-                                       const Pelmor::Library& types) {
-    Pelmor::Array<Pelmor::String> names;
-    translation.getSupportedTypeNames(names);
-    std::vector<Pelmor::Type> carried;
-    std::set<std::string> seen;
-    for (const Pelmor::String& name : names) {
-        const auto type = types.findType(name);
-        if (type && seen.insert(name.c_str()).second) carried.push_back(*type);
-    }
-    return carried;
 }
 
 Pelmor::Type typeNamed(const std::string& name, const Pelmor::Library& types) {

@@ -61,10 +61,6 @@ private:
     Port m_output;
 };
 
-// Those that the library names and the graph knows, each once, in the library's order.
-std::vector<Pelmor::Type> carriedTypes(const TavrikGraph::Executor::TypeTranslation& translation,
-                                       const Pelmor::Library& types);
-
 // The type of this name. Throws Error if the graph does not know it.
 Pelmor::Type typeNamed(const std::string& name, const Pelmor::Library& types);
 

@@ -4,6 +4,7 @@
 #include "tools/node/FillInputs.h"
 #include "tools/node/FilledJoint.h"
 #include "tools/node/FindUnfilled.h"
+#include "tools/node/NamedTypes.h"
 #include "tools/node/ShapeMisfit.h"
 #include "tools/node/SpoilData.h"
 
@@ -17,16 +18,6 @@
 
 namespace Tolvane::Tools {
 
-std::vector<std::string> typeNamesOf(const TavrikGraph::Executor::TypeTranslation& translation) {
-    Pelmor::Array<Pelmor::String> all;
-    translation.getSupportedTypeNames(all);
-    std::vector<std::string> names;
-    std::set<std::string> seen;
-    for (const Pelmor::String& name : all)
-        if (seen.insert(name.c_str()).second) names.emplace_back(name.c_str());
-    return names;
-}
-
 RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
                      const Pelmor::Library& library)
     : m_translation(translation),
@@ -34,7 +25,7 @@ RoundTrip::RoundTrip(TavrikGraph::Executor::TypeTranslation& translation,
              [this](const auto& inputs, const auto& outputs) { handOver(inputs, outputs); }),
       m_data(VFnDependencyNode(m_node.hostNode()).dataBlock()) {
     std::vector<Pelmor::Type> arrays;
-    for (const std::string& name : typeNamesOf(translation)) {
+    for (const std::string& name : distinctNamesOf(translation)) {
         const auto type = library.findType(name.c_str());
         if (!type)
             m_notTried.push_back(name);

@@ -24,9 +24,6 @@
 
 namespace Tolvane::Tools {
 
-// The types that a translation names, each once, in its order.
-std::vector<std::string> typeNamesOf(const TavrikGraph::Executor::TypeTranslation& translation);
-
 // How one graph type fared.
 struct TypeResult {
     std::string typeName;

@@ -1,6 +1,7 @@
 #include "tools/node/RunFrames.h"
 
 #include "tools/node/DataPath.h"
+#include "tools/node/NamedTypes.h"
 
 #include <OpenVornik/VErrorListener.h>
 #include <Pelmor/ArrayType.h>
@@ -77,7 +78,7 @@ std::vector<NotTried> notTried(const TavrikGraph::Executor::TypeTranslation& tra
         known.insert(name);
     }
     for (const TypeResult& type : roundTrip.results()) known.insert(type.typeName);
-    for (const std::string& name : typeNamesOf(translation))
+    for (const std::string& name : distinctNamesOf(translation))
         if (known.count(name) == 0)
             types.push_back({name, "the library named it only after the run had begun", false});
     return types;
