@@ -10,6 +10,8 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace Tolvane::Tools {
 namespace {
@@ -83,20 +85,23 @@ private:
         m_library.defineEnum(description.name.c_str(), description.fields);
     }
 
-    // Again and again, those of which all members are known by now.
+    // Each once the types of all its members are known.
     void defineStructs(const std::vector<StructDescription>& structs) {
-        std::vector<const StructDescription*> waiting, stillWaiting;
-        for (const StructDescription& each : structs) waiting.push_back(&each);
-        while (!waiting.empty()) {
-            stillWaiting.clear();
-            for (const StructDescription* each : waiting)
-                if (firstUnknown(*each).empty())
-                    defineStruct(*each);
-                else
-                    stillWaiting.push_back(each);
-            if (stillWaiting.size() == waiting.size()) refuseCycle(waiting);
-            waiting.swap(stillWaiting);
+        std::map<std::string, std::vector<const StructDescription*>> waitingFor;
+        std::map<const StructDescription*, std::size_t> unknownMembers;
+        std::vector<const StructDescription*> ready;
+        for (const StructDescription& each : structs) {
+            const std::vector<std::string> unknown = unknownTypes(each);
+            for (const std::string& name : unknown) waitingFor[name].push_back(&each);
+            unknownMembers[&each] = unknown.size();
+            if (unknown.empty()) ready.push_back(&each);
         }
+        for (std::size_t i = 0; i < ready.size(); ++i) {
+            defineStruct(*ready[i]);
+            for (const StructDescription* each : waitingFor[ready[i]->name])
+                if (--unknownMembers[each] == 0) ready.push_back(each);
+        }
+        if (ready.size() < structs.size()) refuseCycle(structs);
     }
 
     void defineStruct(const StructDescription& description) {
@@ -139,20 +144,26 @@ private:
         return extent;
     }
 
-    // The first type that a struct refers to and that is not defined yet; empty if there is none.
-    std::string firstUnknown(const StructDescription& description) const {
+    // The types that members refer to and that are not defined yet, in the order of the members.
+    std::vector<std::string> unknownTypes(const StructDescription& description) const {
+        std::vector<std::string> unknown;
         for (const MemberDescription& member : description.members) {
             std::string name = elementOf(member.typeName).name;
-            if (!m_library.findType(name.c_str())) return name;
+            if (!m_library.findType(name.c_str())) unknown.push_back(std::move(name));
         }
-        return {};
+        return unknown;
     }
 
-    // Each of these waits for another one of them, so whoever follows them comes round.
-    [[noreturn]] void refuseCycle(const std::vector<const StructDescription*>& waiting) const {
+    // Each that is not defined yet waits for another such, so whoever follows them comes round.
+    [[noreturn]] void refuseCycle(const std::vector<StructDescription>& structs) const {
         std::map<std::string, std::string> waitsFor;
-        for (const StructDescription* each : waiting) waitsFor[each->name] = firstUnknown(*each);
-        std::string name = waiting.front()->name;
+        std::string name;
+        for (const StructDescription& each : structs) {
+            const std::vector<std::string> unknown = unknownTypes(each);
+            if (unknown.empty()) continue;
+            waitsFor[each.name] = unknown.front();
+            if (name.empty()) name = each.name;
+        }
         for (std::set<std::string> seen; seen.insert(name).second;) name = waitsFor[name];
         const std::string& next = waitsFor[name];
         throw Error(name + ": contains itself" + (next == name ? "" : ", by way of " + next));

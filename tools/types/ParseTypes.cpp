@@ -5,14 +5,17 @@
 #include "tools/types/JsonPlace.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace Tolvane::Tools {
 namespace {
 
 // Descriptions nest half as deep.
-constexpr int kDeepestNesting = 10;
+constexpr std::size_t kDeepestNesting = 10;
 
 bool isIdentifier(std::string_view text) {
     const auto isLetter = [](char c) {
@@ -98,22 +101,51 @@ std::string whyNoJson(const nlohmann::json::parse_error& error) {
     return "is not JSON: " + found;
 }
 
-// The parser nests without limit and lets a later member replace one of the same name.
-nlohmann::json parseJson(const std::string& text) {
-    std::vector<std::set<std::string>> keysOfOpenObjects;
-    const auto check = [&](int depth, nlohmann::json::parse_event_t event,
-                           const nlohmann::json& parsed) {
-        if (depth > kDeepestNesting) throw Error("nests too deep to describe types");
-        if (event == nlohmann::json::parse_event_t::object_start) keysOfOpenObjects.emplace_back();
-        if (event == nlohmann::json::parse_event_t::object_end) keysOfOpenObjects.pop_back();
-        if (event == nlohmann::json::parse_event_t::key &&
-            !keysOfOpenObjects.back().insert(parsed.get<std::string>()).second)
-            throw Error("has the key " + inQuotes(parsed.get<std::string>()) +
-                        " twice in one object");
+// Throws Error for what the parser takes as it comes: any depth, and several members of one name,
+// of which it keeps the last. What is not JSON is left to the parser to refuse.
+class DepthAndKeys : public nlohmann::json_sax<nlohmann::json> {
+public:
+    bool start_object(std::size_t) override { return open(); }
+    bool start_array(std::size_t) override { return open(); }
+    bool end_object() override { return close(); }
+    bool end_array() override { return close(); }
+    bool key(std::string& key) override {
+        if (!m_open.back().insert(key).second)
+            throw Error("has the key " + inQuotes(key) + " twice in one object");
         return true;
-    };
+    }
+
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(std::int64_t) override { return true; }
+    bool number_unsigned(std::uint64_t) override { return true; }
+    bool number_float(double, const std::string&) override { return true; }
+    bool string(std::string&) override { return true; }
+    bool binary(nlohmann::json::binary_t&) override { return true; }
+    bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception&) override {
+        return false;
+    }
+
+private:
+    bool open() {
+        m_open.emplace_back();
+        if (m_open.size() > kDeepestNesting) throw Error("nests too deep to describe types");
+        return true;
+    }
+    bool close() {
+        m_open.pop_back();
+        return true;
+    }
+
+    // The keys of each object, and none for each array, from the outside in.
+    std::vector<std::set<std::string>> m_open;
+};
+
+nlohmann::json parseJson(const std::string& text) {
+    DepthAndKeys check;
+    nlohmann::json::sax_parse(text, &check);
     try {
-        return nlohmann::json::parse(text, check);
+        return nlohmann::json::parse(text);
     } catch (const nlohmann::json::parse_error& error) {
         throw Error(lineAndColumn(text, error.byte) + ": " +
                     (isUtf8(text) ? whyNoJson(error) : "is not JSON in UTF-8"));
