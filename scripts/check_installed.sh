@@ -155,12 +155,13 @@ own_translation() {
 }
 
 # The libraries that are fit, as they are installed and as the page has them built, and those that are not.
+# Whether other cases find fault with the latter, too, the tests of the checker tell.
 tolvane_check() {
     local face=$logs/own_g++/face
     "$prefix/bin/tolvane" check "$prefix/lib/TolvanePlugin.so"
     "$prefix/bin/tolvane" check "$face/build/FaceTranslation.so" --types "$face/types.json"
     build dev check_tests
-    run_tests build/dev '*Faulty*' check_tests
+    TRY_CASES=meant run_tests build/dev '*Faulty*' check_tests
     figure "two fit libraries, and with faulty ones $(passed_in build/dev)"
 }
 

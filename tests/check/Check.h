@@ -37,6 +37,12 @@ inline bool isInOrder(const nlohmann::json& result) {
 
 inline const std::vector<std::string> kPlainTypes{"--types", PLAIN_TYPES};
 
+inline std::vector<std::string> only(const std::string& regex,
+                                     std::vector<std::string> options = kPlainTypes) {
+    options.insert(options.end(), {"--only", regex});
+    return options;
+}
+
 // A regular expression of the cases that take long.
 constexpr const char* kDearCases =
     "failing-hosts/|loading/again-and-again|thrift/(allocations|host-calls|memory)|"

@@ -12,12 +12,6 @@ namespace {
 
 using testing::HasSubstr;
 
-std::vector<std::string> only(const std::string& regex,
-                              std::vector<std::string> options = kPlainTypes) {
-    options.insert(options.end(), {"--only", regex});
-    return options;
-}
-
 const std::string kQuickCases = std::string("^(?!") + kDearCases + ")";
 
 // Nothing fails, and there are no warnings but those of these cases.
@@ -41,8 +35,6 @@ TEST(FitLibraries, OfPlainCodePassWithoutAWarning) {
     EXPECT_GE(verdicts.size(), 60u);
     expectFit(verdicts, {});
 }
-
-TEST(FitLibraries, SuchAsThePluginPass) { expectFit(check(PLUGIN, {}), kUnnoticedFailures); }
 
 // The file of types of the example, whose struct has these members more. The library's own struct
 // has not, so `values/carried`, which looks at how big an element is, is no case for it.

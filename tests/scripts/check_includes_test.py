@@ -6,6 +6,8 @@ import unittest
 from pathlib import Path
 
 CHECK = Path(__file__).parents[2] / "scripts/check_includes"
+# One for all tests: some file systems take longer to remove a folder than the check takes.
+TREE = tempfile.TemporaryDirectory()
 
 # Every tree has these headers, so that quoted includes can name them.
 HEADERS = [
@@ -22,16 +24,21 @@ PLACES = {"translation": "translation/Tolvane"} | {
 }
 
 
+def setUpModule():
+    for header in HEADERS:
+        write(header, "")
+    write("version/Commit.h.in", "")
+    subprocess.run(["git", "init", "--quiet", TREE.name], check=True)
+
+
 def findings(**sources):
     """What the check prints for a tree with these lines in the files <folder>/Subject.cpp."""
-    with tempfile.TemporaryDirectory() as tree:
-        for header in HEADERS:
-            write(tree, header, "")
-        write(tree, "version/Commit.h.in", "")
-        for folder, text in sources.items():
-            write(tree, f"{PLACES.get(folder, folder)}/Subject.cpp", text)
-        subprocess.run(["git", "init", "--quiet", tree], check=True)
-        run = subprocess.run([CHECK, tree], capture_output=True, text=True)
+    subjects = [
+        write(f"{PLACES.get(folder, folder)}/Subject.cpp", text) for folder, text in sources.items()
+    ]
+    run = subprocess.run([CHECK, TREE.name], capture_output=True, text=True)
+    for subject in subjects:
+        subject.unlink()
     assert run.returncode == (1 if run.stdout else 0) and not run.stderr, run
     return run.stdout.splitlines()
 
@@ -40,10 +47,11 @@ def includes(headers):
     return "".join(f"#include {header}\n" for header in headers)
 
 
-def write(tree, name, text):
-    path = Path(tree, name)
+def write(name, text):
+    path = Path(TREE.name, name)
     path.parent.mkdir(parents=True, exist_ok=True)
     path.write_text(text)
+    return path
 
 
 class CheckIncludes(unittest.TestCase):
