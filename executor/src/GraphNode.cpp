@@ -13,12 +13,16 @@ GraphNode::GraphNode(TypeTranslation& translation, const VString& nodeName, Grap
     : m_translation(translation), m_graph(std::move(graph)) {
     VFnDependencyNode node;
     m_hostNode = node.create(nodeName);
-    node.setCompute([this](const VPlug&, VDataBlock&) {
-        return VStatus(evaluate() ? VStatus::kSuccess : VStatus::kFailure);
+    node.setCompute([self = m_self](const VPlug&, VDataBlock&) {
+        return VStatus(*self && (*self)->evaluate() ? VStatus::kSuccess : VStatus::kFailure);
     });
 }
 
-GraphNode::~GraphNode() { VFnDependencyNode(m_hostNode).setCompute({}); }
+GraphNode::~GraphNode() {
+    // The host may refuse what follows.
+    *m_self = nullptr;
+    VFnDependencyNode(m_hostNode).setCompute({});
+}
 
 bool GraphNode::addPort(const Pelmor::String& name, PortDirection direction,
                         const Pelmor::Type& type) {

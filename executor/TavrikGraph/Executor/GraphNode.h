@@ -16,6 +16,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace TavrikGraph::Executor {
@@ -67,6 +68,8 @@ private:
     VObject m_hostNode;
     Graph m_graph;
     std::vector<Port> m_ports;
+    // By which the host node finds this one; null once it is gone.
+    std::shared_ptr<GraphNode*> m_self = std::make_shared<GraphNode*>(this);
 };
 
 }  // namespace TavrikGraph::Executor
