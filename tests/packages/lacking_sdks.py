@@ -177,21 +177,46 @@ def try_sdk(prefix, folder, number, cuts, options, says):
     return says
 
 
+# As a studio writes it for an SDK that comes without one.
+OWN_CONFIG = """add_library(OpenVornik::OpenVornik SHARED IMPORTED)
+set_target_properties(OpenVornik::OpenVornik PROPERTIES
+    IMPORTED_LOCATION "${CMAKE_CURRENT_LIST_DIR}/../../libOpenVornik.so"
+    INTERFACE_INCLUDE_DIRECTORIES "${CMAKE_CURRENT_LIST_DIR}/../../../include"
+    INTERFACE_COMPILE_DEFINITIONS PLUG_CONST=)
+"""
+OF_THIS_BUILD = """add_library(OpenVornik INTERFACE)
+target_include_directories(OpenVornik INTERFACE "${CMAKE_CURRENT_LIST_DIR}/../../../include")
+add_library(OpenVornik::OpenVornik ALIAS OpenVornik)
+"""
+
+
 def try_reduced_sdk(prefix, folder):
     """A host that has no more than the product may ask of it is good for the product."""
-    sdk = folder / "reduced_sdk"
+    sdk, build = folder / "reduced_sdk", folder / "build_reduced"
     copy_sdk(prefix, sdk)
     shutil.rmtree(sdk / "include/OpenVornik")
     shutil.copytree(REDUCED / "OpenVornik", sdk / "include/OpenVornik")
-    flags = "-DCMAKE_CXX_FLAGS=-DPLUG_CONST="
-    status, said = configure(sdk, folder / "build_reduced", flags)
+    (sdk / "lib/cmake/OpenVornik/OpenVornikConfig.cmake").write_text(OWN_CONFIG)
+    status, said = configure(sdk, build)
     if status != 0:
         sys.exit(f"with the reduced host, nothing should be lacking:\n{said}")
-    status, said = configure(sdk, folder / "build_reduced", flags, "-DTOLVANE_TOOLS=ON")
-    says = "TOLVANE_TOOLS=OFF builds: <OpenVornik/VErrorListener.h>"
-    if status == 0 or says not in said:
+    status, said = configure(sdk, build, "-DTOLVANE_TOOLS=ON")
+    for_tools = "TOLVANE_TOOLS=OFF builds: <OpenVornik/VErrorListener.h>"
+    if status == 0 or for_tools not in said:
         sys.exit(f"the reduced host should lack what the command line needs:\n{said}")
-    return [says]
+    other = folder / "other_sdk"
+    shutil.copytree(sdk, other)
+    (other / "include/OpenVornik/VGlobal.h").unlink()
+    status, said = configure(sdk, build, f"-DOpenVornik_DIR={other}/lib/cmake/OpenVornik")
+    of_other = "lacks what the plugin needs: <OpenVornik/VGlobal.h>"
+    if status == 0 or of_other not in said:
+        sys.exit(f"another SDK in the same build folder should lack a header:\n{said}")
+    (other / "lib/cmake/OpenVornik/OpenVornikConfig.cmake").write_text(OF_THIS_BUILD)
+    status, said = configure(other, folder / "build_other", "-DTOLVANE_INSTALL=ON")
+    not_imported = "is not IMPORTED"
+    if status == 0 or not_imported not in said:
+        sys.exit(f"a target that is part of the build cannot be installed against:\n{said}")
+    return [for_tools, of_other, not_imported]
 
 
 def main():
