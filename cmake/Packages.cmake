@@ -1,6 +1,8 @@
 # The target `package`: a Debian package for each component, and one archive of all.
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME tolvane)
+# CPack by itself takes three of the four numbers.
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "The TolvanePlugin developers <developers@tolvane.example>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Rigging data between Vornik and the Tavrik graph")
 set(CPACK_VERBATIM_VARIABLES ON)

@@ -37,6 +37,8 @@ def main():
         sys.exit(f"the packages are {', '.join(packages)}, not {', '.join(expected)}")
     for package, file in packages.items():
         version, depends = field(file, "Version"), field(file, "Depends")
+        if version.count(".") != 3:
+            sys.exit(f"the version of {package}, {version}, has not the project's four numbers")
         entries = {entry.strip() for entry in depends.split(",") if entry.strip()}
         own = {entry for entry in entries if entry.startswith("tolvane")}
         libraries = {entry.split()[0] for entry in entries - own} - PERHAPS
