@@ -5,17 +5,25 @@
 packages_tests=$root/tests/packages
 # What is installed, after it was moved to another place.
 prefix=$logs/installed
+# What the commands of the page make with each compiler.
+page_results=$logs/own_
+
+# Each check runs by itself, too.
+need_installed() {
+    if [[ ! -d $prefix ]]; then install_and_move; fi
+}
 
 install_and_move() {
     configure dev
     build dev
-    rm -rf "$prefix" "$logs/first_place"
+    rm -rf "$logs/first_place"
     cmake --install build/dev --prefix "$logs/first_place"
     mv "$logs/first_place" "$prefix"
     figure "$(find "$prefix" -type f | wc -l) files"
 }
 
 headers_alone() {
+    need_installed
     scripts/check_headers "$prefix/include"
     figure "$(find "$prefix/include" -name '*.h' | wc -l) headers, with g++ and clang++"
 }
@@ -35,6 +43,7 @@ consume_with() {
 }
 
 consume() {
+    need_installed
     consume_with g++
     consume_with clang++
     figure "four packages found and used, with g++ and clang++"
@@ -51,6 +60,7 @@ without_folders() {
 # The platforms from packages, without their folders in the tree: all, and then each alone.
 platforms_from_packages() {
     local all=$logs/all_from_packages host=$logs/host_from_package
+    need_installed
     all_from_packages
     host_from_package
     graph_from_package
@@ -113,12 +123,14 @@ graph_from_package() {
 # Packages of the platforms, each with one thing taken out; and one of the host that has no more than
 # what the product needs.
 lacking_sdks() {
+    need_installed
     python3 "$packages_tests/lacking_sdks.py" "$prefix" "$logs/lacking_sdks"
     figure "$(wc -l <"$logs/lacking_sdks/named") gaps named"
 }
 
 subproject() {
     local way folder command built packages
+    need_installed
     for way in add_subdirectory FetchContent from_packages; do
         folder=$logs/subproject_$way
         built='libTavrikExecutor.so libPelmor.so libOpenVornik.so' packages=
@@ -143,26 +155,51 @@ subproject() {
 
 # Every command of the page, and every mistake that the page says is caught.
 own_translation() {
-    local compiler
+    local compiler face
+    need_installed
     for compiler in g++ clang++; do
-        rm -rf "$logs/own_$compiler"
-        CXX=$compiler PREFIX=$prefix python3 "$packages_tests/run_document.py" \
-            docs/own_translation.md "$logs/own_$compiler"
-        scripts/check_library "$logs/own_$compiler/face/build/FaceTranslation.so"
+        run_page "$compiler"
+        face=$page_results$compiler/face
+        scripts/check_library "$face/build/FaceTranslation.so"
+        [[ $(readelf -d "$face/shipped/lib/FaceTranslation.so") != *R*PATH* ]]
     done
     python3 "$packages_tests/mistakes.py" "$packages_tests/mistakes" "$prefix" "$logs/mistakes"
     figure "the page's commands with g++ and clang++, $(wc -l <"$logs/mistakes/caught") mistakes caught"
 }
 
+run_page() {
+    CXX=$1 PREFIX=$prefix python3 "$packages_tests/run_document.py" \
+        docs/own_translation.md "$page_results$1"
+}
+
 # The libraries that are fit, as they are installed and as the page has them built, and those that are not.
 # Whether other cases find fault with the latter, too, the tests of the checker tell.
 tolvane_check() {
-    local face=$logs/own_g++/face
-    "$prefix/bin/tolvane" check "$prefix/lib/TolvanePlugin.so"
+    local face=${page_results}g++/face begin seconds
+    need_installed
+    if [[ ! -d $face ]]; then run_page g++; fi
+    begin=$SECONDS
+    "$prefix/bin/tolvane" check "$prefix/lib/TolvanePlugin.so" --json >"$logs/plugin.json"
+    seconds=$((SECONDS - begin))
+    diff - <(not_passed "$logs/plugin.json") <<'END'
+failing-hosts/unnoticed-reading warning
+failing-hosts/unnoticed-writing warning
+failing-hosts/ports warning
+threads/sanitizer skipped
+END
     "$prefix/bin/tolvane" check "$face/build/FaceTranslation.so" --types "$face/types.json"
+    configure dev
     build dev check_tests
     TRY_CASES=meant run_tests build/dev '*Faulty*' check_tests
-    figure "two fit libraries, and with faulty ones $(passed_in build/dev)"
+    figure "the plugin, in $seconds s; a translation of one's own; with faulty ones $(passed_in build/dev)"
+}
+
+# The cases that a library did not pass, and what came of them.
+not_passed() {
+    python3 -c 'import json, sys
+for each in json.load(open(sys.argv[1]))["cases"]:
+    if each["verdict"] != "passed":
+        print(each["name"], each["verdict"])' "$1"
 }
 
 # The packages, unpacked into an empty root by the system's own tools, which refuse those that are no
@@ -172,6 +209,7 @@ packages() {
     rm -rf "$there" build/dev/_CPack_Packages build/dev/*.deb build/dev/*.tar.gz
     mkdir -p "$there"/deb/var/lib/dpkg/{info,triggers,updates} "$there/tar"
     : >"$there/deb/var/lib/dpkg/status"
+    configure dev
     cmake --build build/dev --target package
     dpkg --root="$there/deb" --force-not-root --log=/dev/null --unpack build/dev/*.deb
     tar -x -C "$there/tar" --strip-components=1 -f build/dev/*.tar.gz

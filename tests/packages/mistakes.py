@@ -27,7 +27,18 @@ BUILD_SAYS = {
     11: CPP_NAME,
     12: CPP_NAME,
 }
-RUN_SAYS = {13: "a new element has no array in numbers: is it initialised with Tolvane::newArray?"}
+NO_ARRAY = "a new element has no array in numbers: is it initialised with Tolvane::newArray?"
+OTHER_SIZE = "an element has 48 bytes, and the graph's Studio::Record has 40"
+NOT_CARRIED = "Described, but not carried by the library: Studio::Record"
+# By what tries the library.
+TRYING_SAYS = {
+    13: {"run": NO_ARRAY, "check": NO_ARRAY},
+    14: {"run": "outRecord.number was not written", "check": "out.number: differs"},
+    15: {"run": "outRecord.other was not written", "check": "out.other: differs"},
+    16: {"run": OTHER_SIZE, "check": OTHER_SIZE},
+    17: {"run": "Not tried, for the graph does not know it (see --types): Stduio::Record"},
+    18: {"run": NOT_CARRIED},
+}
 
 
 def run(command):
@@ -66,13 +77,14 @@ def try_all(source, prefix, folder, compiler):
     configure = ["cmake", "--fresh", "-S", source, "-B", built, "-G", "Ninja"]
     configure += [f"-DCMAKE_CXX_COMPILER={compiler}", f"-DCMAKE_PREFIX_PATH={prefix}"]
     subprocess.run(configure, check=True)
-    for number in (0, *RUN_SAYS):
+    for number in (0, *TRYING_SAYS):
         expect_right(f"{compiler} {number}, built", *build(built, number))
     for command, *result in try_out(source, prefix, built, 0):
         expect_right(f"{compiler} 0, {command}", *result)
-    for number, words in RUN_SAYS.items():
+    for number, says in TRYING_SAYS.items():
         for command, *result in try_out(source, prefix, built, number):
-            yield expect_mistake(f"{compiler} {number}, {command}", words, *result)
+            if command in says:
+                yield expect_mistake(f"{compiler} {number}, {command}", says[command], *result)
     for number, words in BUILD_SAYS.items():
         yield expect_mistake(f"{compiler} {number}, built", words, *build(built, number))
 

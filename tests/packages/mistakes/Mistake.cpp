@@ -32,7 +32,7 @@ struct Tolvane::Page<Inner> {
     static constexpr std::tuple members{INNER_MEMBERS};
 };
 
-#if MISTAKE == 11
+#if MISTAKE == 11 || MISTAKE == 17
 namespace Stduio {
 #else
 namespace Studio {
@@ -53,10 +53,13 @@ struct Record {
 #else
     double other = 0;
 #endif
+#if MISTAKE == 16
+    double more = 0;
+#endif
 };
 
 }  // namespace Studio or, by mistake, another
-#if MISTAKE == 11
+#if MISTAKE == 11 || MISTAKE == 17
 using Stduio::Record;
 #else
 using Studio::Record;
@@ -64,12 +67,18 @@ using Studio::Record;
 
 #if MISTAKE == 3
 #define MEMBERS &Record::number, &Record::inner, &Record::numbers, &Record::other, &Record::number
+#elif MISTAKE == 14
+#define MEMBERS &Record::inner, &Record::number, &Record::numbers, &Record::other
+#elif MISTAKE == 15
+#define MEMBERS &Record::number, &Record::inner, &Record::numbers
 #else
 #define MEMBERS &Record::number, &Record::inner, &Record::numbers, &Record::other
 #endif
 
 #if MISTAKE == 12
 #define NAME "double"
+#elif MISTAKE == 17
+#define NAME "Stduio::Record"
 #else
 #define NAME "Studio::Record"
 #endif
@@ -84,6 +93,8 @@ struct Tolvane::Page<Record> {
 
 #if MISTAKE == 8
 #define RECORDS Record, Record
+#elif MISTAKE == 18
+#define RECORDS Inner
 #else
 #define RECORDS Record
 #endif
