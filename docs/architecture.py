@@ -57,7 +57,7 @@ def main():
               '</text>')
         print(f'<text x="{x + width / 2}" y="{y + 43}" fill="#52606d">{text}</text>')
     print(f'<text x="{WIDTH / 2}" y="{HEIGHT - 20}" fill="#52606d">An arrow points to what is '
-          'used. Every folder of the product may use graph/; host/ and graph/ know nothing of it.'
+          'used. All of the product but version/ may use graph/; host/ and graph/ know nothing of it.'
           '</text>')
     print("</svg>")
 

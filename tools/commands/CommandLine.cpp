@@ -10,6 +10,7 @@
 #include "tools/commands/Trace.h"
 #include "tools/report/Report.h"
 #include "tools/report/StandardOutput.h"
+#include "tools/support/Columns.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
 
@@ -24,9 +25,15 @@
 namespace Tolvane::Tools {
 namespace {
 
+constexpr const char* kDocuments =
+    "In share/doc/tolvane, beside the program's bin: own_translation.md leads to a translation "
+    "library of one's own, types.md says what --types takes, check.md what check tries.";
+
 // Returns and throws what a command does.
 int carryOut(int count, const char* const* arguments) {
-    CLI::App app("Runs rigs through TolvanePlugin, from the host into the graph and back.");
+    CLI::App app(
+        "Runs rigs through translation libraries such as TolvanePlugin, and checks these.");
+    app.footer(wrapped(kDocuments, 0));
     app.name("tolvane");
     app.formatter(std::make_shared<HelpText>());
     addVersion(app);

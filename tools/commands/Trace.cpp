@@ -105,7 +105,8 @@ Command addTrace(CLI::App& app) {
     CLI::App& trace = *app.add_subcommand(
         "trace",
         "Lists every host call of one evaluation, with what it gave and what it took.\n"
-        "Exit status: 0 if every value was carried, 1 if not, 2 if nothing can be traced.");
+        "Exit status: 0 if every value was carried, or with --fail; else 1; 2 if nothing can\n"
+        "be traced.");
     CLI::Option* const file = addRig(trace, arguments->file);
     // A text of its own keeps the help from saying what an option excludes.
     CLI::Option* const generated =
