@@ -35,6 +35,8 @@ int carryOut(int count, const char* const* arguments) {
         "Runs rigs through translation libraries such as TolvanePlugin, and checks these.");
     app.footer(wrapped(kDocuments, 0));
     app.name("tolvane");
+    // What follows the command is for it, also what has the name of another: a folder "check", say.
+    app.require_subcommand(0, 1);
     app.formatter(std::make_shared<HelpText>());
     addVersion(app);
     const std::vector<Command> commands{addRun(app),     addInfo(app),  addCheck(app),
