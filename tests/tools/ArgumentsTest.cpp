@@ -39,4 +39,17 @@ TEST_F(TolvaneArguments, AreNoCommandsBehindOne) {
     EXPECT_THAT(runTolvane({"info", "check", "run"}).errors, HasSubstr("was not expected: run "));
 }
 
+TEST_F(TolvaneArguments, StayWholeInBrackets) {
+    for (const char* name : {"[mocap]", "[a,b]", "[]", "[[a]]", "{}", "%%"}) {
+        expectNoSuchFile({"run", name}, name);
+        expectNoSuchFile({"inspect", name}, name);
+        EXPECT_THAT(runTolvane({"inspect", PLUGIN, name}).errors, HasSubstr(name));
+    }
+    folder.write("[a,b]", sampleBvh());
+    const TolvaneProcess process =
+        runTolvane({"run", "[a,b]", rig(), "--jobs", "2", "--", "[a,b]"});
+    EXPECT_EQ(process.status, 0) << process.errors;
+    EXPECT_THAT(process.output, HasSubstr("\n3 rigs: all "));
+}
+
 }  // namespace

@@ -52,6 +52,17 @@ CLI::Option* addNumberOf(CLI::App& command, const std::string& name, const char*
 std::string bundledWalk() { return besideProgram("../share/tolvane/examples/walk.bvh"); }
 std::string bundledPlugin() { return besideProgram("../lib/TolvanePlugin.so"); }
 
+// More than anybody gives are asked for, and fewer do: with arguments beyond those that an option
+// asks for, one in brackets, such as "[mocap]", would be taken apart as a list.
+CLI::Option* addEach(CLI::App& command, const std::string& name, std::vector<std::string>& values,
+                     const std::string& help) {
+    constexpr int kMore = 1 << 24;
+    return command.add_option(name, values, help)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->expected(kMore, CLI::detail::expected_max_vector_size)
+        ->allow_extra_args(false);
+}
+
 CLI::Option* addRig(CLI::App& command, std::string& file) {
     file = bundledWalk();
     return command

@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
@@ -18,6 +19,10 @@ namespace Tolvane::Tools {
 // The rig and the plugin that come with the program.
 std::string bundledWalk();
 std::string bundledPlugin();
+
+// What stands behind a command without an option's name, as often as one likes.
+CLI::Option* addEach(CLI::App& command, const std::string& name, std::vector<std::string>& values,
+                     const std::string& help);
 
 // A command's rig, and how it is read.
 CLI::Option* addRig(CLI::App& command, std::string& file);

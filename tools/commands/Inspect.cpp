@@ -75,10 +75,9 @@ Command addInspect(CLI::App& app) {
         "inspect",
         "Shows what a translation library says of itself, and the attributes of its types.\n"
         "Exit status: 0 if every type gets its ports, 1 if not, 2 if it cannot be inspected.");
-    inspect
-        .add_option("LIBRARY", arguments->typeNames,
-                    "A translation library (default: tolvane's own plugin), and types of which\n"
-                    "to show these only, even if the library does not name them")
+    addEach(inspect, "LIBRARY", arguments->typeNames,
+            "A translation library (default: tolvane's own plugin), and types of which\n"
+            "to show these only, even if the library does not name them")
         ->option_text("[TYPE...]");
     inspect.add_option("--plugin", arguments->plugin, "The same as LIBRARY")
         ->option_text("LIBRARY");

@@ -44,10 +44,9 @@ Command addRun(CLI::App& app) {
                             "{\"error\": {\"stage\", \"what\", \"file\"}}; the stages are ") +
                     stageWords() + ".",
                 0));
-    run.add_option(
-           "FILE", arguments->files,
-           "Rigs (BVH, glTF, GLB, FBX, COLLADA, ...) and folders of rigs (default: the\n"
-           "bundled walk). Of several, each gets a row or, with --json, an object in a line.")
+    addEach(run, "FILE", arguments->files,
+            "Rigs (BVH, glTF, GLB, FBX, COLLADA, ...) and folders of rigs (default: the\n"
+            "bundled walk). Of several, each gets a row or, with --json, an object in a line.")
         ->option_text("...");
     addJobs(run, arguments->jobs,
             "Run N of several rigs at once (default: one for each processor)");
