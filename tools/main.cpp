@@ -31,6 +31,8 @@ int main(int count, char** arguments) {
     keepStandardStreamsApart();
     // A limit on the size of files is an error like another.
     std::signal(SIGXFSZ, SIG_IGN);
+    // Whoever started this program may have ignored it: then nobody could tell how a process ended.
+    std::signal(SIGCHLD, SIG_DFL);
     try {
         return Tolvane::Tools::runCommandLine(count, arguments);
     } catch (const Tolvane::Tools::Interrupted& interrupted) {

@@ -303,6 +303,16 @@ TEST(Child, HasNothingToRead) {
     EXPECT_EQ(outcome.answer, "1");
 }
 
+// Then nobody can tell how it ended, but what it has sent is there.
+TEST(Child, EndsAlsoWhereTheSystemBuriesIt) {
+    const auto former = std::signal(SIGCHLD, SIG_IGN);
+    const Outcome answered = run([](ChildSide&) { return "answer"; });
+    const Outcome killed = run(doing([] { std::raise(SIGKILL); }));
+    std::signal(SIGCHLD, former);
+    EXPECT_EQ(answered.answer, "answer");
+    EXPECT_EQ(killed.end, End::Exited);
+}
+
 TEST(Child, IsEndedWithItsOwner) {
     pid_t process = -1;
     {

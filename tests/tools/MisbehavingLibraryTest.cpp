@@ -156,6 +156,17 @@ TEST_F(TolvaneRunWithMisbehavingLibrary, EndsOneThatTakesTooMuchMemory) {
     }
 }
 
+// Whoever starts the program may do so, without knowing.
+TEST_F(TolvaneRunWithMisbehavingLibrary, SaysHowItWentDownAlsoWhereEndsOfProcessesAreIgnored) {
+    const std::string asked = fault(kWaysDown[0], kStages[5]);
+    const std::size_t equals = asked.find('=');
+    setenv(asked.substr(0, equals).c_str(), asked.substr(equals + 1).c_str(), 1);
+    const TolvaneProcess process = run("--ignore-signal=CHLD");
+    unsetenv(asked.substr(0, equals).c_str());
+    EXPECT_EQ(process.errors, line(kWaysDown[0], kStages[5]));
+    EXPECT_EQ(process.status, 1);
+}
+
 // Somebody has asked for that print by the variable that the plugin obeys.
 TEST_F(TolvaneRun, PassesOnTheVersionThatThePluginIsAskedFor) {
     const TolvaneProcess process = runTolvane({"run", rig()}, "QUELMAR_DUMP_VERSION_INFO=1");

@@ -113,13 +113,18 @@ void Child::end(Outcome::End end) {
 // The process is looked at before it is buried, because only until then its group has its number.
 void Child::reap(int options) {
     siginfo_t information{};
-    while (waitid(P_PID, static_cast<id_t>(m_process), &information, options | WNOWAIT) != 0)
-        if (errno != EINTR) break;
-    if (information.si_pid == 0) return;
-    kill(-m_process, SIGKILL);
+    int result = 0;
+    do result = waitid(P_PID, static_cast<id_t>(m_process), &information, options | WNOWAIT);
+    while (result != 0 && errno == EINTR);
     int status = 0;
     rusage usage{};
-    while (wait4(m_process, &status, 0, &usage) < 0 && errno == EINTR) continue;
+    // Where the system has buried it, as it does if SIGCHLD is ignored, its number may be another's
+    // by now, and all that is left of it is what it has sent.
+    if (result == 0) {
+        if (information.si_pid == 0) return;
+        kill(-m_process, SIGKILL);
+        while (wait4(m_process, &status, 0, &usage) < 0 && errno == EINTR) continue;
+    }
     m_ended = true;
     takeAnswer();
     notePlace();
