@@ -167,7 +167,10 @@ TEST(Timing, HasAFrameWhereNothingMoves) {
 }
 
 TEST(Timing, RefusesATickRateThatIsNone) {
-    for (const double rate : {-1., std::nan(""), HUGE_VAL}) EXPECT_THROW(timed(rate, {0}), Error);
+    for (const double rate : {-1., std::nan(""), HUGE_VAL, 1e-310})
+        for (const FileKind kind : {FileKind::Other, FileKind::Md5})
+            EXPECT_THROW(timed(rate, {0}, std::nullopt, kind), Error) << rate;
+    EXPECT_EQ(timed(1e-300, {0}, std::nullopt, FileKind::Md5).framesPerSecond, 1e-300);
 }
 
 }  // namespace

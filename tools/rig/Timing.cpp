@@ -135,7 +135,9 @@ std::optional<double> rateOfKeys(const std::vector<double>& times) {
 }
 
 bool hasTimeUnit(const aiAnimation& animation) {
-    return std::isfinite(animation.mTicksPerSecond) && animation.mTicksPerSecond >= 0;
+    const double stated = animation.mTicksPerSecond;
+    // So few ticks per second are possible that one lasts for ever.
+    return stated == 0 || (stated > 0 && std::isfinite(stated) && std::isfinite(1 / stated));
 }
 
 double usualRate(double rate) {
