@@ -216,6 +216,15 @@ TEST_F(TolvaneRunMany, TreatsASingleRigTheSameWayWhereJobsAreAskedFor) {
     EXPECT_THAT(linesOf(process.output), ElementsAre(StartsWith("{\"file\":\"" + rig() + "\"")));
 }
 
+TEST_F(TolvaneRunMany, PassesOnTheVersionThatThePluginIsAskedForOfEachRig) {
+    for (const char* option : {"--verbose", "-q", "--json"}) {
+        const TolvaneProcess process =
+            runTolvane({"run", rigs, option}, "QUELMAR_DUMP_VERSION_INFO=1");
+        EXPECT_EQ(process.status, 0);
+        EXPECT_THAT(process.errors, testing::MatchesRegex("( *TolvanePlugin: [^\n]+\n){2}"));
+    }
+}
+
 TEST_F(TolvaneRunMany, RefusesAtOnceWhatMakesNoSenseForAnyRig) {
     const auto expectRefusal = [](const std::vector<std::string>& arguments,
                                   const std::string& line) {

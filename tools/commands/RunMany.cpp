@@ -31,6 +31,8 @@ struct Row {
     std::string error;
     // As a Rig has it.
     bool hasSkeleton = true;
+    // As an Evaluation has it.
+    std::string printed = {};
 };
 
 constexpr auto exchangeRow = [](auto& message, auto& row) {
@@ -38,6 +40,7 @@ constexpr auto exchangeRow = [](auto& message, auto& row) {
     message.text(row.text);
     message.text(row.error);
     message.flag(row.hasSkeleton);
+    message.text(row.printed);
 };
 
 std::string jsonOf(const Error& error) {
@@ -67,7 +70,7 @@ Row rowOfRun(const RunArguments& arguments, ChildSide& self) {
             evaluation.ok ? 0 : 1,
             arguments.json ? jsonLine(arguments.file, evaluation.report) : evaluation.row + "\n",
             evaluation.misdeed ? lineOf(arguments, *evaluation.misdeed) : "",
-            evaluation.hasSkeleton};
+            evaluation.hasSkeleton, evaluation.printed};
     } catch (const Error& error) {
         return rowOfError(arguments, error);
     }
@@ -200,6 +203,7 @@ void Runs::printRows(const std::vector<Row>& rows) {
     m_guard.reset();
     for (const Row& row : rows) {
         ++m_ended[row.status];
+        std::cerr << row.printed;
         if (m_arguments.json || !m_arguments.quiet || row.status != 0) {
             print(row.text);
             m_hasMarked = m_hasMarked || !row.hasSkeleton;
