@@ -58,6 +58,14 @@ TEST_F(TolvaneRun, RefusesADevice) {
     expectRefusal({"run", "/dev/null"}, "/dev/null", "is not a regular file");
 }
 
+TEST_F(TolvaneRun, SaysWhyAFileMayNotBeLookedAt) {
+    std::filesystem::create_symlink("round.bvh", folder.path("round.bvh"));
+    expectRefusal({"run", folder.path("round.bvh")}, folder.path("round.bvh"),
+                  "cannot be read: Too many levels of symbolic links");
+    const std::string longName = folder.path(std::string(300, 'a'));
+    expectRefusal({"run", longName}, longName, "cannot be read: File name too long");
+}
+
 TEST_F(TolvaneRun, RefusesAnEmptyFile) {
     const std::string file = folder.write("empty.bvh", "");
     expectRefusal({"run", file}, file, "is empty");
