@@ -37,7 +37,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using Tolvane::Tools::oneLine;
 
-constexpr const char* kFormerPicture = "the picture of another run";
+constexpr const char* kFormerPicture = "<svg>the picture of another run</svg>";
 
 Tolvane::Tools::FrameRange seeds() {
     const char* asked = std::getenv("TOLVANE_BAD_RIGS");

@@ -87,7 +87,7 @@ class Interrupted : public TolvaneRun, public testing::WithParamInterface<int> {
 INSTANTIATE_TEST_SUITE_P(EachSignal, Interrupted, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 TEST_P(Interrupted, EndsByTheSignalAndLeavesACleanLine) {
-    const std::string picture = folder.write("out.svg", "the picture of another run");
+    const std::string picture = folder.write("out.svg", "<svg>the picture of another run</svg>");
     OnTerminal tolvane({"run", rig(), "--plugin", MISBEHAVING_LIBRARY, "--svg", picture},
                        "sleeps writing");
     tolvane.readTo("%");
@@ -98,7 +98,7 @@ TEST_P(Interrupted, EndsByTheSignalAndLeavesACleanLine) {
     EXPECT_TRUE(WIFSIGNALED(status));
     EXPECT_EQ(WTERMSIG(status), GetParam());
     expectNoProcessWith(picture);
-    EXPECT_EQ(readFile(picture), "the picture of another run");
+    EXPECT_EQ(readFile(picture), "<svg>the picture of another run</svg>");
     EXPECT_EQ(folder.fileCount(), 2U);
 }
 
@@ -115,7 +115,7 @@ TEST_F(Interrupted, ByCtrlCEndsAllRunsOfManyRigs) {
 }
 
 TEST_F(Interrupted, LeavesAFileThatIsBeingWrittenAsItWas) {
-    const std::string path = folder.write("file", "former");
+    const std::string path = folder.write("file", "<svg>former</svg>");
     const InterruptionGuard guard;
     std::raise(SIGTERM);
     try {
@@ -124,7 +124,7 @@ TEST_F(Interrupted, LeavesAFileThatIsBeingWrittenAsItWas) {
     } catch (const Tolvane::Tools::Interrupted& interrupted) {
         EXPECT_EQ(interrupted.signal, SIGTERM);
     }
-    EXPECT_EQ(readFile(path), "former");
+    EXPECT_EQ(readFile(path), "<svg>former</svg>");
     EXPECT_EQ(folder.fileCount(), 1U);
 }
 

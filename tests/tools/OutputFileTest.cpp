@@ -4,6 +4,7 @@
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -14,6 +15,8 @@ namespace {
 
 using namespace Tolvane::Tools;
 namespace fs = std::filesystem;
+
+const std::string kFormer = "<svg>former</svg>";
 
 class OutputFiles : public testing::Test {
 protected:
@@ -43,7 +46,7 @@ protected:
 };
 
 TEST_F(OutputFiles, ReplaceAFileAsAWhole) {
-    const std::string path = folder.write("file", "something old and long");
+    const std::string path = folder.write("file", kFormer);
     OutputFile(path).write("new");
     EXPECT_EQ(readFile(path), "new");
     EXPECT_EQ(folder.fileCount(), 1U);
@@ -70,7 +73,7 @@ TEST_F(OutputFiles, HaveThePermissionsOfTheirFormersOrOfAnyNewFile) {
 
 TEST_F(OutputFiles, AreReplacedWhereALinkLeadsTo) {
     fs::create_directory(folder.path("below"));
-    const std::string target = folder.write("below/target", "former");
+    const std::string target = folder.write("below/target", kFormer);
     fs::create_symlink("below/target", folder.path("link"));
     fs::create_symlink("link", folder.path("second"));
     fs::create_symlink("below/missing", folder.path("dangling"));
@@ -91,6 +94,9 @@ TEST_F(OutputFiles, AreRefusedWhereTheyCannotBeWritten) {
     fs::create_symlink("round", folder.path("round"));
     EXPECT_EQ(refusal(folder.path("round")),
               "cannot be written: Too many levels of symbolic links");
+    for (const char* after : {"", "/file"})
+        EXPECT_EQ(refusal(folder.path(std::string(300, 'a') + after)),
+                  "cannot be written: File name too long");
     fs::create_symlink("/dev/null", folder.path("device"));
     EXPECT_EQ(refusal(folder.path("device")), "is not a regular file, and will not be replaced");
 }
@@ -103,17 +109,42 @@ TEST_F(OutputFiles, AreRefusedWhereALinkLeadsToAPipe) {
     for (const int end : ends) close(end);
 }
 
-TEST_F(OutputFiles, AreRefusedWhereTheyArePrograms) {
-    const std::string program = folder.write("program", "\177ELF\2\1\1");
-    fs::create_symlink(program, folder.path("link"));
-    for (const std::string& path : {program, folder.path("link")})
-        EXPECT_EQ(refusal(path), "is a program or a library, and will not be replaced");
-    for (const char* other : {"", "\177EL", "\177elf"})
-        EXPECT_EQ(refusal(folder.write("other", other)), "");
+TEST_F(OutputFiles, AreRefusedWhereThereIsNoPictureOrPage) {
+    for (const char* other :
+         {"\177ELF\2\1\1", "HIERARCHY\n", "{\"asset\": \"<svg >\"}", "<", " ", "<svgx>",
+          "<?xml version=\"1.0\"?>\n<COLLADA xmlns=\"http://www.collada.org\">\n"}) {
+        const std::string path = folder.write("other", other);
+        fs::remove(folder.path("link"));
+        fs::create_symlink(path, folder.path("link"));
+        for (const std::string& each : {path, folder.path("link")})
+            EXPECT_EQ(refusal(each), "is no picture and no page, and will not be replaced")
+                << other;
+    }
+    for (const char* drawn :
+         {"", "<svg xmlns", "\xEF\xBB\xBF \n<!DOCTYPE html>", "<html\nlang=\"en\">",
+          "<?xml version=\"1.0\"?>\n<!-- Drawn by hand -->\n<SVG >"})
+        EXPECT_EQ(refusal(folder.write("drawn", drawn)), "") << drawn;
+}
+
+// A former content that is a picture is no excuse there.
+TEST_F(OutputFiles, AreRefusedWhereThisProgramPrintsTo) {
+    for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) {
+        const std::string path = folder.write("printed", kFormer);
+        const int kept = dup(stream), file = open(path.c_str(), O_WRONLY | O_APPEND);
+        dup2(file, stream);
+        const std::string own = "/dev/fd/" + std::to_string(stream);
+        const std::string ofOwn = refusal(own), ofPath = refusal(path);
+        dup2(kept, stream);
+        close(kept);
+        close(file);
+        for (const std::string& cause : {ofOwn, ofPath})
+            EXPECT_EQ(cause, "is where this program prints to, and will not be replaced");
+        EXPECT_EQ(refusal(path), "");
+    }
 }
 
 TEST_F(OutputFiles, AreRefusedWhereTheyAreRead) {
-    const std::string read = folder.write("read", "precious");
+    const std::string read = folder.write("read", kFormer);
     fs::create_symlink(read, folder.path("symbolic"));
     fs::create_hard_link(read, folder.path("hard"));
     for (const char* name : {"read", "./read", "symbolic", "hard"}) {
@@ -150,7 +181,7 @@ TEST_F(OutputFiles, LeaveNothingBehindWhenWritingFails) {
 }
 
 TEST_F(OutputFiles, StayAsTheyWereWhereOnlyAPartFits) {
-    const std::string path = folder.write("file", "former");
+    const std::string path = folder.write("file", kFormer);
     rlimit former{};
     getrlimit(RLIMIT_FSIZE, &former);
     const rlimit small{1000, former.rlim_max};
@@ -161,7 +192,7 @@ TEST_F(OutputFiles, StayAsTheyWereWhereOnlyAPartFits) {
     setrlimit(RLIMIT_FSIZE, &former);
     std::signal(SIGXFSZ, formerAction);
     EXPECT_EQ(cause, "cannot be written: File too large");
-    EXPECT_EQ(readFile(path), "former");
+    EXPECT_EQ(readFile(path), kFormer);
     EXPECT_EQ(folder.fileCount(), 1U);
 }
 

@@ -222,13 +222,23 @@ TEST_F(TolvaneRun, TakesALimitOnTheSizeOfFilesForAnErrorWhereItIsReached) {
               "tolvane: standard output: cannot be written: File too large\n");
 }
 
+// Even if it begins like a picture, which may be replaced otherwise.
 TEST_F(TolvaneRun, RefusesToDrawOverAFileThatTheRigRefersTo) {
-    const std::string colours = folder.write("colours.mtl", "newmtl red\nKd 1 0 0\n");
+    const std::string text = "<svg >\nnewmtl red\nKd 1 0 0\n";
+    const std::string colours = folder.write("colours.mtl", text);
     const std::string file = folder.write(
         "rig.obj", "mtllib colours.mtl\nusemtl red\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
     expectRefusal({"run", file, "--svg", colours}, colours, "is read, and will not be written over",
                   "writing");
-    EXPECT_EQ(readFile(colours), "newmtl red\nKd 1 0 0\n");
+    EXPECT_EQ(readFile(colours), text);
+}
+
+TEST_F(TolvaneRun, RefusesToDrawOverAnotherRig) {
+    const std::string other = folder.write("other.bvh", stillBvh());
+    for (const char* option : {"--svg", "--html"})
+        expectRefusal({"run", option, other}, other,
+                      "is no picture and no page, and will not be replaced", "writing");
+    EXPECT_EQ(readFile(other), stillBvh());
 }
 
 TEST_F(TolvaneRun, RefusesToDrawWithoutAPortThatHasASkeleton) {
@@ -244,11 +254,11 @@ TEST_F(TolvaneRun, RefusesATypesFileThatIsNoJson) {
 }
 
 TEST_F(TolvaneRun, LeavesNoPictureBehindWhenItRefuses) {
-    const std::string picture = folder.write("old.svg", "an old picture");
+    const std::string picture = folder.write("old.svg", "<svg>an old picture</svg>");
     const std::string empty = folder.write("empty.bvh", "");
     runTolvane({"run", empty, "--svg", picture});
     runTolvane({"run", empty, "--svg", folder.path("new.svg")});
-    EXPECT_EQ(readFile(picture), "an old picture");
+    EXPECT_EQ(readFile(picture), "<svg>an old picture</svg>");
     EXPECT_EQ(folder.fileCount(), 2U);
 }
 

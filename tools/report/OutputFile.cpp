@@ -10,40 +10,46 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace Tolvane::Tools {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;
 constexpr std::size_t kPart = std::size_t{1} << 20;
 
 [[noreturn]] void fail(const std::string& path, const std::string& cause) {
     throw Error(Stage::Writing, path, path + ": " + cause);
 }
 
-bool isProgram(const std::string& path) {
-    char begin[4] = {};
-    return std::ifstream(path, std::ios::binary).read(begin, sizeof begin) &&
-           std::string_view(begin, sizeof begin) == "\177ELF";
+// Whoever made it. Rigs may begin with a tag too, but with others.
+bool isPictureOrPage(const std::string& path) {
+    static const std::regex kBegin(R"((\xEF\xBB\xBF)?\s*(<[\s\S]*)?<(svg|html|!doctype html)[\s>])",
+                                   std::regex::icase);
+    std::string begin(1024, '\0');
+    std::ifstream file(path, std::ios::binary);
+    file.read(begin.data(), static_cast<std::streamsize>(begin.size()));
+    begin.resize(static_cast<std::size_t>(file.gcount()));
+    return std::regex_search(begin, kBegin, std::regex_constants::match_continuous);
 }
 
 // What a path leads to, which need not exist.
 fs::path withoutLinks(const std::string& path) {
     fs::path target = path;
-    std::error_code ignored;
+    std::error_code error;
+    const fs::file_status status = fs::status(target, error);
+    // Such as links that lead round, or a name that is too long.
+    if (!fs::status_known(status)) failToWrite(path, error.value());
     // Renaming would replace a device by a file. What the link of a pipe says is no path at all.
-    const fs::file_status status = fs::status(target, ignored);
     if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status))
         fail(path, "is not a regular file, and will not be replaced");
-    for (int i = 0; fs::is_symlink(fs::symlink_status(target, ignored)); ++i) {
-        if (i == kMostLinks) failToWrite(path, ELOOP);
-        target = target.parent_path() / fs::read_symlink(target, ignored);
-    }
+    while (fs::is_symlink(fs::symlink_status(target, error)))
+        target = target.parent_path() / fs::read_symlink(target, error);
     return target;
 }
 
@@ -57,8 +63,13 @@ void refuseTarget(const std::string& path, const std::string& target) {
     const fs::file_status status = fs::status(target, ignored);
     if (fs::is_directory(status) || !fs::path(target).has_filename())
         fail(path, "is a folder, not a file to write to");
-    // A mistyped path must not cost somebody a library.
-    if (isProgram(target)) fail(path, "is a program or a library, and will not be replaced");
+    // What was printed there, and what is going to be, would be lost.
+    for (const char* stream : {"/proc/self/fd/1", "/proc/self/fd/2"})
+        if (fs::equivalent(target, stream, ignored))
+            fail(path, "is where this program prints to, and will not be replaced");
+    // A path that was mistyped or forgotten must not cost somebody a rig or a library.
+    if (fs::exists(status) && fs::file_size(target, ignored) != 0 && !isPictureOrPage(target))
+        fail(path, "is no picture and no page, and will not be replaced");
     if (fs::exists(status) && access(target.c_str(), W_OK) != 0)
         fail(path, "cannot be written: it is protected");
     if (!fs::is_directory(folderOf(target), ignored))

@@ -1,4 +1,5 @@
-// Files that are written whole or not at all, and never over anything that is read.
+// Pictures and pages, which are written whole or not at all, never over anything that is read, and
+// over nothing but others of them.
 //
 // A text goes to a temporary file beside its target, which is then renamed. A symbolic link stays
 // one: what it leads to is replaced. An existing file passes its permissions on.
