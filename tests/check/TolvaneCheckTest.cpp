@@ -56,6 +56,18 @@ TEST(TolvaneCheck, ShowsTheFailedCasesAloneIfAsked) {
                       EndsWith("\n2 cases: 1 FAILED, 1 passed.\n")));
 }
 
+TEST(TolvaneCheck, TellsOfTheFailedCasesAloneInJsonTooIfAsked) {
+    const TolvaneProcess process =
+        checked("^object/names-(once|replace)$", "object/names-once", {"--failed", "--json"});
+    EXPECT_EQ(process.status, 1);
+    const auto report = nlohmann::json::parse(process.output);
+    ASSERT_EQ(report["cases"].size(), 1U);
+    EXPECT_EQ(report["cases"][0]["name"], "object/names-once");
+    EXPECT_EQ(report["passed"], 1);
+    EXPECT_EQ(report["failed"], 1);
+    EXPECT_EQ(report["ok"], false);
+}
+
 TEST(TolvaneCheck, PrintsTheCommandThatRepeatsAFailureWithItsData) {
     const TolvaneProcess first = checked("^values/carried$", "values/carried", {"--seed", "7"});
     const std::string command = commandIn(first.output);

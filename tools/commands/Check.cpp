@@ -109,10 +109,11 @@ int checkAsAsked(const CheckArguments& arguments) {
         setting, cases, arguments.jobs.value_or(2),
         [&](const CaseResult& result) {
             summary.count(result.finding);
-            results.push_back(result);
             const bool isShown =
                 !arguments.failed || result.finding.verdict == Finding::Verdict::Failed;
-            if (arguments.json || !isShown) return;
+            if (!isShown) return;
+            results.push_back(result);
+            if (arguments.json) return;
             progress.emplace();
             std::ostringstream text;
             printCase(text, result, again(result.tried));
@@ -123,7 +124,7 @@ int checkAsAsked(const CheckArguments& arguments) {
 
     std::ostringstream text;
     if (arguments.json)
-        printCheckAsJson(text, setting, results, again);
+        printCheckAsJson(text, setting, summary, results, again);
     else
         printSummary(text, summary);
     print(text.str());

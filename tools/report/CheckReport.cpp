@@ -81,14 +81,12 @@ void printListAsJson(std::ostream& out, const std::vector<Case>& cases) {
     out << printed({{"cases", list}});
 }
 
-void printCheckAsJson(std::ostream& out, const CheckSetting& setting,
+void printCheckAsJson(std::ostream& out, const CheckSetting& setting, const CheckSummary& summary,
                       const std::vector<CaseResult>& results,
                       const std::function<std::string(const Case&)>& again) {
-    CheckSummary summary;
     Json cases = Json::array();
     for (const CaseResult& result : results) {
         const Finding& finding = result.finding;
-        summary.count(finding);
         Json object{{"name", result.tried.name},
                     {"verdict", wordFor(finding.verdict)},
                     {"seconds", result.seconds}};

@@ -31,7 +31,8 @@ void printSummary(std::ostream& out, const CheckSummary& summary);
 void printList(std::ostream& out, const std::vector<Case>& cases);
 
 void printListAsJson(std::ostream& out, const std::vector<Case>& cases);
-void printCheckAsJson(std::ostream& out, const CheckSetting& setting,
+// `results` are those to be told of, `summary` is that of all cases.
+void printCheckAsJson(std::ostream& out, const CheckSetting& setting, const CheckSummary& summary,
                       const std::vector<CaseResult>& results,
                       const std::function<std::string(const Case&)>& again);
 
