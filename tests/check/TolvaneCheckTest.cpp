@@ -68,6 +68,15 @@ TEST(TolvaneCheck, TellsOfTheFailedCasesAloneInJsonTooIfAsked) {
     EXPECT_EQ(report["ok"], false);
 }
 
+TEST(TolvaneCheck, RepeatsACaseWithTheLimitsThatWereSet) {
+    const auto again = [](const std::vector<std::string>& limits) {
+        return commandIn(checked("^object/names-once$", "object/names-once", limits).output);
+    };
+    EXPECT_THAT(again({"--time-limit=50"}), EndsWith(" --seed 1 --time-limit 50"));
+    EXPECT_THAT(again({"--time-limit", "50", "--memory-limit", "0.3"}),
+                EndsWith(" --seed 1 --memory-limit 0.3 --time-limit 50"));
+}
+
 TEST(TolvaneCheck, PrintsTheCommandThatRepeatsAFailureWithItsData) {
     const TolvaneProcess first = checked("^values/carried$", "values/carried", {"--seed", "7"});
     const std::string command = commandIn(first.output);

@@ -33,6 +33,8 @@ struct CheckArguments {
     bool json = false;
     bool list = false;
     bool failed = false;
+    // Those of the limits that were set, as options of a command.
+    std::string limitOptions;
 };
 
 // For a shell, whatever the text is.
@@ -47,6 +49,14 @@ std::string quoted(const std::string& text) {
     return result + "'";
 }
 
+std::string limitOptionsOf(const CLI::App& check) {
+    std::string options;
+    for (const char* name : {"--memory-limit", "--time-limit"})
+        for (const std::string& value : check.get_option(name)->results())
+            options += std::string(" ") + name + " " + quoted(value);
+    return options;
+}
+
 std::string commandFor(const CheckArguments& arguments, const Case& tried) {
     // What the library needs in the process that loads it, such as the runtime of a sanitizer.
     const char* preloaded = std::getenv("LD_PRELOAD");
@@ -54,7 +64,7 @@ std::string commandFor(const CheckArguments& arguments, const Case& tried) {
     command += "tolvane check " + quoted(arguments.library);
     if (arguments.types) command += " --types " + quoted(*arguments.types);
     return command + " --only " + quoted("^" + std::string(tried.name) + "$") + " --seed " +
-           std::to_string(arguments.seed);
+           std::to_string(arguments.seed) + arguments.limitOptions;
 }
 
 void list(const CheckArguments& arguments) {
@@ -149,7 +159,10 @@ Command addCheck(CLI::App& app) {
     check.add_flag("--list", arguments->list, "Print each case, and why it matters");
     check.add_flag("--failed", arguments->failed, "Print only the cases that fail");
     addLimits(check, arguments->limits, "a case");
-    return {&check, [arguments] { return checkAsAsked(*arguments); }};
+    return {&check, [arguments, &check] {
+                arguments->limitOptions = limitOptionsOf(check);
+                return checkAsAsked(*arguments);
+            }};
 }
 
 }  // namespace Tolvane::Tools
