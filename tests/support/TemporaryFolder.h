@@ -38,7 +38,13 @@ private:
     std::filesystem::path m_path;
 };
 
+// Nothing if it cannot be read: the files of a process end with it, even where they are open
+// already.
 inline std::string readFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    try {
+        return {std::istreambuf_iterator<char>(file), {}};
+    } catch (const std::ios_base::failure&) {
+        return "";
+    }
 }

@@ -19,6 +19,11 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using namespace Tolvane::Tools;
 
+// A shell ignores some of them in what it runs in the background or for longer than itself.
+void ignoreNoSignal() {
+    for (const int each : {SIGINT, SIGTERM, SIGHUP}) std::signal(each, SIG_DFL);
+}
+
 // `tolvane` on a terminal of its own.
 class OnTerminal {
 public:
@@ -29,8 +34,7 @@ public:
         words.push_back(nullptr);
         m_process = forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_process != 0) return;
-        // A shell ignores it in what it runs in the background.
-        std::signal(SIGINT, SIG_DFL);
+        ignoreNoSignal();
         setenv("TOLVANE_TEST_FAULT", fault, 1);
         execv(TOLVANE, words.data());
         _exit(127);
@@ -131,6 +135,7 @@ TEST_F(Interrupted, LeavesAFileThatIsBeingWrittenAsItWas) {
 TEST_F(Interrupted, TakesItsCourseWhereNobodyHasAskedForTheSignal) {
     EXPECT_EXIT(
         {
+            ignoreNoSignal();
             {
                 const InterruptionGuard guard;
                 std::raise(SIGHUP);
