@@ -70,9 +70,27 @@ TEST_F(Picture, DrawsBonesWhereTheSnapshotHasThem) {
     EXPECT_NE(draw(), before);
 }
 
+// From the hips one bone leads to each side. The first row shows them from the front, where the
+// left of the body is at the right.
 TEST_F(Picture, ColoursLimbsByTheirSideAndNamesTheColours) {
-    for (const char* label : {">● left<", ">● middle<", ">● right<"})
-        EXPECT_THAT(draw(), HasSubstr(label));
+    const std::string svg = draw();
+    const auto pathOf = [&](const std::string& side, const std::string& width) {
+        const std::size_t label = svg.find("\">● " + side + "<");
+        if (label == std::string::npos) return std::string();
+        const std::string colour = svg.substr(label - 7, 7);
+        const std::string path =
+            "<path stroke=\"" + colour + "\" stroke-width=\"" + width + "\" d=\"";
+        const std::size_t begin = svg.find(path) + path.size();
+        return svg.substr(begin, svg.find('"', begin) - begin);
+    };
+    const auto endOfBone = [&](const std::string& side) {
+        const std::string bone = pathOf(side, "2.5");
+        const std::string end = bone.substr(bone.find('L') + 1);
+        EXPECT_THAT(pathOf(side, "5"), testing::EndsWith("M" + end + "h0"));
+        return end.empty() ? std::nan("") : std::stod(end);
+    };
+    EXPECT_GT(endOfBone("left"), endOfBone("middle"));
+    EXPECT_LT(endOfBone("right"), endOfBone("middle"));
     rig.joints.resize(1);
     pose.worlds.resize(1);
     EXPECT_THAT(draw(), Not(HasSubstr("●"))) << "without sides";
