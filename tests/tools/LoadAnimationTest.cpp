@@ -121,7 +121,7 @@ TEST_F(LoadAnimation, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {
         FAIL() << "it was found";
     } catch (const Error& error) {
         EXPECT_THAT(error.what(), HasSubstr("\"run\""));
-        EXPECT_THAT(error.what(), HasSubstr("\"move\", \"still\""));
+        EXPECT_THAT(error.what(), HasSubstr("only \"move\", \"still\""));
     }
 }
 

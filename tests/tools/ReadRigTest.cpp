@@ -56,9 +56,4 @@ TEST(ReadRig, DoesNotMindPrints) {
               "text");
 }
 
-TEST(ReadRig, RefusesWhatIsNoRig) {
-    const TemporaryFolder folder;
-    EXPECT_THROW(readRig(folder.path("none.bvh"), {}, {}), Error);
-}
-
 }  // namespace

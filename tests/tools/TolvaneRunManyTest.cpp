@@ -34,7 +34,7 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 class TolvaneRunMany : public TolvaneRun {
 protected:
-    // A folder with two whole rigs, a broken one, and what is no rig.
+    // A folder with two whole rigs, and what is no rig.
     TolvaneRunMany() {
         fs::create_directories(folder.path("rigs/deep/er"));
         folder.write("rigs/b.bvh", sampleBvh());

@@ -66,16 +66,6 @@ TEST_F(TolvaneRun, SaysWhyAFileMayNotBeLookedAt) {
     expectRefusal({"run", longName}, longName, "cannot be read: File name too long");
 }
 
-TEST_F(TolvaneRun, RefusesAnEmptyFile) {
-    const std::string file = folder.write("empty.bvh", "");
-    expectRefusal({"run", file}, file, "is empty");
-}
-
-TEST_F(TolvaneRun, RefusesAFileThatIsNotARig) {
-    const std::string file = folder.write("notes.txt", "Remember the milk.\n");
-    expectRefusal({"run", file}, file, "is not a rig file");
-}
-
 TEST_F(TolvaneRun, RefusesATruncatedRig) {
     const std::string file =
         folder.write("cut.bvh", sampleBvh().substr(0, sampleBvh().size() - 20));
@@ -124,11 +114,6 @@ TEST_F(TolvaneRun, RefusesAReversedOrMalformedRange) {
     expectRefusal({"run", rig(), "--frames", "3:1"}, "3:1", "ends before it begins", "usage");
     expectRefusal({"run", rig(), "--frames", "1-3"}, "1-3", "A:B", "usage");
     expectRefusal({"run", rig(), "--frames", ""}, "--frames", "A:B", "usage");
-}
-
-TEST_F(TolvaneRun, RefusesAnUnknownAnimationAndNamesThoseOfTheFile) {
-    const std::string file = folder.write("rig.gltf", sampleGltf());
-    expectRefusal({"run", file, "--animation", "run"}, file, "only \"move\", \"still\"");
 }
 
 TEST_F(TolvaneRun, RefusesALibraryWithoutTheFactory) {

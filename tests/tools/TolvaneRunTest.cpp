@@ -37,15 +37,6 @@ Json result(const Json& report, const std::string& typeName) {
     return {};
 }
 
-TEST_F(TolvaneRun, PrintsItsHelp) {
-    const TolvaneProcess process = runTolvane({"run", "--help"});
-    EXPECT_EQ(process.status, 0);
-    EXPECT_EQ(process.errors, "");
-    for (const char* option : {"--frames", "--fps", "--animation", "--churn", "--svg", "--html",
-                               "--json", "--plugin", "--types", "-q,--quiet", "--verbose"})
-        EXPECT_THAT(process.output, HasSubstr(option));
-}
-
 TEST_F(TolvaneRun, RunsTheBundledExampleIfNoFileIsNamed) {
     const TolvaneProcess process = runTolvane({"run"});
     EXPECT_EQ(process.status, 0);
