@@ -4,6 +4,7 @@
 #include "tests/support/TolvaneProcess.h"
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -31,8 +32,27 @@ inline Verdicts check(const std::string& library, const std::vector<std::string>
     return verdicts;
 }
 
-inline bool isInOrder(const nlohmann::json& result) {
-    return result["verdict"] == "passed" || result["verdict"] == "skipped";
+// What a case says of what it found, without what it says of itself.
+inline std::string toldBy(const nlohmann::json& result) {
+    std::string told = result.value("came", "");
+    for (const auto& remark : result.value("remarks", std::vector<std::string>()))
+        told += "\n" + remark;
+    return told;
+}
+
+// Whether it is skipped for the sake of the machine, and says nothing of the library.
+inline bool isForbiddenHere(const nlohmann::json& result) {
+    return result["verdict"] == "skipped" &&
+           toldBy(result).find("the kernel does not let system calls be watched") !=
+               std::string::npos;
+}
+
+// The cases that ended so, but for those that cannot be tried on this machine.
+inline std::set<std::string> casesOf(const Verdicts& verdicts, const std::string& verdict) {
+    std::set<std::string> names;
+    for (const auto& [name, result] : verdicts)
+        if (result["verdict"] == verdict && !isForbiddenHere(result)) names.insert(name);
+    return names;
 }
 
 inline const std::vector<std::string> kPlainTypes{"--types", PLAIN_TYPES};

@@ -3,6 +3,8 @@
 namespace {
 
 constexpr const char* kNoOther = "^$";
+// What is not loaded is tried with nothing.
+constexpr const char* kAllOthers = "";
 // Whatever adds ports on a host that fails.
 const std::string kFailingPorts = "^failing-hosts/ports";
 // Whatever writes again after a failure.
@@ -16,9 +18,12 @@ const std::string kComparing =
 
 const std::vector<FaultyLibrary>& faultyLibraries() {
     // The faulty library, with the fault of the case's name.
-    const auto faulty = [](const std::string& tried, const std::string& also = kNoOther,
-                           const std::string& says = "") {
-        return FaultyLibrary{tried, FAULTY_LIBRARY, tried, "failed", also, says};
+    const auto faulty = [](const std::string& tried, const std::string& also = kNoOther) {
+        return FaultyLibrary{tried, FAULTY_LIBRARY, tried, "failed", also};
+    };
+    const auto untried = [](FaultyLibrary row, const std::string& others) {
+        row.untried = others;
+        return row;
     };
     const auto warned = [&](const std::string& tried, const std::string& says,
                             const std::string& also = kNoOther) {
@@ -29,16 +34,18 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
                             const std::string& verdict = "failed") {
         return FaultyLibrary{tried, FAULTY_LIBRARY, tried + ": " + which, verdict, also};
     };
-    const auto other = [](const std::string& tried, const std::string& library,
-                          const std::string& also, const std::string& says) {
-        return FaultyLibrary{tried, library, "", "failed", also, says};
+    const auto unloadable = [](const std::string& tried, const std::string& library,
+                               const std::string& also, const std::string& says) {
+        return FaultyLibrary{tried, library, "", "failed", also, says, kAllOthers};
     };
     static const std::vector<FaultyLibrary> all{
-        other("loading/loads", LIBRARY_WITH_UNDEFINED_SYMBOL, kNoOther, "createElsewhere"),
-        other("loading/needs-what-is-there", LIBRARY_NEEDING_GONE, kNoOther, "libcheck_gone.so"),
-        other("loading/factory", LIBRARY_WITHOUT_FACTORY, "^loading/exports-nothing-else$", "none"),
-        other("loading/factory", LIBRARY_GIVING_NULL, kNoOther, "null"),
-        faulty("loading/factory"),
+        unloadable("loading/loads", LIBRARY_WITH_UNDEFINED_SYMBOL, kNoOther, "createElsewhere"),
+        unloadable("loading/needs-what-is-there", LIBRARY_NEEDING_GONE, kNoOther,
+                   "libcheck_gone.so"),
+        unloadable("loading/factory", LIBRARY_WITHOUT_FACTORY, "^loading/exports-nothing-else$",
+                   "none"),
+        unloadable("loading/factory", LIBRARY_GIVING_NULL, kNoOther, "returned null"),
+        untried(faulty("loading/factory"), kAllOthers),
         {"loading/exports-nothing-else", LIBRARY_EXPORTING_MORE, "", "warning", kNoOther,
          "anotherFunction"},
         variant("loading/again-and-again", "memory"),
@@ -50,7 +57,7 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         variant("loading/silent", "release"),
         variant("loading/silent", "unloading"),
         faulty("loading/second-copy"),
-        warned("loading/quickly", "ms"),
+        warned("loading/quickly", " ms to load"),
         {"loading/quickly", STAYING_LIBRARY, "loading/quickly", "warning"},
 
         faulty("object/two-factories"),
@@ -85,7 +92,7 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         faulty("ports/modifier-fails", kFailingPorts),
         faulty("ports/again"),
         faulty("ports/five-hundred"),
-        faulty("ports/children-beside-ports"),
+        untried(faulty("ports/children-beside-ports"), "^(ports/taken-name|threads/sanitizer)$"),
 
         faulty("values/carried", kComparing),
         variant("values/carried", "beside a refused type", kComparing + "|^ports/one-attribute$"),
@@ -105,6 +112,8 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         faulty("values/not-numbers"),
         variant("values/not-numbers", "signalling"),
         faulty("values/extreme-numbers", "^values/not-numbers$"),
+        variant("values/extreme-numbers", "denormal"),
+        variant("values/extreme-numbers", "infinite"),
         faulty("values/empty-texts", "^failing-hosts/reading-pairs$"),
         faulty("values/long-texts"),
         faulty("values/blank-edged-texts", "^values/any-byte-texts$"),
@@ -140,23 +149,23 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         faulty("failing-hosts/dirty-after-failure"),
         faulty("failing-hosts/no-leak"),
         variant("failing-hosts/no-leak", "clean-up"),
-        warned("failing-hosts/unnoticed-reading", "VArrayDataHandle::elementCount"),
+        warned("failing-hosts/unnoticed-reading", "failure of VArrayDataHandle::elementCount "),
         variant("failing-hosts/unnoticed-reading", "the former value", kNoOther, "warning"),
-        warned("failing-hosts/unnoticed-writing", "VArrayDataHandle::set"),
+        warned("failing-hosts/unnoticed-writing", "failure of VArrayDataHandle::set "),
         faulty("failing-hosts/messages"),
         variant("failing-hosts/messages", "twice", kNoOther, "warning"),
 
         faulty("threads/first-use"),
         faulty("threads/two-nodes", "^threads/first-use$"),
-        {"threads/sanitizer", RACING_LIBRARY, "", "failed", "^threads/", "data race",
+        {"threads/sanitizer", RACING_LIBRARY, "", "failed", "^threads/", "data race", kNoOther,
          "LD_PRELOAD=" SANITIZER_RUNTIME},
 
         faulty("thrift/memory",
                "^(values/(copies-on-threads|holder-replaced)|loading/again-and-again"
                "|failing-hosts/no-leak)$"),
-        warned("thrift/allocations", "bytes", "^values/65537-elements$"),
-        warned("thrift/host-calls", "calls"),
-        warned("thrift/names", "bytes", "^object/release-frees$"),
+        warned("thrift/allocations", " bytes allocated"),
+        warned("thrift/host-calls", " host calls"),
+        warned("thrift/names", " bytes more", "^object/release-frees$"),
 
         faulty("hygiene/environment"),
         faulty("hygiene/files"),
@@ -164,7 +173,7 @@ const std::vector<FaultyLibrary>& faultyLibraries() {
         variant("hygiene/files", "read"),
         faulty("hygiene/sockets"),
         variant("hygiene/sockets", "write"),
-        warned("hygiene/processes", "thread"),
+        warned("hygiene/processes", "starts a process or thread"),
         faulty("hygiene/folder"),
         faulty("hygiene/locale"),
         faulty("hygiene/signals"),

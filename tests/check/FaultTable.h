@@ -16,8 +16,11 @@ struct FaultyLibrary {
     // A regular expression: which other cases may find it as well, because what it breaks is a
     // condition of theirs. This one is of none.
     std::string also = "^$";
-    // What the case says, in part.
+    // What the case says of what it found, in part.
     std::string says = "";
+    // A regular expression: which other cases cannot be tried on it, as the one that is for
+    // libraries built with the sanitizer.
+    std::string untried = "^threads/sanitizer$";
     // What the program needs in its environment to load the library, as NAME=VALUE.
     std::string environment = "";
 };

@@ -2,6 +2,7 @@
 #include "tests/check/Check.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,17 @@ TEST(TolvaneCheck, SaysWhatWasDoneWhatWasExpectedAndWhatCame) {
               "          again: tolvane check " FAULTY_LIBRARY " --types " PLAIN_TYPES
               " --only '^object/names-once$' --seed 1\n"
               "\n2 cases: 1 FAILED, 1 passed.\n");
+}
+
+TEST(TolvaneCheck, SaysWhatIsLegalButWillHurt) {
+    const TolvaneProcess process = checked("^object/(has-a-name|names-once)$", "object/has-a-name");
+    EXPECT_EQ(process.status, 0);
+    EXPECT_EQ(process.errors, "");
+    EXPECT_EQ(process.output,
+              "passed    object/names-once\n"
+              "warning   object/has-a-name\n"
+              "          it has no name to be shown to people\n"
+              "\n2 cases: 1 passed, 1 warning.\n");
 }
 
 TEST(TolvaneCheck, ShowsTheFailedCasesAloneIfAsked) {
@@ -105,7 +117,24 @@ TEST(TolvaneCheck, ListsEachCaseWithItsReason) {
               "object/names-once\n    A type that is named twice is listed and tried twice.\n");
 }
 
-TEST(TolvaneCheck, TriesCasesAtOnceAndTellsOfThemInOrder) {
+TEST(TolvaneCheck, TriesAsManyCasesAtOnceAsItIsAskedTo) {
+    // What the cases take, beside what all takes.
+    const auto triedBy = [](const char* jobs) {
+        const auto begin = std::chrono::steady_clock::now();
+        const Verdicts verdicts = check(FAULTY_LIBRARY,
+                                        only("^object/names-(not-empty|once|replace)$",
+                                             {"--types", PLAIN_TYPES, "--jobs", jobs}),
+                                        "TOLVANE_TEST_FAULT=loading/quickly");
+        const std::chrono::duration<double> whole = std::chrono::steady_clock::now() - begin;
+        double cases = 0;
+        for (const auto& [name, result] : verdicts) cases += result["seconds"].get<double>();
+        return cases / whole.count();
+    };
+    EXPECT_LT(triedBy("1"), 1);
+    EXPECT_GT(triedBy("3"), 1);
+}
+
+TEST(TolvaneCheck, TellsOfCasesInTheirOrderHoweverManyAreTriedAtOnce) {
     const std::string one = checked("^object/", "", {"--jobs", "1"}).output;
     EXPECT_EQ(checked("^object/", "", {"--jobs", "4"}).output, one);
 }

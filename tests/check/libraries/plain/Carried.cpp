@@ -24,7 +24,7 @@ struct Shape<std::vector<T>> {
     static constexpr unsigned members = kMemberCount<T>;
 };
 
-// No two types that are carried have as many members.
+// By what tells the carried types apart: whether they are arrays, and how many members they have.
 template <typename T>
 bool isPortOf(const VPlug& plug) {
     VStatus status;

@@ -1,6 +1,6 @@
 // The mistakes of the faulty library, which is this one built with PLAIN_HAS_FAULTS: it makes the
-// one that TOLVANE_TEST_FAULT in the environment names. They have the names of the cases that are
-// to find them. Built without, the library makes none.
+// one that TOLVANE_TEST_FAULT in the environment names. Most have the names of the cases that
+// are to find them. Built without, the library makes none.
 #pragma once
 
 #include <cstddef>
