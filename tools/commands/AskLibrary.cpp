@@ -46,7 +46,9 @@ std::string askInChild(const std::string& path, const LibraryQuestion& question,
     return packed(reply, exchangeReply);
 }
 
-Reply replyOf(const std::string& path, const Limits& limits, const LibraryQuestion& question) {
+Reply replyOf(const std::string& path, Limits limits, const LibraryQuestion& question) {
+    // What makes a large answer takes its time; what counts is that it goes on.
+    limits.processorTime = 0;
     const InterruptionGuard guard;
     refuseNoLibrary(path);
     const Outcome outcome =
@@ -69,8 +71,9 @@ bool askLibrary(const std::string& path, const Limits& limits, const LibraryQues
 Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits) {
     const Stage stage = outcome.place.stage;
     const std::string how = inWords(outcome, limits);
-    const bool isTooMuch =
-        outcome.end == Outcome::End::OutOfMemory || outcome.end == Outcome::End::AnsweredTooMuch;
+    using End = Outcome::End;
+    const bool isTooMuch = outcome.end == End::OutOfMemory || outcome.end == End::OutOfTime ||
+                           outcome.end == End::Silent || outcome.end == End::AnsweredTooMuch;
     if (isTooMuch && stage == Stage::Usage) return {stage, "", "what is asked for " + how};
     if (isTooMuch && stage == Stage::Reporting) return {stage, "", "the report " + how};
     return {stage, path, path + ": " + how + " " + inWords(outcome.place),

@@ -28,13 +28,15 @@ using LibraryQuestion =
     std::function<LibraryAnswer(TavrikGraph::Executor::TypeTranslation&, ChildSide& self)>;
 
 // Prints the answer, and returns whether all was done and the library did nothing that it should
-// not. Throws what the question throws, Error if the library cannot be loaded or brings its process
-// down, and Interrupted.
+// not. Of the limits, processor time is that of a reader and does not hold here. Throws what the
+// question throws, Error if the library cannot be loaded or brings its process down, and
+// Interrupted.
 bool askLibrary(const std::string& path, const Limits& limits, const LibraryQuestion& question);
 
 // A line that names the library and says what it was doing when it brought its process down. One
-// that goes down as it is loaded has not been tried at all. What the program itself takes, for the
-// data that it makes (at the stage of usage) and for its report, is not put down to the library.
+// that goes down as it is loaded has not been tried at all. What the program itself takes, of
+// memory and of time, for the data that it makes (at the stage of usage) and for its report, is not
+// put down to the library.
 Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits);
 
 // What the library has done that it should not; nothing if it has behaved.

@@ -97,7 +97,9 @@ std::string evaluateInChild(const Rig& rig, const RunArguments& arguments,
     Evaluation evaluation;
     evaluation.ok = findings.run.ok();
     evaluation.report = reportOf(findings, rig, arguments);
+    self.enter(Stage::Reporting);
     if (arguments.picture) evaluation.picture = drawPicture(rig, findings.run.snapshots);
+    self.enter(Stage::Reporting);
     if (arguments.page) evaluation.page = makePage(rig, findings.plugin.name, findings.run);
     if (findings.run.misdeed) evaluation.misdeed = findings.run.misdeed->what();
     evaluation.row = rowOf(summarise(rig), findings.run, arguments.verbose);

@@ -143,20 +143,23 @@ bool givesPlaceToWrite(const TracedTranslation& traced, const ObservedCall& call
 }
 
 // What is where a translation has written, each place found by the calls that led to it. They
-// change nothing: the elements that they add are there by now.
-void addWritten(TracedTranslation& traced, const VObject& node) {
+// change nothing: the elements that they add are there by now. This, like the answers below, is the
+// program's own work, and each call a sign of progress.
+void addWritten(TracedTranslation& traced, const VObject& node, ChildSide& process) {
     if (traced.isInput || !traced.wasTranslated) return;
     HostMirror mirror(node);
     for (TracedCall& call : traced.calls) {
+        process.enter(Stage::Usage);
         const auto answer = mirror.repeat(call.call);
         if (answer && givesPlaceToWrite(traced, call.call)) call.written = answer->result;
     }
 }
 
 // Once nobody watches any more, which would take most of the time.
-void addAnswers(TracedTranslation& traced, const VObject& twin) {
+void addAnswers(TracedTranslation& traced, const VObject& twin, ChildSide& process) {
     HostMirror mirror(twin);
     for (TracedCall& call : traced.calls) {
+        process.enter(Stage::Usage);
         if (call.wasMadeToFail)
             mirror.fail(call.call);
         else
@@ -192,9 +195,8 @@ Trace traceOnce(const TracedLibrary& library, const std::vector<Pelmor::Type>& t
             std::tie(traced.wasTranslated, traced.hasValue) = carry();
         }
         library.process.noticePrints();
-        library.process.enter(Stage::Usage);
-        addAnswers(traced, twins[i]->hostNode());
-        if (!options.fail) addWritten(traced, nodes[i]->hostNode());
+        addAnswers(traced, twins[i]->hostNode(), library.process);
+        if (!options.fail) addWritten(traced, nodes[i]->hostNode(), library.process);
         before += traced.calls.size();
     });
     return trace;
@@ -227,8 +229,10 @@ std::vector<std::optional<std::chrono::nanoseconds>> durationsOfCallsOnce(
         // All types on their way in, then all on their way out.
         HostMirror mirror(nodes[durations.size() % nodes.size()]->hostNode());
         std::vector<HostMirror::Step> steps;
-        for (const TracedCall& call : traced.calls)
+        for (const TracedCall& call : traced.calls) {
+            library.process.enter(Stage::Usage);
             if (HostMirror::Step step = mirror.prepare(call.call)) steps.push_back(std::move(step));
+        }
         durations.emplace_back();
         if (steps.size() == traced.calls.size()) durations.back() = HostMirror::durationOf(steps);
     }
