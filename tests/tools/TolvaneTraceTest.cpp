@@ -255,6 +255,23 @@ TEST_F(TolvaneTrace, ShowsAsMuchOfAValueAsTheLineHolds) {
     EXPECT_EQ(matrices, 8U);
 }
 
+TEST_F(TolvaneTrace, KeepsLongTextsWholeWhereNothingIsToBeCut) {
+    const std::string name(200, 'H');
+    std::string bvh = sampleBvh();
+    bvh.replace(bvh.find("Hips"), 4, name);
+    const std::vector<std::string> asText{
+        "trace", folder.write("long.bvh", bvh), "--port", kPins, "--direction", "in"};
+    const auto textWith = [&](const std::vector<std::string>& further) {
+        std::vector<std::string> arguments = asText;
+        arguments.insert(arguments.end(), further.begin(), further.end());
+        return withoutBlanks(runTolvane(arguments).output);
+    };
+    EXPECT_THAT(textWith({"--json"}), HasSubstr("\\\"" + name + "\\\""));
+    EXPECT_THAT(textWith({"--verbose"}), HasSubstr("=\"" + name + "\""));
+    EXPECT_THAT(textWith({}), testing::Not(HasSubstr(std::string(50, 'H'))));
+    expectLinesThatFit(runTolvane(asText).output);
+}
+
 TEST_F(TolvaneTrace, RefusesWhatMakesNoSense) {
     const std::string help = " (try \"tolvane trace --help\")";
     expectRefusal({rig(), "--generated", kPins}, "FILE excludes --generated" + help);

@@ -39,7 +39,7 @@ std::string textOf(const VStatus& status) {
 std::string textOf(bool value) { return value ? "true" : "false"; }
 std::string textOf(unsigned value) { return std::to_string(value); }
 std::string textOf(int value) { return std::to_string(value); }
-std::string textOf(const VString& value) { return inQuotes(value.asChar()); }
+std::string textOf(const VString& value) { return inQuotesWhole(value.asChar()); }
 std::string textOf(const VDataHandle& handle) { return handle.isNull() ? "null" : "data"; }
 
 unsigned indexOf(const Call& call) { return static_cast<unsigned>(call.index); }
