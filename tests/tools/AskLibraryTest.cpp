@@ -58,7 +58,7 @@ TEST_P(DownfallOfALibrary, IsNotWhatTheProgramItselfTakes) {
     Outcome outcome;
     outcome.end = GetParam().end;
     outcome.place.stage = GetParam().stage;
-    const Error error = downfall("some.so", outcome, Limits());
+    const Error error = downfall("some.so", outcome);
     const std::string others = GetParam().others;
     EXPECT_EQ(error.file(), others.empty() ? "some.so" : "");
     EXPECT_EQ(error.status(), others.empty() ? 1 : 2);

@@ -35,7 +35,7 @@ Outcome run(const Work& work) { return runInChild(work, shortLimits()); }
 // How it ended, in words; nothing if it answered.
 std::string ending(const Work& work) {
     const Outcome outcome = run(work);
-    return outcome.end == End::Answered ? "" : inWords(outcome, shortLimits());
+    return outcome.end == End::Answered ? "" : inWords(outcome);
 }
 
 Work doing(const std::function<void()>& something) {
@@ -147,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(EachWay, ChildThatEndsBadly, testing::ValuesIn(kBadEnds
 
 TEST_P(ChildThatEndsBadly, IsToldInWords) {
     const Outcome outcome = run(doing(GetParam().work));
-    EXPECT_THAT(inWords(outcome, shortLimits()), testing::StartsWith(GetParam().words));
+    EXPECT_THAT(inWords(outcome), testing::StartsWith(GetParam().words));
     EXPECT_EQ(outcome.answer, "");
 }
 
@@ -155,7 +155,7 @@ TEST(Child, IsToldToHaveWaitedTooLong) {
     Limits limits = shortLimits();
     limits.silence = 1;
     const Outcome outcome = runInChild(doing([] { sleep(1000); }), limits);
-    EXPECT_EQ(inWords(outcome, limits), "makes no progress for 1 s");
+    EXPECT_EQ(inWords(outcome), "makes no progress for 1 s");
 }
 
 // A sanitizer reports it as something else.

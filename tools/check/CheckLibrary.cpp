@@ -20,7 +20,6 @@ class RunningCase {
 public:
     RunningCase(const CheckSetting& setting, const Survey& survey, const Case& tried)
         : m_tried(tried),
-          m_limits(setting.limits),
           m_child(
               [&setting, &survey, run = tried.run](ChildSide& process) {
                   process.enter(Stage::Evaluating);
@@ -52,15 +51,11 @@ private:
         } catch (const Error& error) {
             return {Finding::Verdict::Failed, doing, "a finding", error.what(), {}};
         }
-        return {Finding::Verdict::Failed,
-                doing,
-                "the process goes on",
-                "it " + inWords(outcome, m_limits),
-                {}};
+        return {
+            Finding::Verdict::Failed, doing, "the process goes on", "it " + inWords(outcome), {}};
     }
 
     Case m_tried;
-    const Limits& m_limits;
     Clock::time_point m_begin = Clock::now();
     Child m_child;
     std::optional<CaseResult> m_result;

@@ -116,7 +116,7 @@ void underSanitizer(Trial& trial) {
     goOn();
     if (outcome.end != Outcome::End::Answered)
         trial.fail("no report of ThreadSanitizer", outcome.place.port.empty()
-                                                       ? "it " + inWords(outcome, trial.limits())
+                                                       ? "it " + inWords(outcome)
                                                        : "a report: " + outcome.place.port);
 }
 

@@ -54,7 +54,7 @@ Reply replyOf(const std::string& path, Limits limits, const LibraryQuestion& que
     const Outcome outcome =
         runInChild([&](ChildSide& self) { return askInChild(path, question, self); }, limits);
     if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
-    if (outcome.end != Outcome::End::Answered) throw downfall(path, outcome, limits);
+    if (outcome.end != Outcome::End::Answered) throw downfall(path, outcome);
     return unpacked<Reply>(outcome.answer, exchangeReply);
 }
 
@@ -68,9 +68,9 @@ bool askLibrary(const std::string& path, const Limits& limits, const LibraryQues
     return reply.answer.ok && !reply.misdeed;
 }
 
-Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits) {
+Error downfall(const std::string& path, const Outcome& outcome) {
     const Stage stage = outcome.place.stage;
-    const std::string how = inWords(outcome, limits);
+    const std::string how = inWords(outcome);
     using End = Outcome::End;
     const bool isTooMuch = outcome.end == End::OutOfMemory || outcome.end == End::OutOfTime ||
                            outcome.end == End::Silent || outcome.end == End::AnsweredTooMuch;

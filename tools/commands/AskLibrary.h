@@ -37,7 +37,7 @@ bool askLibrary(const std::string& path, const Limits& limits, const LibraryQues
 // that goes down as it is loaded has not been tried at all. What the program itself takes, of
 // memory and of time, for the data that it makes (at the stage of usage) and for its report, is not
 // put down to the library.
-Error downfall(const std::string& path, const Outcome& outcome, const Limits& limits);
+Error downfall(const std::string& path, const Outcome& outcome);
 
 // What the library has done that it should not; nothing if it has behaved.
 std::optional<Error> misdeedOf(const std::string& path, const ChildSide& self);

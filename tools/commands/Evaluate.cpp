@@ -121,7 +121,7 @@ Evaluation evaluate(const Rig& rig, const RunArguments& arguments, const RunOpti
     if (outcome.end == Outcome::End::Answered)
         return unpacked<Evaluation>(outcome.answer, exchangeEvaluation);
     if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
-    throw downfall(arguments.plugin, outcome, limits);
+    throw downfall(arguments.plugin, outcome);
 }
 
 }  // namespace Tolvane::Tools

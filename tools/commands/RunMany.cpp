@@ -97,9 +97,8 @@ std::optional<Row> rowOfMessage(const std::string& bytes) {
 Row rowOfOutcome(const RunArguments& arguments, const Outcome& outcome) {
     if (outcome.end == Outcome::End::Answered)
         if (const auto row = rowOfMessage(outcome.answer)) return *row;
-    return rowOfError(arguments,
-                      Error(Stage::Other, arguments.file,
-                            arguments.file + ": its process " + inWords(outcome, limitsOfRun())));
+    return rowOfError(arguments, Error(Stage::Other, arguments.file,
+                                       arguments.file + ": its process " + inWords(outcome)));
 }
 
 class Runs {

@@ -48,7 +48,8 @@ double seconds(const rusage& usage) {
 
 }  // namespace
 
-Child::Child(const Work& work, const Limits& limits) : m_limits(limits) {
+Child::Child(const Work& work, const Limits& limits) : m_limits(withinInherited(limits)) {
+    m_outcome.limits = m_limits;
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) throw noProcess();
     m_pipe = FileDescriptor(ends[0]);

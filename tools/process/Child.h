@@ -5,7 +5,8 @@
 // It has nothing to read on standard input, and its prints are kept apart. It leaves no core file,
 // and does not outlive this process, nor does whatever it starts in its process group. Its limits
 // come on top of what this process has already, so they mean the same where a sanitizer has
-// reserved terabytes. [one thread, and no other may run]
+// reserved terabytes, and are never above what this process may take itself. [one thread, and no
+// other may run]
 //
 // No destructor of this process runs in the child, and nothing of its buffers is written twice.
 #pragma once

@@ -8,7 +8,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <new>
 
 #include <sys/prctl.h>
@@ -56,13 +55,10 @@ void limit(int resource, rlim_t most, rlim_t hardMost) {
 // latter.
 void limitMemory(std::size_t most) {
     if (most == 0) return;
-    std::ifstream figures("/proc/self/statm");
-    rlim_t addresses = 0, ignored = 0, data = 0;
-    figures >> addresses >> ignored >> ignored >> ignored >> ignored >> data;
-    if (!figures) return;
-    const auto page = static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
-    limit(RLIMIT_AS, addresses * page + most, addresses * page + most);
-    limit(RLIMIT_DATA, data * page + most, data * page + most);
+    const auto now = memoryNow();
+    if (!now) return;
+    limit(RLIMIT_AS, now->addresses + most, now->addresses + most);
+    limit(RLIMIT_DATA, now->data + most, now->data + most);
 }
 
 void setLimits(const Limits& limits) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 namespace Tolvane::Tools {
 
@@ -17,5 +18,19 @@ struct Limits {
     // In bytes, the answer.
     std::size_t answer = std::size_t{1} << 30;
 };
+
+// The same, lowered to what whoever started this process allows it and its children: a child that
+// reaches that has not reached what was asked for.
+Limits withinInherited(Limits limits);
+
+// In bytes.
+struct MemoryInUse {
+    std::size_t addresses;
+    // Of these, what can be written to.
+    std::size_t data;
+};
+
+// Of this process. Nothing where the system does not tell.
+std::optional<MemoryInUse> memoryNow();
 
 }  // namespace Tolvane::Tools

@@ -33,7 +33,8 @@ std::string endingBySignal(int signal) {
 
 }  // namespace
 
-std::string inWords(const Outcome& outcome, const Limits& limits) {
+std::string inWords(const Outcome& outcome) {
+    const Limits& limits = outcome.limits;
     using End = Outcome::End;
     switch (outcome.end) {
         case End::Failed:
@@ -45,6 +46,7 @@ std::string inWords(const Outcome& outcome, const Limits& limits) {
         case End::Killed:
             return endingBySignal(outcome.code);
         case End::OutOfMemory:
+            if (limits.memory == 0) return "takes more memory than there is";
             return "takes more than " + size(limits.memory) + " of memory";
         case End::OutOfTime:
             return "takes more than " + std::to_string(limits.processorTime) +

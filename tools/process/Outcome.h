@@ -32,9 +32,11 @@ struct Outcome {
     std::string thrown = {};
     // What it was at.
     Place place = {};
+    // Those that it had.
+    Limits limits = {};
 };
 
 // How it ended without an answer, as a predicate: "crashes (segmentation fault)".
-std::string inWords(const Outcome& outcome, const Limits& limits);
+std::string inWords(const Outcome& outcome);
 
 }  // namespace Tolvane::Tools

@@ -47,7 +47,7 @@ std::string inReadingProcess(const std::string& path, const Limits& limits,
     Outcome outcome = runInChild(work, patient, watch);
     if (outcome.end == Outcome::End::Answered) return std::move(outcome.answer);
     if (outcome.end == Outcome::End::Failed) throw Error(*outcome.error);
-    throw Error(Stage::Reading, path, path + ": its reader " + inWords(outcome, patient));
+    throw Error(Stage::Reading, path, path + ": its reader " + inWords(outcome));
 }
 
 }  // namespace Tolvane::Tools
