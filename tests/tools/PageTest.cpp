@@ -87,7 +87,7 @@ TEST_F(Page, ListsNoMoreJointsThanAnyoneReads) {
 TEST_F(Page, SaysWhatTheTableCannot) {
     result.notTried.push_back({"Absent::Face", "the graph does not know it", true});
     result.notCarried.emplace_back("Studio::Spare");
-    result.hostMessages = {"wrong", "wrong"};
+    result.hostMessages.add("wrong", 2);
     result.recording->hasCameBack = true;
     EXPECT_EQ(data()["remarks"], Json({"Not tried, for the graph does not know it: Absent::Face",
                                        "Described, but not carried by the library: Studio::Spare",

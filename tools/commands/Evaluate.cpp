@@ -59,10 +59,10 @@ Findings useLibrary(const Rig& rig, const RunArguments& arguments, const RunOpti
                     ChildSide& self) {
     Findings findings;
     // The run notes what the host displays, but for what comes before and after it.
-    std::vector<std::string> messages;
+    HostMessages messages;
     bool isRunning = false;
     const VErrorListener listener([&](const VString& message) {
-        if (!isRunning) messages.emplace_back(message.asChar());
+        if (!isRunning) messages.add(message.asChar());
     });
     {
         const LoadedLibrary library(arguments.plugin, self);
@@ -72,8 +72,7 @@ Findings useLibrary(const Rig& rig, const RunArguments& arguments, const RunOpti
         findings.run = runFrames(rig, translation, options, listenerFor(arguments, self));
         isRunning = false;
     }
-    auto& all = findings.run.hostMessages;
-    all.insert(all.end(), messages.begin(), messages.end());
+    findings.run.hostMessages.add(messages);
     return findings;
 }
 

@@ -146,7 +146,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
                     const RunOptions& options, const RunListener& listener) {
     RunResult result;
     const VErrorListener errors(
-        [&result](const VString& message) { result.hostMessages.emplace_back(message.asChar()); });
+        [&result](const VString& message) { result.hostMessages.add(message.asChar()); });
     const FrameRange frames = framesOf(rig, options.frames);
     const std::size_t evaluations = options.evaluations.value_or(
         options.churn ? std::max(frames.size(), kShareCount) : frames.size());
@@ -188,7 +188,7 @@ RunResult runFrames(const Rig& rig, TavrikGraph::Executor::TypeTranslation& tran
 }
 
 bool RunResult::ok() const {
-    return !types.empty() && mismatches() == 0 && hostMessages.empty() && !misdeed &&
+    return !types.empty() && mismatches() == 0 && hostMessages.times() == 0 && !misdeed &&
            notCarried.empty() &&
            std::all_of(notTried.begin(), notTried.end(),
                        [](const NotTried& type) { return type.isExcused; });

@@ -2,6 +2,7 @@
 // back, and compares what comes back with what went in.
 #pragma once
 
+#include "tools/node/HostMessages.h"
 #include "tools/node/Recording.h"
 #include "tools/node/RoundTrip.h"
 #include "tools/node/Snapshot.h"
@@ -57,8 +58,7 @@ struct RunResult {
     std::vector<NotTried> notTried;
     // The expected types that the translation does not carry.
     std::vector<std::string> notCarried;
-    // What the host displayed, in order.
-    std::vector<std::string> hostMessages;
+    HostMessages hostMessages;
     std::size_t evaluated = 0;
     std::vector<Snapshot> snapshots;
     // What the library did that it should not, beside its translations. `runFrames` does not see

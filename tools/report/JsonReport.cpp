@@ -80,17 +80,20 @@ void printJson(std::ostream& out, const PluginSummary& plugin, const RigSummary&
                const RunResult& result) {
     Json types = Json::array();
     for (const TypeResult& type : result.types) types.push_back(jsonOf(type));
-    Json mismatches = Json::array(), notTried = Json::array();
+    Json mismatches = Json::array(), notTried = Json::array(), messages = Json::array();
     for (const FoundMismatch& found : result.firstMismatches) mismatches.push_back(jsonOf(found));
     for (const NotTried& type : result.notTried)
         notTried.push_back({{"name", type.typeName}, {"reason", type.reason}});
+    for (const auto& [text, times] : result.hostMessages.kept())
+        messages.push_back({{"text", text}, {"times", times}});
     Json report{{"plugin",
                  {{"path", plugin.path}, {"name", plugin.name}, {"types", Json(plugin.typeNames)}}},
                 {"rig", jsonOf(rig)},
                 {"types", types},
                 {"notTried", notTried},
                 {"notCarried", Json(result.notCarried)},
-                {"hostMessages", Json(result.hostMessages)},
+                {"hostMessages", messages},
+                {"otherHostMessages", result.hostMessages.timesOfOthers()},
                 {"evaluated", result.evaluated},
                 {"mismatches", result.mismatches()},
                 {"firstMismatches", mismatches},

@@ -7,7 +7,6 @@
 #include "tools/support/OneLine.h"
 
 #include <algorithm>
-#include <map>
 #include <ostream>
 #include <sstream>
 
@@ -77,24 +76,19 @@ void printUncarried(std::ostream& out, const RunResult& result) {
     if (!lines.empty()) out << "\n";
 }
 
-// Each message once, with its count: the same one often comes in every frame.
-void printHostMessages(std::ostream& out, const std::vector<std::string>& messages,
+void printHostMessages(std::ostream& out, const HostMessages& messages,
                        const TextOptions& options) {
-    std::map<std::string, std::size_t> counts;
-    std::size_t lines = 0;
-    for (const std::string& message : messages) ++counts[message];
-    for (const auto& [message, count] : counts) {
-        if (lines++ == kMostMessages && !options.verbose) {
-            out << "... and " << counted(counts.size() - kMostMessages, "other message", "others")
-                << "\n";
-            break;
-        }
-        out << wrapped("The host displayed, " + counted(count, "time", "times") + ": " +
-                           oneLine(message),
-                       0)
+    std::size_t lines = 0, left = messages.times();
+    for (const auto& [text, times] : messages.kept()) {
+        if (lines++ == kMostMessages && !options.verbose) break;
+        out << wrapped(
+                   "The host displayed, " + counted(times, "time", "times") + ": " + oneLine(text),
+                   0)
             << "\n";
+        left -= times;
     }
-    if (!messages.empty()) out << "\n";
+    if (left > 0) out << "... and others, " << counted(left, "time", "times") << "\n";
+    if (messages.times() > 0) out << "\n";
 }
 
 std::string findingsOf(const RunResult& result) {
@@ -105,7 +99,7 @@ std::string findingsOf(const RunResult& result) {
     const auto unexcused = std::count_if(result.notTried.begin(), result.notTried.end(),
                                          [](const NotTried& type) { return !type.isExcused; });
     add(result.mismatches(), "mismatch", "mismatches");
-    add(result.hostMessages.size(), "message of the host", "messages of the host");
+    add(result.hostMessages.times(), "message of the host", "messages of the host");
     add(result.notCarried.size(), "described type not carried", "described types not carried");
     add(static_cast<std::size_t>(unexcused), "type not tried", "types not tried");
     if (result.misdeed) parts.emplace_back("the library prints");

@@ -141,10 +141,8 @@ Json remarksOn(const RunResult& result) {
         remarks.push_back("Not tried, for " + type.reason + ": " + type.typeName);
     for (const std::string& name : result.notCarried)
         remarks.push_back("Described, but not carried by the library: " + name);
-    std::map<std::string, std::size_t> messages;
-    for (const std::string& message : result.hostMessages) ++messages[message];
     std::size_t count = 0;
-    for (const auto& [message, times] : messages) {
+    for (const auto& [message, times] : result.hostMessages.kept()) {
         if (count++ == kMostMessages) {
             remarks.push_back("... and other messages of the host");
             break;
