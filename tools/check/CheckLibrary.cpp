@@ -100,6 +100,17 @@ Survey surveyOf(const CheckSetting& setting) {
     return survey;
 }
 
+// Nothing where there is no room for its process beside `others` that run: there will be later.
+std::unique_ptr<RunningCase> begin(const CheckSetting& setting, const Survey& survey,
+                                   const Case& tried, bool others) {
+    try {
+        return std::make_unique<RunningCase>(setting, survey, tried);
+    } catch (const Error&) {
+        if (!others) throw;
+        return nullptr;
+    }
+}
+
 }  // namespace
 
 void checkLibrary(const CheckSetting& setting, const std::vector<Case>& cases, std::size_t jobs,
@@ -110,8 +121,11 @@ void checkLibrary(const CheckSetting& setting, const std::vector<Case>& cases, s
     std::size_t told = 0;
     std::size_t ended = 0;
     while (told < cases.size()) {
-        while (begun.size() < cases.size() && begun.size() - ended < jobs)
-            begun.push_back(std::make_unique<RunningCase>(setting, survey, cases[begun.size()]));
+        while (begun.size() < cases.size() && begun.size() - ended < jobs) {
+            auto next = begin(setting, survey, cases[begun.size()], begun.size() > ended);
+            if (!next) break;
+            begun.push_back(std::move(next));
+        }
 
         std::vector<Child*> running;
         for (std::size_t i = told; i < begun.size(); ++i)

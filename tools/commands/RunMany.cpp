@@ -115,7 +115,8 @@ private:
         std::unique_ptr<Child> child;
     };
 
-    void startNext();
+    void startUpTo(std::size_t jobs);
+    bool startNext();
     void waitForAny();
     std::vector<Row> takeThoseThatEnded();
     void showProgress();
@@ -138,10 +139,7 @@ int Runs::toTheEnd() {
         m_arguments.jobs.value_or(std::max(1U, std::thread::hardware_concurrency()));
     if (!m_arguments.json && !m_arguments.quiet) print(headOfRows() + "\n");
     m_guard.emplace();
-    const auto startMore = [&] {
-        while (m_started < m_rigs.size() && m_running.size() < jobs) startNext();
-    };
-    for (startMore(); !m_running.empty(); startMore()) {
+    for (startUpTo(jobs); !m_running.empty(); startUpTo(jobs)) {
         waitForAny();
         const std::vector<Row> rows = takeThoseThatEnded();
         if (!rows.empty()) printRows(rows);
@@ -156,16 +154,30 @@ int Runs::toTheEnd() {
     return m_ended[2] != 0 ? 2 : m_ended[1] != 0 ? 1 : 0;
 }
 
-void Runs::startNext() {
-    const FoundRig& rig = m_rigs[m_started++];
+void Runs::startUpTo(std::size_t jobs) {
+    while (m_started < m_rigs.size() && m_running.size() < jobs && startNext()) ++m_started;
+}
+
+// False where there is no room for its process beside those that run: there will be later.
+bool Runs::startNext() {
+    const FoundRig& rig = m_rigs[m_started];
     Run run{m_arguments, nullptr};
     run.arguments.file = rig.path;
-    if (rig.failure) return printRows({rowOfError(run.arguments, *rig.failure)});
+    if (rig.failure) {
+        printRows({rowOfError(run.arguments, *rig.failure)});
+        return true;
+    }
     const auto work = [&](ChildSide& self) {
         return packed(rowOfRun(run.arguments, self), exchangeRow);
     };
-    run.child = std::make_unique<Child>(work, limitsOfRun());
-    m_running.push_back(std::move(run));
+    try {
+        run.child = std::make_unique<Child>(work, limitsOfRun());
+        m_running.push_back(std::move(run));
+    } catch (const Error& error) {
+        if (!m_running.empty()) return false;
+        printRows({rowOfError(run.arguments, error)});
+    }
+    return true;
 }
 
 void Runs::waitForAny() {

@@ -3,7 +3,9 @@
 #include "tools/support/Error.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -16,7 +18,9 @@ constexpr std::size_t kLongestText = std::size_t{64} * 1024;
 }  // namespace
 
 Capture::Capture() : m_file(memfd_create("prints", MFD_CLOEXEC)) {
-    if (m_file.number() < 0) throw Error("no memory is left for what another process prints");
+    if (m_file.number() < 0)
+        throw Error(std::string("what another process prints cannot be kept: ") +
+                    std::strerror(errno));
 }
 
 void Capture::takeOver() const noexcept {

@@ -11,11 +11,14 @@ namespace Tolvane::Tools {
 
 class Capture {
 public:
-    // Throws Error if the machine has no memory left.
+    // Throws Error if the machine has no memory left, or this process no file descriptor.
     Capture();
 
     // In the child: from now on its prints come here, unbuffered, and it has nothing to read.
     void takeOver() const noexcept;
+
+    // For a process that has nothing to do with it.
+    void close() noexcept { m_file.close(); }
 
     // How many bytes have been printed.
     std::size_t size() const noexcept;

@@ -28,6 +28,9 @@ constexpr int kPipeSize = 1 << 20;
 constexpr int kTick = 50;         // milliseconds
 constexpr int kShortestTick = 1;  // between the end of an answer and that of the process
 
+// Those of this process, which each later one has in its memory, with their files.
+std::vector<Child*> s_all;
+
 Error noProcess() {
     return Error(std::string("no process can be started: ") + std::strerror(errno));
 }
@@ -63,14 +66,27 @@ Child::Child(const Work& work, const Limits& limits) : m_limits(withinInherited(
     const pid_t parent = getpid();
     m_process = fork();
     if (m_process < 0) throw noProcess();
-    if (m_process == 0)
+    if (m_process == 0) {
+        dropOthers();
         liveAsChild(work, {m_limits, m_capture, m_shared.block(), childsEnd.number(), parent});
+    }
     // Both sides do that, for whichever comes first.
     setpgid(m_process, m_process);
+    s_all.push_back(this);
 }
 
 Child::~Child() {
     if (!m_ended) end(Outcome::End::Killed);
+    s_all.erase(std::remove(s_all.begin(), s_all.end(), this), s_all.end());
+}
+
+// In a new process, which would be short of descriptors where there are many others.
+void Child::dropOthers() noexcept {
+    for (Child* other : s_all) {
+        other->m_pipe.close();
+        other->m_capture.close();
+    }
+    s_all.clear();
 }
 
 bool Child::advance() {

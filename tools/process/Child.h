@@ -59,6 +59,7 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    static void dropOthers() noexcept;
     void takeAnswer();
     bool hasStalled();
     void end(Outcome::End end);
