@@ -1,5 +1,6 @@
 // What is left when somebody ends `tolvane`: nothing.
 #include "tests/tools/TolvaneRun.h"
+#include "tools/process/Child.h"
 #include "tools/process/Interruption.h"
 #include "tools/report/OutputFile.h"
 
@@ -109,9 +110,10 @@ TEST_P(Interrupted, EndsByTheSignalAndLeavesACleanLine) {
 TEST_F(Interrupted, ByCtrlCEndsAllRunsOfManyRigs) {
     const std::string other = folder.write("other.bvh", sampleBvh());
     OnTerminal tolvane({"run", rig(), other, rig(), "--jobs", "2", "--plugin", MISBEHAVING_LIBRARY},
-                       "sleeps writing");
+                       "starts-another-and-sleeps writing");
     tolvane.readTo("%");
-    EXPECT_TRUE(settleAt(5, other)) << "one, one for each job, and those of the libraries";
+    EXPECT_TRUE(settleAt(7, other))
+        << "one, one for each job, those of the libraries, and what these have started";
     tolvane.type('\3');
     EXPECT_THAT(tolvane.readTo("nothing of that kind"), testing::EndsWith("\r\033[K"));
     EXPECT_EQ(WTERMSIG(tolvane.wait()), SIGINT);
@@ -130,6 +132,31 @@ TEST_F(Interrupted, LeavesAFileThatIsBeingWrittenAsItWas) {
     }
     EXPECT_EQ(readFile(path), "<svg>former</svg>");
     EXPECT_EQ(folder.fileCount(), 1U);
+}
+
+TEST_F(Interrupted, EndsAChildThatNotesTheSignalByIt) {
+    const auto work = [](ChildSide&) {
+        const InterruptionGuard guard;
+        std::raise(SIGTERM);
+        throwIfInterrupted();
+        return std::string();
+    };
+    EXPECT_EQ(inWords(runInChild(work, Limits())), "is ended by signal 15");
+}
+
+TEST_F(Interrupted, EndsAChildThatIgnoresTheSignalAllTheSame) {
+    const auto ignoring = [&](ChildSide&) {
+        std::signal(SIGTERM, SIG_IGN);
+        folder.write("number", std::to_string(getpid()));
+        folder.write("is written", "");
+        while (true) sleep(1000);
+        return std::string();
+    };
+    {
+        const Child child(ignoring, Limits());
+        while (folder.fileCount() < 2) std::this_thread::sleep_for(1ms);
+    }
+    EXPECT_EQ(kill(std::stoi(readFile(folder.path("number"))), 0), -1);
 }
 
 TEST_F(Interrupted, TakesItsCourseWhereNobodyHasAskedForTheSignal) {

@@ -8,6 +8,7 @@
 #include "tools/node/NamedTypes.h"
 #include "tools/process/Child.h"
 #include "tools/process/FileDescriptor.h"
+#include "tools/process/Interruption.h"
 #include "tools/support/OneLine.h"
 
 #include <TavrikGraph/Executor/LoadError.h>
@@ -234,6 +235,7 @@ double timeOfFirstLoad(Trial& trial) {
         const TranslationLibrary library(trial.path());
         return std::to_string(std::chrono::duration<double>(steady_clock::now() - begin).count());
     };
+    const InterruptionGuard guard;
     const Outcome outcome = runInChild(load, trial.limits());
     return outcome.end == Outcome::End::Answered ? std::stod(outcome.answer) : -1;
 }

@@ -5,6 +5,7 @@
 #include "tools/check/Trial.h"
 #include "tools/node/GenerateData.h"
 #include "tools/process/Child.h"
+#include "tools/process/Interruption.h"
 #include "tools/support/Error.h"
 #include "tools/support/OneLine.h"
 
@@ -110,6 +111,7 @@ void underSanitizer(Trial& trial) {
         return std::string();
     };
     const auto goOn = [&] { trial.doing("reading and writing on several threads at once"); };
+    const InterruptionGuard guard;
     const Outcome outcome = runInChild(work, trial.limits(), [&](const Child&) { goOn(); });
     if (outcome.end == Outcome::End::Threw)
         trial.skip("it does not carry values on several threads, which other cases tell");

@@ -168,6 +168,7 @@ bool Runs::startNext() {
         return true;
     }
     const auto work = [&](ChildSide& self) {
+        const InterruptionGuard guard;
         return packed(rowOfRun(run.arguments, self), exchangeRow);
     };
     try {

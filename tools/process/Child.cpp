@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -21,6 +22,9 @@
 
 namespace Tolvane::Tools {
 namespace {
+
+// For one that has children of its own, and those a process group that nobody else knows.
+constexpr std::chrono::milliseconds kGrace(500);
 
 // Large, so that the two processes take turns less often. More than that may not be allowed.
 constexpr int kPipeSize = 1 << 20;
@@ -122,6 +126,12 @@ bool Child::hasStalled() {
 void Child::end(Outcome::End end) {
     m_outcome.end = end;
     m_isDecided = true;
+    if (m_ended) return;
+    kill(m_process, SIGTERM);
+    for (auto left = kGrace; !m_ended && left.count() > 0; --left) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        reap(WEXITED | WNOHANG);
+    }
     if (m_ended) return;
     kill(m_process, SIGKILL);
     reap(WEXITED);

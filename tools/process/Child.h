@@ -3,10 +3,13 @@
 //
 // The process is a fork of this one, so the work sees all that this one has in memory, as it was.
 // It has nothing to read on standard input, and its prints are kept apart. It leaves no core file,
-// and does not outlive this process, nor does whatever it starts in its process group. Its limits
-// come on top of what this process has already, so they mean the same where a sanitizer has
-// reserved terabytes, and are never above what this process may take itself. [one thread, and no
-// other may run]
+// and does not outlive this process. Whatever it starts in its process group ends with it, unless
+// it is this process that is killed. Work that has children of its own notes interruptions (see
+// Interruption.h), so that it ends them when it is ended itself.
+//
+// Its limits come on top of what this process has already, so they mean the same where a sanitizer
+// has reserved terabytes, and are never above what this process may take itself. [one thread, and
+// no other may run]
 //
 // No destructor of this process runs in the child, and nothing of its buffers is written twice.
 #pragma once
@@ -39,7 +42,7 @@ public:
     Child(const Work& work, const Limits& limits);
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
-    // Kills the process if it has not ended.
+    // Ends the process if it has not ended: by SIGTERM or, if it does not obey, by SIGKILL.
     ~Child();
 
     // Takes what has come from the process, and ends it if it has reached a limit. True once it has

@@ -108,6 +108,8 @@ void liveAsChild(const Work& work, const ChildSetting& setting) noexcept {
         send(setting.answer, AnswerHead::kAnswer, work(self));
     } catch (const Error& error) {
         send(setting.answer, AnswerHead::kError, messageOf(error));
+    } catch (const Interrupted& interrupted) {
+        endBy(interrupted.signal);
     } catch (const std::exception& exception) {
         noteException(exception);
     } catch (...) {

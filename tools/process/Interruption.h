@@ -11,7 +11,7 @@ struct Interrupted {
 
 // While a guard lives, such a signal does no more than to be noted, for `throwIfInterrupted` to
 // find. A signal that is ignored stays ignored. At the end of the guard a signal that nobody has
-// found takes its usual course. At most one guard may live at a time.
+// found takes its usual course. At most one guard may live at a time in a process.
 class InterruptionGuard {
 public:
     InterruptionGuard();

@@ -21,7 +21,12 @@ void fail(const std::string& how) {
     if (how == "crashes") std::raise(SIGSEGV);
     if (how == "computes")
         for (volatile bool forever = true; forever;) continue;
-    if (how == "sleeps")
+    // That one goes by itself where nobody ends it.
+    if (how == "starts-another-and-sleeps" && fork() == 0) {
+        sleep(60);
+        _exit(0);
+    }
+    if (how == "sleeps" || how == "starts-another-and-sleeps")
         while (true) sleep(1000);
     if (how == "throws") throw std::runtime_error("so much for that");
     if (how == "throws-a-number") throw 7;
