@@ -1,8 +1,10 @@
 // Where the system lets nobody have as many processes or files as there are jobs.
+#include "tests/tools/Sanitized.h"
 #include "tests/tools/TolvaneRun.h"
 #include "tools/process/Capture.h"
 #include "tools/support/Error.h"
 
+#include <exception>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -25,7 +27,7 @@ protected:
     }
 
     // With no more files open in each process.
-    TolvaneProcess runWithFew(rlim_t files, const std::vector<std::string>& arguments) const {
+    static TolvaneProcess runWithFew(rlim_t files, const std::vector<std::string>& arguments) {
         const TemporaryFolder prints;
         std::string command = "{ ulimit -S -n " + std::to_string(files) + "; exec " TOLVANE;
         for (const std::string& argument : arguments) command += " " + quoted(argument);
@@ -47,6 +49,7 @@ TEST_F(ScarceProcesses, MakeRunsOfManyRigsWaitForOthers) {
 }
 
 TEST_F(ScarceProcesses, GiveARowToEachRigWhereThereAreNone) {
+    if (kIsSanitized) GTEST_SKIP() << "a sanitizer needs files itself to look at what is read";
     std::vector<std::string> arguments = rigs(2);
     arguments.insert(arguments.begin(), {"run", "--json"});
     const TolvaneProcess process = runWithFew(5, arguments);
@@ -73,14 +76,20 @@ TEST_F(ScarceProcesses, AreNamedWhereNothingCanKeepWhatOnePrints) {
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &former), 0);
     const rlimit none{0, former.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-    std::string what;
+    std::exception_ptr thrown;
     try {
         const Tolvane::Tools::Capture capture;
-    } catch (const Tolvane::Tools::Error& error) {
-        what = error.what();
+    } catch (...) {
+        thrown = std::current_exception();
     }
     setrlimit(RLIMIT_NOFILE, &former);
-    EXPECT_EQ(what, "what another process prints cannot be kept: Too many open files");
+    ASSERT_TRUE(thrown);
+    try {
+        std::rethrow_exception(thrown);
+    } catch (const Tolvane::Tools::Error& error) {
+        EXPECT_STREQ(error.what(),
+                     "what another process prints cannot be kept: Too many open files");
+    }
 }
 
 }  // namespace
