@@ -54,7 +54,8 @@ TEST(Limits, OfMemoryAreWhatIsLeftToThisProcess) {
         const auto left = std::stoull(under(resource, used + 100 * kMiB, [] {
             return std::to_string(withinInherited({}).memory);
         }));
-        EXPECT_LE(left, 100 * kMiB);
+        // Some of it may be taken or given back meanwhile.
+        EXPECT_LT(left, 120 * kMiB);
         EXPECT_GT(left, 80 * kMiB);
     }
 }
