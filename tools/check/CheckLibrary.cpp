@@ -3,13 +3,13 @@
 #include "tools/check/EditedNode.h"
 #include "tools/check/Passage.h"
 #include "tools/process/Child.h"
+#include "tools/process/Message.h"
 #include "tools/support/Error.h"
 
 #include <algorithm>
 #include <chrono>
 #include <memory>
 #include <optional>
-#include <sstream>
 
 namespace Tolvane::Tools {
 namespace {
@@ -72,32 +72,38 @@ bool isOnlyRead(Trial& trial, const Pelmor::Type& type) {
            messages.all().empty() && !passage.isOutputClean();
 }
 
-// As lines: a mark, and the name of a type.
-std::string surveyed(Trial& trial) {
-    std::string lines;
+constexpr auto exchangeSurvey = [](auto& message, auto& survey) {
+    constexpr std::size_t kMostTypes = 1'000'000;
+    message.list(survey.carried, kMostTypes, [&](auto& each) {
+        message.text(each.name);
+        message.flag(each.isOnlyRead);
+    });
+};
+
+std::string surveyInMessage(Trial& trial) {
+    Survey survey;
     for (const Pelmor::Type& type : trial.carried()) {
-        bool isMarked = false;
-        trial.isTried([&] { isMarked = isOnlyRead(trial, type); });
-        lines += (isMarked ? "-" : "+") + nameOf(type) + "\n";
+        Survey::Carried& each = survey.carried.emplace_back();
+        each.name = nameOf(type);
+        trial.isTried([&] { each.isOnlyRead = isOnlyRead(trial, type); });
     }
-    return lines;
+    return packed(survey, exchangeSurvey);
 }
 
 Survey surveyOf(const CheckSetting& setting) {
     const Outcome outcome = runInChild(
         [&setting](ChildSide& process) {
             Trial trial(setting, process);
-            return surveyed(trial);
+            return surveyInMessage(trial);
         },
         setting.limits);
-    Survey survey;
-    if (outcome.end != Outcome::End::Answered) return survey;
-    std::istringstream lines(outcome.answer);
-    for (std::string line; std::getline(lines, line);) {
-        survey.carried.push_back(line.substr(1));
-        if (line[0] == '-') survey.onlyRead.insert(line.substr(1));
+    if (outcome.end != Outcome::End::Answered) return {};
+    try {
+        return unpacked<Survey>(outcome.answer, exchangeSurvey);
+    } catch (const BadMessage&) {
+        // As if the process had not survived.
+        return {};
     }
-    return survey;
 }
 
 // Nothing where there is no room for its process beside `others` that run: there will be later.

@@ -57,8 +57,9 @@ void Passage::mustWrite(const Pelmor::AnyValue& value) {
 }
 
 void Passage::skipIfOnlyRead() const {
-    if (m_trial.survey().onlyRead.count(nameOf(m_type)) > 0)
-        m_trial.skip(nameOf(m_type) + " is read from the host, and not written to it");
+    for (const Survey::Carried& each : m_trial.survey().carried)
+        if (each.isOnlyRead && each.name == nameOf(m_type))
+            m_trial.skip(each.name + " is read from the host, and not written to it");
 }
 
 Pelmor::AnyValue Passage::fillAndRead(const Content& content) {

@@ -21,8 +21,8 @@ namespace {
 // In this process the library has not been used, if it has told its types in another one.
 std::vector<Pelmor::Type> carriedWithoutUse(Trial& trial) {
     std::vector<Pelmor::Type> types;
-    for (const std::string& name : trial.survey().carried)
-        types.push_back(trial.types().getType(name.c_str()));
+    for (const Survey::Carried& each : trial.survey().carried)
+        types.push_back(trial.types().getType(each.name.c_str()));
     return types.empty() ? trial.carried() : types;
 }
 

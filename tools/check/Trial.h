@@ -13,7 +13,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -40,10 +39,14 @@ struct CheckSetting {
 // What a use of the library in a process of its own has told beforehand; nothing if it did not
 // survive that.
 struct Survey {
-    // The names of the types that it carries and the graph knows.
-    std::vector<std::string> carried = {};
-    // Of these, the ones whose values it reads and does not offer to write.
-    std::set<std::string> onlyRead = {};
+    struct Carried {
+        std::string name;
+        // Whether it reads the values and does not offer to write them.
+        bool isOnlyRead = false;
+    };
+
+    // The types that it carries and the graph knows.
+    std::vector<Carried> carried = {};
 };
 
 class Trial {

@@ -3,7 +3,6 @@
 namespace Tolvane::Tools {
 
 void HostMessages::add(const std::string& text, std::size_t times) {
-    m_times += times;
     const auto known = m_places.find(text);
     if (known != m_places.end()) {
         m_kept[known->second].times += times;
@@ -17,8 +16,13 @@ void HostMessages::add(const std::string& text, std::size_t times) {
 
 void HostMessages::add(const HostMessages& more) {
     for (const Message& message : more.m_kept) add(message.text, message.times);
-    m_times += more.m_timesOfOthers;
     m_timesOfOthers += more.m_timesOfOthers;
+}
+
+std::size_t HostMessages::times() const noexcept {
+    std::size_t times = m_timesOfOthers;
+    for (const Message& message : m_kept) times += message.times;
+    return times;
 }
 
 }  // namespace Tolvane::Tools

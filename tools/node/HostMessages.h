@@ -27,14 +27,13 @@ public:
     // How often others were displayed.
     std::size_t timesOfOthers() const noexcept { return m_timesOfOthers; }
     // How often any was.
-    std::size_t times() const noexcept { return m_times; }
+    std::size_t times() const noexcept;
 
 private:
     std::vector<Message> m_kept;
     // Where each is in the list.
     std::map<std::string, std::size_t> m_places;
     std::size_t m_timesOfOthers = 0;
-    std::size_t m_times = 0;
 };
 
 }  // namespace Tolvane::Tools
