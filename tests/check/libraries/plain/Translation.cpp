@@ -60,8 +60,10 @@ std::string nameOf(const HostContext& context) { return context.plug->name().asC
 std::size_t countListed() {
     static std::atomic<bool> isBegun{false};
     static std::atomic<std::size_t> listed{0};
+    // For so long that another thread comes in between, however busy the machine is.
     if (!isBegun.exchange(true))
-        for (std::size_t i = 0; i < kCarriedTypes.size(); ++i, ++listed) dawdle();
+        for (std::size_t i = 0; i < kCarriedTypes.size(); ++i, ++listed)
+            for (int time = 0; time < 25; ++time) dawdle();
     return listed;
 }
 
